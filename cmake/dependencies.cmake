@@ -1,0 +1,33 @@
+# The libraries we link, each under one name of ours, whatever the machine calls it. They come from tools/bootstrap
+# (cross build), from Debian's -dev packages (native build), or from MSYS2 or vcpkg (on Windows).
+find_package(PkgConfig REQUIRED)
+
+function(movacore_library name target)
+  add_library(movacore_${name} INTERFACE)
+  target_link_libraries(movacore_${name} INTERFACE ${target})
+  add_library(movacore::${name} ALIAS movacore_${name})
+endfunction()
+
+function(movacore_pkg_config_library name module)
+  pkg_check_modules(movacore_pc_${name} REQUIRED IMPORTED_TARGET GLOBAL ${module})
+  movacore_library(${name} PkgConfig::movacore_pc_${name})
+endfunction()
+
+# Regular expressions. Some builds of it describe themselves for CMake, others for pkg-config only.
+find_package(oniguruma CONFIG QUIET)
+if(oniguruma_FOUND)
+  movacore_library(onig oniguruma::onig)
+else()
+  movacore_pkg_config_library(onig oniguruma)
+  if(MINGW)
+    target_compile_definitions(movacore_onig INTERFACE ONIG_STATIC)
+  endif()
+endif()
+
+# Big integers and floating numbers of any precision.
+movacore_pkg_config_library(gmp gmp)
+movacore_pkg_config_library(mpfr mpfr)
+target_link_libraries(movacore_mpfr INTERFACE movacore_gmp)
+
+# Only the tests need it.
+find_package(GTest QUIET)

@@ -1,0 +1,8 @@
+# Rooms that only compute and know nothing of Windows: besides the engine, they are compiled natively for the unit
+# tests and the fuzz targets. All of src/text belongs to them; any other room is named here, one file per line.
+set(MOVACORE_PURE_ROOMS
+)
+
+file(GLOB movacoreTextRooms CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/text/*.cpp)
+list(TRANSFORM MOVACORE_PURE_ROOMS PREPEND ${PROJECT_SOURCE_DIR}/)
+list(APPEND MOVACORE_PURE_ROOMS ${movacoreTextRooms})
