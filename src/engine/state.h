@@ -1,0 +1,193 @@
+// The state of the engine: one record per thread that runs commands, one for the whole process.
+//
+// Everything that outlives a call lives in TLS_VARIABLES (per thread, no locks needed), in aGlobals, or in
+// the settings (inifile.h); there are no other mutable statics. Fetch Tls() once per line, not per
+// character. Frames are reached by index only: the array moves when a batch file starts.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "engine/export.h"
+#include "text/cstring.h"
+#include "text/syntax.h"
+
+// ON handler commands of a frame, in the order in which they are kept.
+enum class OnEvent {
+    Break,
+    Close,
+    Logoff,
+    Shutdown,
+    LButton,
+    MButton,
+    RButton,
+    DblClick,
+    Error,
+    ErrorMsg,
+    ErrorLevel,
+    Condition,
+    Resume,
+    Suspend,
+    Count
+};
+
+namespace frame_flags {
+constexpr unsigned noFile = 1; // the frame has no file of its own
+constexpr unsigned packed = 2; // the text came from a packed or zipped file and stays in memory
+constexpr unsigned keyed = 4;  // the packed file was of the keyed form
+constexpr unsigned utf16 = 8;
+constexpr unsigned utf8 = 16;
+constexpr unsigned callsAlways = 32; // starting another batch file from here does not end this frame
+constexpr unsigned pipeErrors = 64;  // "&| ": the pipe of this line carries standard error too
+constexpr unsigned nestedChain = 0x100;
+} // namespace frame_flags
+
+// Start mode of the next batch file, set by the command that starts it.
+namespace batch_start {
+constexpr unsigned call = 1;
+constexpr unsigned otherEngine = 0x200;
+constexpr unsigned callLabel = 0x800;
+} // namespace batch_start
+
+constexpr std::intptr_t batchFileClosed = -1;
+constexpr std::intptr_t batchFileInMemory = 0x7FFF;
+constexpr int maximumBatchFrames = 100;
+
+// A running batch file.
+struct BATCH_FRAME {
+    CString fileName;                     // full name
+    CString argumentText;                 // the command tail the file was started with
+    std::vector<CString> arguments;       // entry 0 is %0 as invoked
+    std::intptr_t file = batchFileClosed; // handle, batchFileClosed or batchFileInMemory
+    unsigned shiftCount = 0;
+    std::int64_t readOffset = 0; // byte offset of the next line; negative: ends before its next line
+    unsigned lineNumber = 0;     // lines read so far
+    CString tracedLine;
+    int subroutineDepth = 0;
+    CString parameterNames;
+    std::vector<CString> labels;       // at most 32, innermost last
+    std::vector<unsigned> callerLines; // beside labels
+    bool echo = true;
+    CString onCommands[static_cast<int>(OnEvent::Count)];
+    unsigned savedErrorMode = 0;
+    CString savedTitle;
+    std::shared_ptr<std::vector<char>> memoryText; // whole file, ended by one Ctrl-Z unit
+    unsigned flags = 0;
+    unsigned exitCode = 0;
+    unsigned returnValue = 0;
+    std::vector<struct LocalEnvironment> localEnvironments; // one per open SETLOCAL, innermost last
+    std::vector<CString> savedVariables;                    // "name=value" kept by LOCAL
+    CString deferred;                                       // commands parted by line feeds
+    std::vector<char> readAhead;                            // block of the file from readAheadOffset on
+    std::int64_t readAheadOffset = -1;
+
+    BATCH_FRAME();
+    BATCH_FRAME(BATCH_FRAME&&) noexcept;
+    BATCH_FRAME& operator=(BATCH_FRAME&&) noexcept;
+    ~BATCH_FRAME();
+
+    bool EndsInCmd() const; // .BAT or .CMD: everyday batch syntax applies
+};
+
+// What SETLOCAL keeps and ENDLOCAL puts back.
+struct LocalEnvironment {
+    std::vector<CString> variables; // "name=value"
+    CString directory;
+    CString aliases; // packed local alias list, when aliases were kept
+    bool keepsAliases = false;
+    bool delayedExpansion = false;
+    bool extensions = true;
+    Syntax syntax;
+};
+
+// Bits of the expansion-disable mask (SETDOS /X).
+namespace expansion_mask {
+constexpr unsigned noAliases = 1;
+constexpr unsigned noNestedAliases = 2;
+constexpr unsigned noPseudoVariables = 4; // "%=" is left alone
+constexpr unsigned valuesNotRescanned = 8;
+constexpr unsigned endLocal = 16;      // set while ENDLOCAL is expanded
+constexpr unsigned noRedirection = 32; // redirection and pipes
+constexpr unsigned noBracketRule = 64; // of the regular-expression functions
+constexpr unsigned noEscapes = 128;
+constexpr unsigned resultsNotRescanned = 512; // of variable functions
+} // namespace expansion_mask
+
+// The block state word: how deep the open IFF blocks are, which are skipped, and DO.
+struct BlockState {
+    std::uint8_t iffNesting = 0;
+    std::uint8_t iffSkipped = 0; // levels, from the innermost outward, whose branch is skipped
+    std::uint32_t iffTaken = 0;  // bit per level (level & 31): a branch of it has already run
+    std::uint8_t doRunning = 0;
+};
+
+// Per-thread state.
+struct TLS_VARIABLES {
+    int errorLevel = 0;           // %? and ERRORLEVEL
+    int lastInternalResult = 0;   // %_?
+    unsigned lastSystemError = 0; // %_syserr
+    CString commandName;          // the internal command that runs
+    bool aliasBypass = false;     // "*name": no alias, no library function
+    bool typedLine = false;       // the line came from the prompt
+    bool pipeChild = false;       // this shell is the right side of a pipe
+    BlockState blocks;
+    std::vector<BATCH_FRAME> frames;
+    int batchIndex = -1;         // current frame, -1 outside batch files
+    int batchFloor = -1;         // frames at or below belong to an outer invocation
+    unsigned batchStartMode = 0; // batch_start bits for the next batch file
+    bool labelMissing = false;
+    int subroutineResult = 0;
+    unsigned debuggerCommand = 0;
+    int expansionDepth = 0;
+    int unknownCommandDepth = 0;
+    int associationDepth = 0;
+    int lineDepth = 0; // nesting of Command_S
+    bool signalsHeld = false;
+    bool breakPending = false;
+    bool breakHappened = false;
+    bool protectedOperation = false; // an operation that a break must not cut
+    void* runningProcesses[2] = {};  // handles of the children started for the current command
+
+    BATCH_FRAME* Frame() { return batchIndex < 0 ? nullptr : &frames[static_cast<std::size_t>(batchIndex)]; }
+};
+
+MOVA_EXPORT TLS_VARIABLES* GetTLSVariables();
+inline TLS_VARIABLES& Tls() { return *GetTLSVariables(); }
+
+// Engine-wide state. Copied as bytes to the child of a pipe; owners of memory stay outside.
+struct GLOBAL_VARIABLES {
+    unsigned expansionMask = 0;        // expansion_mask bits
+    std::int32_t echo = 1;             // interactive echo state
+    std::int32_t delayedExpansion = 0; // working switch; SETLOCAL and SETDOS change it
+    std::int32_t cmdExtensions = 1;
+    std::int32_t transient = 0;  // started with /C
+    std::int32_t localLists = 0; // start options: bit 0 alias, 1 function, 2 history, 3 directory history
+    std::int32_t noInheritance = 0;
+    std::int32_t secondary = 0;     // settings were inherited from a parent shell
+    std::int32_t alwaysWait = 0;    // wait for windowed programs too
+    std::int32_t unicodeOutput = 0; // /U: pipes and files get UTF-16
+    std::int32_t exitRequested = 0; // EXIT: the host's loop ends
+    std::int32_t exitCode = 0;
+    std::uint32_t ansiSequences = 0; // the console understands escape sequences
+    std::uint32_t startTicks = 0;
+};
+extern GLOBAL_VARIABLES aGlobals;
+
+// Engine-wide texts, never shared between processes.
+struct GlobalTexts {
+    CString executable; // full long name of the host program
+    CString startDirectory;
+    CString iniFile;                     // the INI file in use
+    CString previousDirectory;           // for "CD -"
+    CString substitutionLine;            // the line quick substitution edits: the previous typed one
+    CString lastArgument;                // %!
+    CString startCommand;                // the host's command line
+    std::vector<CString> directoryStack; // PUSHD, innermost last
+};
+extern GlobalTexts aTexts;
+
+// The syntax in force now: settings, SETDOS mask and the kind of the current batch file.
+Syntax CurrentSyntax();
+// Whether the exported interface may go on: the echo state that applies to the next line.
+bool QueryEcho();

@@ -1,0 +1,68 @@
+// Numbers of the texts in the language library.
+//
+// The shell's own error codes are 0x20000000 and up; the text of code c is resource c - 0x1FFFF448, that is
+// 3000 + n. `errors` holds codes for MVError, `message` resource numbers for LoadMessage. Every name here has
+// its text in english.rc (checked by a test), and no text stands anywhere else but help and reference.
+#pragma once
+
+constexpr unsigned MessageNumber(unsigned code) { return code - 0x1FFFF448u; }
+constexpr unsigned MessageCode(unsigned number) { return number + 0x1FFFF448u; }
+
+namespace errors {
+constexpr unsigned syntax = 0x20000000;              // 3000
+constexpr unsigned unknownCommand = 0x20000001;      // 3001
+constexpr unsigned unclosedQuote = 0x20000003;       // 3003
+constexpr unsigned invalidSwitch = 0x20000004;       // 3004
+constexpr unsigned missingArgument = 0x20000005;     // 3005
+constexpr unsigned invalidNumber = 0x20000006;       // 3006
+constexpr unsigned invalidDate = 0x20000007;         // 3007
+constexpr unsigned invalidTime = 0x20000008;         // 3008
+constexpr unsigned unbuiltCommand = 0x20000009;      // 3009
+constexpr unsigned unbuiltDialog = 0x2000000A;       // 3010
+constexpr unsigned unsupportedFunction = 0x2000000B; // 3011
+constexpr unsigned unknownFunction = 0x2000000C;     // 3012
+constexpr unsigned aliasLoop = 0x2000000F;           // 3015
+constexpr unsigned variableLoop = 0x20000010;        // 3016
+constexpr unsigned unknownCommandLoop = 0x20000011;  // 3017
+constexpr unsigned associationLoop = 0x20000012;     // 3018
+constexpr unsigned notAnAlias = 0x20000013;          // 3019
+constexpr unsigned notInEnvironment = 0x20000014;    // 3020
+constexpr unsigned listFileLine = 0x20000015;        // 3021
+constexpr unsigned labelNotFound = 0x20000017;       // 3023
+constexpr unsigned aliasListFull = 0x20000019;       // 3025
+constexpr unsigned batchOnly = 0x2000001C;           // 3028
+constexpr unsigned cannotOpenBatchFile = 0x2000001D; // 3029
+constexpr unsigned batchNesting = 0x2000001E;        // 3030
+constexpr unsigned packedFileCheck = 0x2000001F;     // 3031
+constexpr unsigned localNesting = 0x20000020;        // 3032
+constexpr unsigned noLocal = 0x20000021;             // 3033
+constexpr unsigned noGosub = 0x20000022;             // 3034
+constexpr unsigned unfinishedBlock = 0x20000026;     // 3038
+constexpr unsigned missingParenthesis = 0x20000026;  // 3038 too: the evaluator's ")"
+constexpr unsigned divisionByZero = 0x2000002A;      // 3042
+constexpr unsigned noFunctionList = 0x20000031;      // 3049
+constexpr unsigned notAFunction = 0x20000032;        // 3050
+constexpr unsigned functionListFull = 0x20000045;    // 3069
+constexpr unsigned directoryStackEmpty = 0x20000046; // 3070
+constexpr unsigned directoryStackFull = 0x20000047;  // 3071
+constexpr unsigned invalidColor = 0x20000048;        // 3072
+constexpr unsigned notAnArray = 0x20000051;          // 3081
+constexpr unsigned arrayTableFull = 0x20000052;      // 3082
+constexpr unsigned arrayIndex = 0x20000053;          // 3083
+constexpr unsigned tooManyCommands = 0x20000055;     // 3085
+constexpr unsigned iniLine = 0x20000056;             // 3086
+} // namespace errors
+
+namespace message {
+constexpr unsigned copyright = 3300;
+constexpr unsigned version = 3301;
+constexpr unsigned usage = 3302;
+constexpr unsigned removableDisk = 3342;
+constexpr unsigned zoneWarning = 3368;
+constexpr unsigned confirm = 3394;
+constexpr unsigned loadbtmState = 3540;
+constexpr unsigned more = 3542;
+constexpr unsigned pressKey = 3543;
+constexpr unsigned on = 3544;
+constexpr unsigned off = 3545;
+} // namespace message
