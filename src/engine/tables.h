@@ -28,8 +28,8 @@ namespace command_flags {
 constexpr unsigned expand = 0x1;   // variables are expanded before it runs
 constexpr unsigned redirect = 0x2; // redirection is applied
 constexpr unsigned stripBackQuotes = 0x4;
-constexpr unsigned block = 0x10;    // may end with "(" and go on over the following lines
-constexpr unsigned keepText = 0x20; // holds text for a later line: not unescaped on the way
+constexpr unsigned block = 0x10;       // may end with "(" and go on over the following lines
+constexpr unsigned splitterBit = 0x20; // passed to the argument splitter; nothing tests it
 constexpr unsigned batchOnly = 0x40;
 constexpr unsigned setsErrorLevel = 0x100;
 constexpr unsigned backslash = 0x200; // a "\" directly after the name still finds it
@@ -38,6 +38,9 @@ constexpr unsigned help = 0x2000;     // "/?" shows help
 constexpr unsigned period = 0x4000;   // a "." directly after the name still finds it
 constexpr unsigned dialog = 0x80000;  // has a dialog form
 constexpr unsigned basic = 0x200000;  // member of the basic command set
+// Holds text for a later line (CALL, ALIAS, DEFER ...): escape sequences are left for that line. Ours alone;
+// queries about a row's flags do not show it. Commands without `expand` keep their text anyway.
+constexpr unsigned keepText = 0x1000000;
 } // namespace command_flags
 
 struct BUILTIN {

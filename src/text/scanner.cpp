@@ -1,5 +1,7 @@
 #include "text/scanner.h"
 
+#include "text/block_scanner.h"
+
 namespace {
 
 constexpr std::size_t npos = std::u16string_view::npos;
@@ -68,7 +70,7 @@ std::size_t scan(std::u16string_view text, std::u16string_view targets, std::u16
         }
         std::size_t behind;
         if (IsBracket(unit)) {
-            behind = FindClosing(text, at, quoting, syntax);
+            behind = unit == u'(' ? FindBlockEnd(text, at, syntax) : FindClosing(text, at, quoting, syntax);
             behind = behind == npos ? npos : behind + 1;
         } else {
             behind = PassQuote(text, at, syntax);
