@@ -61,7 +61,10 @@ struct BATCH_FRAME {
     std::vector<CString> arguments;       // entry 0 is %0 as invoked
     std::intptr_t file = batchFileClosed; // handle, batchFileClosed or batchFileInMemory
     unsigned shiftCount = 0;
-    std::int64_t readOffset = 0; // byte offset of the next line; negative: ends before its next line
+    std::int64_t readOffset = 0;  // byte offset of the next line; negative: ends before its next line
+    std::int64_t firstOffset = 0; // of the first line, behind a byte-order mark
+    bool encodingKnown = false;   // the flags utf16 and utf8 have been decided
+    unsigned serial = 0;          // tells frames apart that follow each other at one index
     unsigned lineNumber = 0;     // lines read so far
     CString tracedLine;
     int subroutineDepth = 0;
@@ -136,6 +139,7 @@ struct TLS_VARIABLES {
     int batchIndex = -1;         // current frame, -1 outside batch files
     int batchFloor = -1;         // frames at or below belong to an outer invocation
     unsigned batchStartMode = 0; // batch_start bits for the next batch file
+    unsigned batchSerial = 0;    // of the frame started last
     bool labelMissing = false;
     int subroutineResult = 0;
     unsigned debuggerCommand = 0;

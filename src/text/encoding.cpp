@@ -51,7 +51,48 @@ void AppendUtf8(std::string& out, char32_t point)
     }
 }
 
+// Mostly units with an empty high byte and none that is wholly empty: Latin text written in UTF-16.
+bool LooksLikeUtf16(std::string_view block) noexcept
+{
+    const std::size_t units = (block.size() < 512 ? block.size() : 512) / 2;
+    std::size_t narrow = 0;
+    for (std::size_t i = 0; i < units; ++i) {
+        if (block[2 * i] == 0)
+            return false;
+        narrow += block[2 * i + 1] == 0 ? 1 : 0;
+    }
+    return units > 0 && block.size() % 2 == 0 && narrow * 2 > units;
+}
+
+std::string_view WithoutCutSequence(std::string_view block) noexcept
+{
+    std::size_t whole = block.size();
+    for (int back = 0; back < 3 && whole > 0; ++back) {
+        const auto byte = static_cast<unsigned char>(block[--whole]);
+        if (byte >= 0xC0)
+            return block.substr(0, whole);
+        if (byte < 0x80)
+            break;
+    }
+    return block;
+}
+
 } // namespace
+
+RecognisedEncoding RecogniseEncoding(std::string_view block) noexcept
+{
+    if (block.starts_with("\xFF\xFE"))
+        return {TextEncoding::Utf16, 2};
+    if (block.starts_with("\xEF\xBB\xBF"))
+        return {TextEncoding::Utf8, 3};
+    if (LooksLikeUtf16(block))
+        return {TextEncoding::Utf16, 0};
+    bool ascii = true;
+    for (const char byte : block)
+        ascii = ascii && static_cast<unsigned char>(byte) < 0x80;
+    const bool utf8 = !ascii && (IsValidUtf8(block) || IsValidUtf8(WithoutCutSequence(block)));
+    return {utf8 ? TextEncoding::Utf8 : TextEncoding::CodePage, 0};
+}
 
 bool IsValidUtf8(std::string_view bytes) noexcept
 {
