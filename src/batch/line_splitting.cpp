@@ -6,7 +6,10 @@ constexpr unsigned ctrlZ = 26;
 
 struct NarrowUnits {
     static constexpr std::size_t size = 1;
-    static unsigned At(const char* bytes, std::size_t index) { return static_cast<unsigned char>(bytes[index]); }
+    static unsigned At(const char* bytes, std::size_t index)
+    {
+        return static_cast<unsigned char>(bytes[index]);
+    }
 };
 
 struct WideUnits {
@@ -59,5 +62,6 @@ template <typename Units> SplitLine Split(std::string_view block, LineEnds ends,
 
 SplitLine SplitFirstLine(std::string_view block, std::size_t unitSize, LineEnds ends, bool lastBlock) noexcept
 {
-    return unitSize == 2 ? Split<WideUnits>(block, ends, lastBlock) : Split<NarrowUnits>(block, ends, lastBlock);
+    return unitSize == 2 ? Split<WideUnits>(block, ends, lastBlock)
+                         : Split<NarrowUnits>(block, ends, lastBlock);
 }

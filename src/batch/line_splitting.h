@@ -21,4 +21,5 @@ struct SplitLine {
 
 // The line at the start of `block`. `unitSize` is 2 for UTF-16, else 1; Ctrl-Z ends the text and is never
 // consumed. `lastBlock` tells that nothing follows the block; an odd byte at the end of UTF-16 is dropped.
-SplitLine SplitFirstLine(std::string_view block, std::size_t unitSize, LineEnds ends, bool lastBlock) noexcept;
+SplitLine SplitFirstLine(std::string_view block, std::size_t unitSize, LineEnds ends,
+                         bool lastBlock) noexcept;

@@ -5,7 +5,4 @@
 
 const CommandHelp unbuiltHelp = {u"Not available yet.", u"", u"", u""};
 
-int Unbuilt_Command(CString&)
-{
-    return MVError(errors::unbuiltCommand, Tls().commandName);
-}
+int Unbuilt_Command(CString&) { return MVError(errors::unbuiltCommand, Tls().commandName); }

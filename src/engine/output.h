@@ -18,3 +18,8 @@ template <typename... Arguments> bool PrintFormat(std::u16string_view pattern, c
 {
     return Print(Format(pattern, arguments...));
 }
+
+// Whether standard handle `number` (0 input, 1 output, 2 error) leads to a console; the answer is kept until
+// the handle changes or ForgetHandleKinds is called, which whoever closes a standard handle must do.
+bool IsConsole(int number);
+void ForgetHandleKinds();

@@ -65,7 +65,7 @@ struct BATCH_FRAME {
     std::int64_t firstOffset = 0; // of the first line, behind a byte-order mark
     bool encodingKnown = false;   // the flags utf16 and utf8 have been decided
     unsigned serial = 0;          // tells frames apart that follow each other at one index
-    unsigned lineNumber = 0;     // lines read so far
+    unsigned lineNumber = 0;      // lines read so far
     CString tracedLine;
     int subroutineDepth = 0;
     CString parameterNames;
@@ -125,6 +125,12 @@ struct BlockState {
     std::uint8_t doRunning = 0;
 };
 
+// What a standard handle was last seen to lead to.
+struct StandardHandleKind {
+    void* handle = nullptr;
+    int kind = 0;
+};
+
 // Per-thread state.
 struct TLS_VARIABLES {
     int errorLevel = 0;           // %? and ERRORLEVEL
@@ -151,7 +157,8 @@ struct TLS_VARIABLES {
     bool breakPending = false;
     bool breakHappened = false;
     bool protectedOperation = false; // an operation that a break must not cut
-    void* runningProcesses[2] = {};  // handles of the children started for the current command
+    StandardHandleKind handleKinds[3];
+    void* runningProcesses[2] = {}; // handles of the children started for the current command
 
     BATCH_FRAME* Frame() { return batchIndex < 0 ? nullptr : &frames[static_cast<std::size_t>(batchIndex)]; }
 };

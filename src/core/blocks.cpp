@@ -1,0 +1,65 @@
+#include "core/blocks.h"
+
+#include "engine/batch_entry.h"
+#include "engine/command_entry.h"
+#include "engine/console_entry.h"
+#include "engine/state.h"
+#include "platform/environment.h"
+#include "text/block_scanner.h"
+
+namespace {
+
+CString ContinuationPrompt()
+{
+    CString pattern;
+    if (GetEnvironment(u"PROMPT2", pattern))
+        return ExpandPrompt(pattern);
+    return LoadMessage(message::more);
+}
+
+} // namespace
+
+bool ReadFollowingLine(CString& line)
+{
+    if (Tls().Frame())
+        return ReadBatchLine(line);
+    if (!Tls().typedLine)
+        return false;
+    if (!ReadConsoleLine(line, ContinuationPrompt()))
+        return false;
+    AddToHistory(line);
+    return true;
+}
+
+bool EndsInEscape(std::u16string_view text, const Syntax& syntax)
+{
+    std::size_t count = 0;
+    while (count < text.size() && text[text.size() - 1 - count] == syntax.escapeChar)
+        ++count;
+    return syntax.escapes && count % 2 == 1;
+}
+
+int CompleteBlock(CString& text, bool forSet)
+{
+    const Syntax syntax = CurrentSyntax();
+    BlockScanner scanner(syntax);
+    auto unfinished = [&] {
+        while (scanner.Feed(text) != CString::npos) {
+        }
+        return scanner.InBlock();
+    };
+    CString line;
+    while (unfinished() || forSet) {
+        forSet = false;
+        if (!ReadFollowingLine(line))
+            return MVError(errors::unfinishedBlock), result::abandonBatch;
+        while (EndsInEscape(line, syntax)) {
+            CString next;
+            if (!ReadFollowingLine(next))
+                break;
+            line.Truncate(line.size() - 1).Append(next);
+        }
+        text.Append(u'\n').Append(line);
+    }
+    return result::success;
+}

@@ -1,0 +1,80 @@
+#include <windows.h>
+
+#include "engine/inifile.h"
+#include "engine/output.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "lang/messages.h"
+#include "text/format.h"
+
+namespace {
+
+constexpr unsigned firstOwnCode = 0x20000000u;
+constexpr unsigned lastOwnCode = 0x3FFFFFFFu;
+
+bool IsOwnCode(unsigned code) { return code >= firstOwnCode && code <= lastOwnCode; }
+
+CString SystemText(unsigned code)
+{
+    const DWORD english = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+    const DWORD flags = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
+    CString text;
+    constexpr DWORD longest = 4096;
+    auto fetch = [&](DWORD language) {
+        return FormatMessageW(flags, nullptr, code, language, reinterpret_cast<wchar_t*>(text.Edit(longest)),
+                              longest, nullptr);
+    };
+    DWORD length = aIniFile.EnglishMessages ? fetch(english) : 0;
+    if (length == 0)
+        length = fetch(0);
+    text.SetLength(length);
+    if (length == 0)
+        text = Format(u"Error %u", code);
+    return text.TrimRight(u" \r\n");
+}
+
+// Puts the argument where the text asks for it, else behind it.
+CString WithArgument(CString text, std::u16string_view argument)
+{
+    const std::size_t place = text.Find(u"%1");
+    if (place != CString::npos)
+        return text.Replace(place, 2, argument);
+    if (argument.empty())
+        return text;
+    return argument.front() == u'"' ? Format(u"%s %s", text, argument) : Format(u"%s \"%s\"", text, argument);
+}
+
+constexpr unsigned debugShowsSystemCodes = 2; // bit of the Debug setting
+
+} // namespace
+
+CString ErrorText(unsigned code)
+{
+    return IsOwnCode(code) ? LoadMessage(MessageNumber(code)) : SystemText(code);
+}
+
+int MVError(unsigned code, std::u16string_view argument)
+{
+    if (static_cast<int>(code) < 1)
+        code = GetLastError();
+    if (!IsOwnCode(code))
+        Tls().lastSystemError = code;
+    CString line;
+    if ((static_cast<unsigned>(aIniFile.Debug) & debugShowsSystemCodes) != 0)
+        line = Format(u"ORV: %s", IsOwnCode(code) ? u"" : u"(Sys) ");
+    line.Append(WithArgument(ErrorText(code), argument));
+    if (line.back() != u'\n')
+        line.Append(u"\r\n");
+    PrintError(line);
+    return result::error;
+}
+
+int ErrorMsgBox(unsigned code, std::u16string_view argument) { return MVError(code, argument); }
+
+void honk() { PrintError(u"\a"); }
+
+int LookupWindowsErrors(unsigned number)
+{
+    PrintFormat(u"%u  %s\r\n", number, SystemText(number));
+    return result::success;
+}

@@ -1,0 +1,50 @@
+#include "engine/output.h"
+
+#include "engine/inifile.h"
+#include "engine/state.h"
+#include "platform/standard_handles.h"
+#include "platform/text_output.h"
+
+namespace {
+
+OutputEncoding CurrentEncoding()
+{
+    if (aIniFile.UnicodeOutput || aGlobals.unicodeOutput)
+        return OutputEncoding::Utf16;
+    return aIniFile.UTF8Output ? OutputEncoding::Utf8 : OutputEncoding::CodePage;
+}
+
+// Asking the console costs more than writing a line, so the answer is kept while the handle stands.
+HandleKind KindOf(int number, HANDLE handle)
+{
+    StandardHandleKind& known = Tls().handleKinds[number];
+    if (known.handle != handle) {
+        known.handle = handle;
+        known.kind = static_cast<int>(KindOfHandle(handle));
+    }
+    return static_cast<HandleKind>(known.kind);
+}
+
+bool Write(int number, std::u16string_view text)
+{
+    const HANDLE handle = StandardHandle(number);
+    if (KindOf(number, handle) == HandleKind::Console)
+        return WriteTextToConsole(handle, text);
+    return WriteTextToFile(handle, text, CurrentEncoding());
+}
+
+} // namespace
+
+bool Print(std::u16string_view text) { return Write(1, text); }
+
+bool PrintError(std::u16string_view text) { return Write(2, text); }
+
+bool PrintLine(std::u16string_view text) { return Print(Format(u"%s\r\n", text)); }
+
+bool IsConsole(int number) { return KindOf(number, StandardHandle(number)) == HandleKind::Console; }
+
+void ForgetHandleKinds()
+{
+    for (StandardHandleKind& known : Tls().handleKinds)
+        known = {};
+}

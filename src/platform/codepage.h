@@ -1,0 +1,15 @@
+// Converting between UTF-16 and the code pages of Windows.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "text/cstring.h"
+
+// The code page of redirected output and input: the console's when there is one, else the OEM page.
+unsigned OutputCodePage();
+unsigned InputCodePage();
+
+// Characters that the code page lacks become its default character.
+std::string ToCodePage(std::u16string_view text, unsigned codePage);
+CString FromCodePage(std::string_view bytes, unsigned codePage);
