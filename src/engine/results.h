@@ -43,3 +43,5 @@ void honk();
 int LookupWindowsErrors(unsigned number);
 // A resource text by its number (3000 and up), "" when the language library lacks it.
 CString LoadMessage(unsigned number);
+// The same with the argument in the place of "%1".
+CString LoadMessage(unsigned number, std::u16string_view argument);

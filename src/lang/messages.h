@@ -61,8 +61,12 @@ constexpr unsigned removableDisk = 3342;
 constexpr unsigned zoneWarning = 3368;
 constexpr unsigned confirm = 3394;
 constexpr unsigned loadbtmState = 3540;
+constexpr unsigned echoState = 3541;
 constexpr unsigned more = 3542;
 constexpr unsigned pressKey = 3543;
 constexpr unsigned on = 3544;
 constexpr unsigned off = 3545;
+constexpr unsigned noPath = 3546;
+constexpr unsigned unbuiltCount = 3547;
+constexpr unsigned windowsVersion = 3548;
 } // namespace message

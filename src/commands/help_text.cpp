@@ -1,0 +1,66 @@
+#include "commands/help_text.h"
+
+#include <algorithm>
+
+namespace {
+
+using std::size_t;
+constexpr size_t npos = std::u16string_view::npos;
+
+constexpr size_t narrowest = 20; // a console narrower than this gets its lines as they are
+
+// Where the words of a line hang: behind the first gap of two blanks ("/A  all"), else at the margin.
+size_t HangingIndent(std::u16string_view line, size_t margin)
+{
+    const size_t first = line.find_first_not_of(u' ');
+    const size_t gap = first == npos ? npos : line.find(u"  ", first);
+    const size_t word = gap == npos ? npos : line.find_first_not_of(u' ', gap);
+    return margin + (word == npos ? 0 : word);
+}
+
+void AppendWrapped(CString& text, std::u16string_view line, size_t margin, size_t width)
+{
+    size_t indent = margin;
+    const size_t hanging = HangingIndent(line, margin);
+    while (width >= narrowest && indent + line.size() > width) {
+        size_t cut = line.rfind(u' ', width - indent);
+        if (cut == npos || line.find_first_not_of(u' ') > cut)
+            break;
+        text.Append(CString(indent, u' ')).Append(line.substr(0, cut)).TrimRight(u" ").Append(u"\r\n");
+        line.remove_prefix(std::min(line.find_first_not_of(u' ', cut), line.size()));
+        indent = hanging < width / 2 ? hanging : margin;
+    }
+    text.Append(CString(indent, u' ')).Append(line).Append(u"\r\n");
+}
+
+void AppendLines(CString& text, std::u16string_view lines, size_t margin, size_t width)
+{
+    while (!lines.empty()) {
+        const size_t end = std::min(lines.find(u'\n'), lines.size());
+        AppendWrapped(text, lines.substr(0, end), margin, width);
+        lines.remove_prefix(std::min(end + 1, lines.size()));
+    }
+}
+
+void AppendSection(CString& text, std::u16string_view title, std::u16string_view lines, size_t width)
+{
+    if (lines.empty())
+        return;
+    text.Append(u"\r\n").Append(title).Append(u"\r\n");
+    AppendLines(text, lines, 2, width);
+}
+
+} // namespace
+
+CString HelpText(std::u16string_view names, const CommandHelp& help, int width)
+{
+    const size_t columns = width > 0 ? static_cast<size_t>(width) : 0;
+    CString text;
+    CString head(names);
+    head.Append(u": ").Append(help.summary);
+    AppendLines(text, head, 0, columns);
+    AppendSection(text, u"Usage", help.usage, columns);
+    AppendSection(text, u"Notes", help.switches, columns);
+    AppendSection(text, u"Examples", help.examples, columns);
+    return text;
+}

@@ -1,0 +1,8 @@
+// How a command's help looks: the layout of its summary, usage lines, switches and examples. Pure.
+#pragma once
+
+#include "engine/tables.h"
+
+// The whole help text, lines ended by "\r\n". `names` heads it: the command and what else it is called.
+// Lines are wrapped to `width` columns, with the words hanging below their own column; 0 leaves them whole.
+CString HelpText(std::u16string_view names, const CommandHelp& help, int width);
