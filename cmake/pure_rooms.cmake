@@ -1,6 +1,9 @@
 # Rooms that only compute and know nothing of Windows: besides the engine, they are compiled natively for the unit
 # tests and the fuzz targets. All of src/text belongs to them; any other room is named here, one file per line.
 set(MOVACORE_PURE_ROOMS
+  src/batch/labels.cpp
+  src/batch/line_splitting.cpp
+  src/batch/packed_text.cpp
 )
 
 file(GLOB movacoreTextRooms CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/text/*.cpp)

@@ -146,6 +146,7 @@ struct TLS_VARIABLES {
     int batchFloor = -1;         // frames at or below belong to an outer invocation
     unsigned batchStartMode = 0; // batch_start bits for the next batch file
     unsigned batchSerial = 0;    // of the frame started last
+    std::vector<LocalEnvironment> promptEnvironments; // SETLOCAL outside batch files
     bool labelMissing = false;
     int subroutineResult = 0;
     unsigned debuggerCommand = 0;

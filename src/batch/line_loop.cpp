@@ -1,0 +1,166 @@
+#include "batch/line_loop.h"
+
+#include <utility>
+
+#include "batch/batch_file.h"
+#include "batch/frames.h"
+#include "batch/label_search.h"
+#include "engine/batch_entry.h"
+#include "engine/break.h"
+#include "engine/command_entry.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "text/compare.h"
+#include "text/words.h"
+
+namespace {
+
+// False when a break cut the line short: it ends every batch file that runs.
+bool RunLineUnlessBroken(CString line, int& answer)
+{
+    try {
+        answer = Command_S(std::move(line), line_flags::batch);
+        return true;
+    } catch (const Break&) {
+        AbandonAllFrames();
+        return false;
+    }
+}
+
+// Whether a batch file that is started without CALL replaces the current one.
+bool CurrentFrameGivesWay(const TLS_VARIABLES& tls)
+{
+    return tls.batchIndex > tls.batchFloor &&
+           (tls.frames[static_cast<std::size_t>(tls.batchIndex)].flags & frame_flags::callsAlways) == 0;
+}
+
+// CALL of a label runs the caller's own file in a second frame: the open file and what was read ahead of it
+// change hands instead of being opened twice.
+void HandOverFile(BATCH_FRAME& from, BATCH_FRAME& to)
+{
+    if (from.file == batchFileClosed || !EqualNoCase(from.fileName, to.fileName))
+        return;
+    constexpr unsigned aboutText =
+        frame_flags::packed | frame_flags::keyed | frame_flags::utf16 | frame_flags::utf8;
+    to.flags |= from.flags & aboutText;
+    to.encodingKnown = from.encodingKnown;
+    to.firstOffset = from.firstOffset;
+    if (from.file == batchFileInMemory) {
+        to.memoryText = from.memoryText;
+        to.file = batchFileInMemory;
+    } else if (to.file == batchFileClosed) {
+        to.file = std::exchange(from.file, batchFileClosed);
+        to.readAhead = std::move(from.readAhead);
+        to.readAheadOffset = std::exchange(from.readAheadOffset, -1);
+    }
+}
+
+BATCH_FRAME* FrameBelow(TLS_VARIABLES& tls)
+{
+    return tls.batchIndex > 0 ? &tls.frames[static_cast<std::size_t>(tls.batchIndex) - 1] : nullptr;
+}
+
+// The arguments of `CALL :label a b` are the label, a and b; the label becomes %0.
+int StartAtLabel(TLS_VARIABLES& tls)
+{
+    BATCH_FRAME& frame = *tls.Frame();
+    if (BATCH_FRAME* caller = FrameBelow(tls)) {
+        HandOverFile(*caller, frame);
+        frame.readOffset = frame.firstOffset;
+    }
+    const CString text = frame.argumentText;
+    const int found = FindLabel(text, LabelSearch::Report);
+    if (found != result::success)
+        return found;
+    frame.argumentText = CString(TailFromArgument(text, 1, CurrentSyntax()));
+    if (frame.arguments.size() > 1)
+        frame.arguments.erase(frame.arguments.begin());
+    return result::success;
+}
+
+int PrepareFrame(TLS_VARIABLES& tls, unsigned mode)
+{
+    if (mode & batch_start::callLabel)
+        return StartAtLabel(tls);
+    if (EndsNoCase(tls.Frame()->fileName, u".btm"))
+        return LoadBatchIntoMemory();
+    return result::success;
+}
+
+// An exit code is any number; as a result it must not pass for one of the codes that end lines.
+int ResultOfExitCode(unsigned exitCode)
+{
+    const int code = static_cast<int>(exitCode);
+    const bool reserved = EndsLine(code) || code == result::returned || code == result::handled;
+    return reserved ? result::error : code;
+}
+
+// Runs the current frame, and whatever is chained in its place, to the end.
+int RunFrame(TLS_VARIABLES& tls)
+{
+    const int index = tls.batchIndex;
+    const int answer = BatchLineLoop();
+    if (EndsLine(answer))
+        return result::success;
+    return answer == 0 && tls.batchIndex == index ? ResultOfExitCode(tls.Frame()->exitCode) : answer;
+}
+
+} // namespace
+
+int BatchLineLoop()
+{
+    TLS_VARIABLES& tls = Tls();
+    const int index = tls.batchIndex;
+    int answer = result::success;
+    bool goesOn = index >= 0;
+    CString line;
+    // A chained file that could not start has taken this loop's frame away.
+    while (goesOn && tls.batchIndex >= index && tls.Frame()->readOffset >= 0) {
+        EnableSignals();
+        if (!OpenBatchFile())
+            answer = result::error;
+        else if (!ReadBatchLine(line))
+            answer = result::success;
+        else if (!RunLineUnlessBroken(std::move(line), answer))
+            answer = breakResult;
+        else if (answer != result::abandonBatch)
+            continue;
+        goesOn = false;
+    }
+    CloseBatchFile();
+    return goesOn ? result::success : answer;
+}
+
+int RunBatchFile(std::vector<CString> arguments, std::u16string_view invokedAs,
+                 std::u16string_view argumentText)
+{
+    TLS_VARIABLES& tls = Tls();
+    unsigned mode = std::exchange(tls.batchStartMode, 0u);
+    if (tls.batchIndex >= maximumBatchFrames - 1)
+        return MVError(errors::batchNesting, arguments.front());
+    // Made before the old frame ends: the texts may belong to it.
+    BATCH_FRAME frame = NewFrame(std::move(arguments), invokedAs, argumentText);
+    bool nestedChain = false;
+    if (mode == 0 && CurrentFrameGivesWay(tls)) {
+        nestedChain = (tls.Frame()->flags & frame_flags::nestedChain) != 0;
+        ExitBatchFile();
+    } else {
+        mode |= batch_start::call;
+    }
+    const BlockState callersBlocks = std::exchange(tls.blocks, BlockState());
+    PushFrame(std::move(frame));
+    const int index = tls.batchIndex;
+    int answer = PrepareFrame(tls, mode);
+    if (answer == result::success && mode == 0 && !nestedChain)
+        return result::abandonLine;
+    if (answer == result::success)
+        answer = RunFrame(tls);
+    if (tls.batchIndex == index) {
+        if (BATCH_FRAME* caller = FrameBelow(tls); caller && (mode & batch_start::callLabel) != 0)
+            HandOverFile(*tls.Frame(), *caller);
+        ExitBatchFile();
+    }
+    if (mode != 0)
+        tls.blocks = callersBlocks;
+    return answer;
+}
