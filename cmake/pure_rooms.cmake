@@ -5,6 +5,7 @@ set(MOVACORE_PURE_ROOMS
   src/batch/line_splitting.cpp
   src/batch/packed_text.cpp
   src/expand/packed_list.cpp
+  src/platform/process_line.cpp
 )
 
 file(GLOB movacoreTextRooms CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/text/*.cpp)

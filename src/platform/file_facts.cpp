@@ -1,0 +1,103 @@
+#include "platform/file_facts.h"
+
+#include "text/path_names.h"
+
+namespace {
+
+// Directories must leave room for a short name within the classic limit of 260.
+constexpr std::size_t classicLimit = 248;
+
+// Runs a Win32 question of the form length(room, buffer) until the answer fits.
+template <typename Question> CString ReadPath(Question question)
+{
+    CString path;
+    std::size_t room = 260;
+    for (int rounds = 0; rounds < 8; ++rounds) {
+        wchar_t* units = reinterpret_cast<wchar_t*>(path.Edit(room));
+        const DWORD length = question(static_cast<DWORD>(room), units);
+        if (length == 0)
+            break;
+        if (length < room) {
+            path.SetLength(length);
+            return path;
+        }
+        room = length + 1;
+    }
+    return CString();
+}
+
+} // namespace
+
+std::optional<FileFacts> ReadFileFacts(std::u16string_view name)
+{
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (!GetFileAttributesExW(SystemPath(name).w(), GetFileExInfoStandard, &data))
+        return std::nullopt;
+    FileFacts facts;
+    facts.attributes = data.dwFileAttributes;
+    facts.size = (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+    facts.written = data.ftLastWriteTime;
+    facts.accessed = data.ftLastAccessTime;
+    facts.created = data.ftCreationTime;
+    return facts;
+}
+
+std::optional<std::uint32_t> ReadFileAttributes(std::u16string_view name)
+{
+    const DWORD attributes = GetFileAttributesW(SystemPath(name).w());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return std::nullopt;
+    return attributes;
+}
+
+bool QueryIsFile(std::u16string_view name)
+{
+    const auto attributes = ReadFileAttributes(name);
+    return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) == 0 && !IsDeviceName(name);
+}
+
+bool QueryIsDirectory(std::u16string_view name)
+{
+    const auto attributes = ReadFileAttributes(name);
+    return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+CString FullPathName(std::u16string_view name)
+{
+    const CString given(name);
+    CString full = ReadPath(
+        [&](DWORD room, wchar_t* units) { return GetFullPathNameW(given.w(), room, units, nullptr); });
+    return full.empty() ? given : full;
+}
+
+CString LongPathName(std::u16string_view name)
+{
+    const CString given = SystemPath(name);
+    CString full =
+        ReadPath([&](DWORD room, wchar_t* units) { return GetLongPathNameW(given.w(), units, room); });
+    if (full.empty())
+        return CString(name);
+    if (full.view().starts_with(u"\\\\?\\UNC\\"))
+        full.Replace(0, 8, u"\\\\");
+    else if (full.view().starts_with(u"\\\\?\\"))
+        full.Erase(0, 4);
+    return full;
+}
+
+CString SystemPath(std::u16string_view name)
+{
+    const bool prefixed = name.starts_with(u"\\\\?\\") || name.starts_with(u"\\\\.\\");
+    if (prefixed || (name.size() < classicLimit && IsAbsolutePath(name)))
+        return CString(name);
+    CString full = FullPathName(name);
+    if (full.size() < classicLimit)
+        return CString(name);
+    if (full.view().starts_with(u"\\\\"))
+        return full.Replace(0, 2, u"\\\\?\\UNC\\");
+    return full.Insert(0, u"\\\\?\\");
+}
+
+CString CurrentDirectory()
+{
+    return ReadPath([](DWORD room, wchar_t* units) { return GetCurrentDirectoryW(room, units); });
+}

@@ -1,0 +1,43 @@
+// Asking the system about files by name: whether they exist, what they are, what their full names are.
+//
+// Names may be relative and longer than 260 characters; no question ever opens a box or waits for a disk to
+// be put in (the shell's error mode sees to that). A question that cannot be answered counts as "no".
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include <windows.h>
+
+#include "text/cstring.h"
+
+struct FileFacts {
+    std::uint32_t attributes = 0; // FILE_ATTRIBUTE_...
+    std::uint64_t size = 0;       // bytes
+    FILETIME written = {};
+    FILETIME accessed = {};
+    FILETIME created = {};
+
+    bool IsDirectory() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+};
+
+// Nothing when the file does not exist or may not be seen; the reason is the thread's last error.
+std::optional<FileFacts> ReadFileFacts(std::u16string_view name);
+// The attributes alone, which is cheaper.
+std::optional<std::uint32_t> ReadFileAttributes(std::u16string_view name);
+
+// A file that is there: neither a directory nor a device.
+bool QueryIsFile(std::u16string_view name);
+bool QueryIsDirectory(std::u16string_view name);
+
+// The full name by the current directory, "." and ".." resolved; the name itself when it cannot be resolved.
+CString FullPathName(std::u16string_view name);
+// The name as it is spelled on the disk, short components made long; the name itself when it does not exist.
+CString LongPathName(std::u16string_view name);
+// The form that the system's file functions take at any length: a full name of 248 units and more gets the
+// prefix "\\?\", anything shorter stays as it is. For calls only, never to be shown.
+CString SystemPath(std::u16string_view name);
+
+// The current directory, without a separator at its end unless it is a root.
+CString CurrentDirectory();

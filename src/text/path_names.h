@@ -1,0 +1,42 @@
+// Taking file names apart as text: nothing here asks whether a file exists.
+//
+// Both separators count ("\" and "/"), and a drive letter's colon parts like one. Names with the "\\?\"
+// prefix work too. Every floor uses these, so that commands, functions and the path search agree where a
+// file's name and its extension begin.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "text/cstring.h"
+
+constexpr bool IsPathSeparator(char16_t unit) noexcept { return unit == u'\\' || unit == u'/'; }
+
+// Where the last component begins: behind the last separator or the drive's colon.
+std::size_t FileNameStart(std::u16string_view path) noexcept;
+// Where the extension begins: the last period of the last component, or the end of the text. The names "."
+// and ".." have none.
+std::size_t ExtensionStart(std::u16string_view path) noexcept;
+
+// The folder with the separator or colon at its end; "" when there is none.
+std::u16string_view DirectoryPart(std::u16string_view path) noexcept;
+std::u16string_view FileNamePart(std::u16string_view path) noexcept;
+// With its period; "" when there is none.
+std::u16string_view ExtensionPart(std::u16string_view path) noexcept;
+
+// Whether it says more than a bare name: a folder or a drive.
+inline bool HasDirectory(std::u16string_view path) noexcept { return FileNameStart(path) > 0; }
+// "C:\..." and "\\..." : independent of the current directory and drive.
+bool IsAbsolutePath(std::u16string_view path) noexcept;
+// "*" or "?", the prefix "\\?\" aside.
+bool HasWildcards(std::u16string_view path) noexcept;
+
+// `name` in `directory`, with one separator between them; an empty directory adds nothing.
+CString JoinPath(std::u16string_view directory, std::u16string_view name);
+
+// A name that the system opens as a device wherever it stands: CON, PRN, AUX, NUL, COM1 to COM9, LPT1 to
+// LPT9, CONIN$, CONOUT$; a colon behind it is allowed. Names with an extension are files.
+bool IsDeviceName(std::u16string_view name) noexcept;
+
+// Whether the text is a URL: "scheme://..." or "mailto:...".
+bool QueryIsURL(std::u16string_view text) noexcept;
