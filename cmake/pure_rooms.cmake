@@ -4,7 +4,11 @@ set(MOVACORE_PURE_ROOMS
   src/batch/labels.cpp
   src/batch/line_splitting.cpp
   src/batch/packed_text.cpp
+  src/commands/help_text.cpp
+  src/console/prompt_codes.cpp
   src/expand/packed_list.cpp
+  src/files/directory_name.cpp
+  src/files/text_pieces.cpp
   src/platform/process_line.cpp
 )
 

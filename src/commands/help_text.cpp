@@ -60,7 +60,7 @@ CString HelpText(std::u16string_view names, const CommandHelp& help, int width)
     head.Append(u": ").Append(help.summary);
     AppendLines(text, head, 0, columns);
     AppendSection(text, u"Usage", help.usage, columns);
-    AppendSection(text, u"Notes", help.switches, columns);
+    AppendSection(text, u"Details", help.switches, columns);
     AppendSection(text, u"Examples", help.examples, columns);
     return text;
 }

@@ -8,10 +8,15 @@
 
 #include "commands/directory.h"
 #include "commands/echo.h"
+#include "commands/exit.h"
 #include "commands/help.h"
+#include "commands/path.h"
+#include "commands/prompt.h"
 #include "commands/remark.h"
 #include "commands/true_false.h"
+#include "commands/type.h"
 #include "commands/unbuilt.h"
+#include "commands/version.h"
 #include "engine/tables.h"
 
 constexpr BUILTIN aInternalCommands[] = {
@@ -91,7 +96,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"EVERYTHING", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"EXCEPT", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
     {u"EXEC", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"EXIT", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"EXIT", Exit_Command, 0x202007, 1, u"", &exitHelp},
     {u"EXPR", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"FALSE", False_Command, 0x400100, 1, u"", &falseHelp},
     {u"FFIND", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
@@ -161,7 +166,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"ON", Unbuilt_Command, 0x402064, 1, u"", &unbuiltHelp},
     {u"OPTION", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"OSD", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
-    {u"PATH", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"PATH", Path_Command, 0x202007, 1, u"", &pathHelp},
     {u"PAUSE", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
     {u"PDIR", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"PEE", Unbuilt_Command, 0x1002007, 1, u"", &unbuiltHelp},
@@ -176,7 +181,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"PRINTF", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"PRIORITY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"PROCESSMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
-    {u"PROMPT", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"PROMPT", Prompt_Command, 0x202007, 1, u"", &promptHelp},
     {u"PSHELL", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"PSUBST", Unbuilt_Command, 0x2107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
     {u"PUSHD", Pushd_Command, 0x606307, 1, u"dirs", &pushdHelp},
@@ -250,7 +255,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TRUE", True_Command, 0x400100, 1, u"", &trueHelp},
     {u"TRUENAME", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"TS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"TYPE", Unbuilt_Command, 0x282327, 1, u"", &unbuiltHelp},
+    {u"TYPE", Type_Command, 0x282327, 1, u"", &typeHelp},
     {u"UNALIAS", Unbuilt_Command, 0x2007, 1, u"[/r] * [1*] aliases", &unbuiltHelp},
     {u"UNBZIP2", Unbuilt_Command, 0x82007, 1, u"[1] bz2 dirs [2*] *", &unbuiltHelp},
     {u"UNFUNCTION", Unbuilt_Command, 0x2007, 1, u"[/r] * [1*] functions", &unbuiltHelp},
@@ -270,7 +275,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"UUID", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"VBEEP", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"VDESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"VER", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"VER", Ver_Command, 0x202007, 1, u"", &verHelp},
     {u"VERIFY", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
     {u"VIEW", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"VOL", Unbuilt_Command, 0x202107, 1, u"dirs", &unbuiltHelp},

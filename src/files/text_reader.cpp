@@ -1,0 +1,80 @@
+#include "files/text_reader.h"
+
+#include <cstring>
+
+#include <windows.h>
+
+#include "files/text_pieces.h"
+#include "platform/codepage.h"
+
+namespace {
+
+constexpr std::size_t blockSize = 65536;
+
+CString Decode(std::string_view bytes, TextEncoding encoding)
+{
+    switch (encoding) {
+    case TextEncoding::Utf8: return FromUtf8(bytes);
+    case TextEncoding::Utf16: {
+        CString text;
+        std::memcpy(text.Edit(bytes.size() / 2), bytes.data(), bytes.size() & ~std::size_t{1});
+        text.SetLength(bytes.size() / 2);
+        return text;
+    }
+    case TextEncoding::CodePage: break;
+    }
+    return FromCodePage(bytes, OutputCodePage());
+}
+
+} // namespace
+
+bool TextReader::Open(std::u16string_view name)
+{
+    file = OwnedHandle(CreateFileW(CString(name).w(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                   nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    if (!file || !Fill())
+        return false;
+    encoding = RecogniseEncoding(block);
+    return true;
+}
+
+bool TextReader::Fill()
+{
+    const std::size_t held = block.size();
+    block.resize(blockSize);
+    DWORD count = 0;
+    const BOOL done =
+        ReadFile(file.Get(), block.data() + held, static_cast<DWORD>(blockSize - held), &count, nullptr);
+    block.resize(held + count);
+    const bool pipeEnded = !done && GetLastError() == ERROR_BROKEN_PIPE;
+    atEnd = count == 0;
+    return done || pipeEnded;
+}
+
+bool TextReader::Read(CString& piece)
+{
+    piece.Clear();
+    if (!markPassed)
+        block.erase(0, encoding.markLength);
+    markPassed = true;
+    std::size_t whole = WholeLines(block, encoding.encoding);
+    while (whole == 0 && !atEnd && block.size() < blockSize) {
+        if (!Fill())
+            return false;
+        whole = WholeLines(block, encoding.encoding);
+    }
+    if (whole == 0)
+        whole = atEnd ? block.size() : WholeCharacters(block, encoding.encoding);
+    piece = Decode(std::string_view(block).substr(0, whole), encoding.encoding);
+    block.erase(0, whole);
+    return true;
+}
+
+bool TextReader::ReadBytes(std::string& bytes)
+{
+    if (block.empty() && !atEnd && !Fill())
+        return false;
+    bytes = std::move(block);
+    block.clear();
+    return true;
+}

@@ -1,0 +1,35 @@
+// Reading text files of any size in whatever encoding they are in.
+//
+// The encoding is recognised from the first block: a mark, else its look (text/encoding.h), else the code
+// page of the console. Memory use does not depend on the file. Errors stand in the thread's last error.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/handle.h"
+#include "text/encoding.h"
+
+class TextReader {
+public:
+    // False when the file cannot be opened. Other programs may read and write it meanwhile.
+    bool Open(std::u16string_view name);
+
+    const RecognisedEncoding& Encoding() const noexcept { return encoding; }
+
+    // The next piece of the text, its line ends as they stand; empty at the end. Pieces end at line ends but
+    // within lines longer than a block. False when reading failed.
+    bool Read(CString& piece);
+
+    // The next piece as the bytes of the file, the mark included, in place of Read.
+    bool ReadBytes(std::string& bytes);
+
+private:
+    bool Fill();
+
+    OwnedHandle file;
+    std::string block; // read but not handed out
+    RecognisedEncoding encoding;
+    bool atEnd = false;
+    bool markPassed = false;
+};

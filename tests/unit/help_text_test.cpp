@@ -1,0 +1,57 @@
+#include "commands/help_text.h"
+
+#include <gtest/gtest.h>
+
+#include "text/encoding.h"
+
+namespace {
+
+const CommandHelp sample = {
+    u"Shows things one after the other.",
+    u"SHOW [/A] thing",
+    u"/A  all of them, however many there may be\nMore about it.",
+    u"show this",
+};
+
+TEST(HelpText, LinesStayWholeWithoutAWidth)
+{
+    EXPECT_EQ(ToUtf8(HelpText(u"SHOW", sample, 0)), "SHOW: Shows things one after the other.\r\n"
+                                                    "\r\nUsage\r\n"
+                                                    "  SHOW [/A] thing\r\n"
+                                                    "\r\nDetails\r\n"
+                                                    "  /A  all of them, however many there may be\r\n"
+                                                    "  More about it.\r\n"
+                                                    "\r\nExamples\r\n"
+                                                    "  show this\r\n");
+}
+
+TEST(HelpText, WrappedWordsHangBelowTheirColumn)
+{
+    EXPECT_EQ(ToUtf8(HelpText(u"SHOW", sample, 24)), "SHOW: Shows things one\r\n"
+                                                     "after the other.\r\n"
+                                                     "\r\nUsage\r\n"
+                                                     "  SHOW [/A] thing\r\n"
+                                                     "\r\nDetails\r\n"
+                                                     "  /A  all of them,\r\n"
+                                                     "      however many there\r\n"
+                                                     "      may be\r\n"
+                                                     "  More about it.\r\n"
+                                                     "\r\nExamples\r\n"
+                                                     "  show this\r\n");
+}
+
+TEST(HelpText, EmptySectionsAreLeftOut)
+{
+    const CommandHelp bare = {u"Does it.", u"BARE", u"", u""};
+    EXPECT_EQ(ToUtf8(HelpText(u"BARE", bare, 0)), "BARE: Does it.\r\n\r\nUsage\r\n  BARE\r\n");
+}
+
+TEST(HelpText, WordsLongerThanTheLineAreNotLost)
+{
+    const CommandHelp wide = {u"x", u"AVERYLONGWORDWITHOUTANYBLANKINIT and more", u"", u""};
+    const std::string text = ToUtf8(HelpText(u"W", wide, 20));
+    EXPECT_NE(text.find("AVERYLONGWORDWITHOUTANYBLANKINIT"), std::string::npos) << text;
+    EXPECT_NE(text.find("and more"), std::string::npos) << text;
+}
+
+} // namespace
