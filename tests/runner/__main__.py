@@ -110,7 +110,7 @@ class Run:
         for difference in differences:
             print(f"  {difference.what}:")
             for line in difference.report:
-                print(f"    {line}")
+                print("    " + line.replace("{{lf}}", "{{lf}}\n        "))
         sys.stdout.flush()
 
     def failing(self):
