@@ -7,6 +7,7 @@
 #include "engine/state.h"
 #include "files/directory_name.h"
 #include "platform/directory.h"
+#include "platform/file_facts.h"
 
 const CommandHelp cdHelp = {
     u"Shows or changes the current directory.",

@@ -15,6 +15,7 @@
 #include "engine/state.h"
 #include "files/text_reader.h"
 #include "platform/console_size.h"
+#include "platform/file_facts.h"
 #include "platform/standard_handles.h"
 #include "platform/text_output.h"
 #include "text/words.h"
@@ -154,7 +155,7 @@ std::vector<CString> FilesOf(const CString& name)
     std::vector<CString> files;
     const CString folder = name.Substr(0, name.view().find_last_of(u"\\/:") + 1);
     WIN32_FIND_DATAW entry;
-    const OwnedFindHandle search(FindFirstFileW(name.w(), &entry));
+    const OwnedFindHandle search(FindFirstFileW(SystemPath(name).w(), &entry));
     if (!search)
         return {name}; // opening it gives the error
     do {

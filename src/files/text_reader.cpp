@@ -6,6 +6,7 @@
 
 #include "files/text_pieces.h"
 #include "platform/codepage.h"
+#include "platform/file_facts.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ CString Decode(std::string_view bytes, TextEncoding encoding)
 
 bool TextReader::Open(std::u16string_view name)
 {
-    file = OwnedHandle(CreateFileW(CString(name).w(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+    file = OwnedHandle(CreateFileW(SystemPath(name).w(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                    nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!file || !Fill())
         return false;

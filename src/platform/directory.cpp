@@ -3,49 +3,32 @@
 #include <windows.h>
 
 #include "platform/environment.h"
+#include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "text/compare.h"
 
 namespace {
-
-// Calls a system function that fills a buffer and answers the length, or the size it needs.
-template <typename Fill> CString FilledText(Fill fill)
-{
-    CString text;
-    DWORD size = MAX_PATH;
-    for (;;) {
-        auto* buffer = reinterpret_cast<wchar_t*>(text.Edit(size));
-        const DWORD length = fill(buffer, size);
-        if (length < size) {
-            text.SetLength(length);
-            return text;
-        }
-        size = length + 1;
-    }
-}
 
 bool BeginsWithDrive(std::u16string_view path)
 {
     return path.size() >= 2 && path[1] == u':' && IsAsciiLetter(path[0]);
 }
 
-// The name in the letter case of the disk, short names made long.
-CString NameOnDisk(const CString& path)
-{
-    CString name =
-        FilledText([&](wchar_t* buffer, DWORD size) { return GetLongPathNameW(path.w(), buffer, size); });
-    if (name.empty())
-        name = path;
-    if (BeginsWithDrive(name))
-        name.Set(0, UpperCase(name[0]));
-    return name;
-}
-
-void DropTrailingSeparator(CString& path)
+CString WithoutTrailingSeparator(CString path)
 {
     const bool root = path.size() <= 1 || (path.size() == 3 && BeginsWithDrive(path));
     if (!root && path.back() == u'\\')
         path.Truncate(path.size() - 1);
+    return path;
+}
+
+// The name in the letter case of the disk, short names made long.
+CString NameOnDisk(const CString& path)
+{
+    CString name = LongPathName(path);
+    if (BeginsWithDrive(name))
+        name.Set(0, UpperCase(name[0]));
+    return name;
 }
 
 CString DriveVariable(char16_t letter)
@@ -62,13 +45,6 @@ void RememberForDrive(std::u16string_view path)
 
 } // namespace
 
-CString CurrentDirectory()
-{
-    CString path = FilledText([](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); });
-    DropTrailingSeparator(path);
-    return path;
-}
-
 CString DirectoryOfDrive(char16_t letter)
 {
     const CString current = CurrentDirectory();
@@ -82,8 +58,7 @@ CString DirectoryOfDrive(char16_t letter)
 
 bool MakeCurrent(std::u16string_view directory)
 {
-    CString path = FullPathName(directory);
-    DropTrailingSeparator(path);
+    CString path = WithoutTrailingSeparator(FullPathName(directory));
     if (!SetCurrentDirectoryW(path.w()))
         return false;
     path = NameOnDisk(path);
@@ -94,23 +69,16 @@ bool MakeCurrent(std::u16string_view directory)
 
 bool MakeDirectoryOfDrive(std::u16string_view directory)
 {
-    CString path = FullPathName(directory);
-    DropTrailingSeparator(path);
-    const DWORD attributes = GetFileAttributesW(path.w());
-    if (attributes == INVALID_FILE_ATTRIBUTES)
+    const CString path = WithoutTrailingSeparator(FullPathName(directory));
+    const auto attributes = ReadFileAttributes(path);
+    if (!attributes)
         return false;
-    if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) {
+    if ((*attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
         SetLastError(ERROR_DIRECTORY);
         return false;
     }
     RememberForDrive(NameOnDisk(path));
     return true;
-}
-
-bool IsDirectory(std::u16string_view name)
-{
-    const DWORD attributes = GetFileAttributesW(CString(name).w());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
 bool DriveExists(char16_t letter)
@@ -130,20 +98,12 @@ std::vector<char16_t> AllDrives()
     return letters;
 }
 
-CString FullPathName(std::u16string_view name)
-{
-    const CString text(name);
-    CString path = FilledText(
-        [&](wchar_t* buffer, DWORD size) { return GetFullPathNameW(text.w(), size, buffer, nullptr); });
-    return path.empty() ? text : path;
-}
-
 CString FirstMatchingDirectory(std::u16string_view pattern)
 {
     const CString full = FullPathName(pattern);
     WIN32_FIND_DATAW entry;
-    const OwnedFindHandle search(
-        FindFirstFileExW(full.w(), FindExInfoBasic, &entry, FindExSearchLimitToDirectories, nullptr, 0));
+    const OwnedFindHandle search(FindFirstFileExW(SystemPath(full).w(), FindExInfoBasic, &entry,
+                                                  FindExSearchLimitToDirectories, nullptr, 0));
     if (!search)
         return {};
     do {

@@ -1,4 +1,4 @@
-// The current directory of the process and of each drive.
+// Changing the current directory of the process and of each drive.
 //
 // Windows knows one current directory; the directories of the other drives live in environment variables
 // named "=C:" and so on, which children inherit. Everything that changes directories goes through here, so
@@ -10,9 +10,6 @@
 
 #include "text/cstring.h"
 
-// Without a trailing separator, but for a root.
-CString CurrentDirectory();
-
 // The directory that "d:" means now; the drive's root when it was never left in another. Asks no disk.
 CString DirectoryOfDrive(char16_t letter);
 
@@ -23,13 +20,8 @@ bool MakeCurrent(std::u16string_view directory);
 // Makes the directory its drive's without going there. False as above.
 bool MakeDirectoryOfDrive(std::u16string_view directory);
 
-bool IsDirectory(std::u16string_view name);
 bool DriveExists(char16_t letter); // sets the last error when it does not
 std::vector<char16_t> AllDrives();
-
-// The absolute name, "." and ".." resolved and drive directories heeded; the name itself when Windows finds
-// no sense in it.
-CString FullPathName(std::u16string_view name);
 
 // The first directory, in the order of the file system, that matches the wildcards in the name's last
 // component, as a full path; empty, with the reason in the last error, when there is none.

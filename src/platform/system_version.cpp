@@ -2,19 +2,20 @@
 
 #include <windows.h>
 
-namespace {
+#include "platform/lazy_library.h"
+#include "platform/registry.h"
 
-constexpr wchar_t versionKey[] = L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
+namespace {
 
 // Numbers without the lies that programs without a manifest are told.
 void ReadKernelVersion(SystemVersion& version)
 {
-    using RtlGetVersionFunction = LONG(WINAPI*)(OSVERSIONINFOW*);
+    using RtlGetVersionFunction = LONG WINAPI(OSVERSIONINFOW*);
+    static LazyLibrary ntdll(L"ntdll.dll");
+    static LazyFunction<RtlGetVersionFunction> getVersion(ntdll, "RtlGetVersion", -1);
     OSVERSIONINFOEXW info = {};
     info.dwOSVersionInfoSize = sizeof info;
-    const auto address = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetVersion");
-    const auto getVersion = reinterpret_cast<RtlGetVersionFunction>(reinterpret_cast<void*>(address));
-    if (!getVersion || getVersion(reinterpret_cast<OSVERSIONINFOW*>(&info)) != 0)
+    if (getVersion(reinterpret_cast<OSVERSIONINFOW*>(&info)) != 0)
         return;
     version.major = info.dwMajorVersion;
     version.minor = info.dwMinorVersion;
@@ -28,15 +29,8 @@ SystemVersion ReadSystemVersion()
 {
     SystemVersion version;
     ReadKernelVersion(version);
-    DWORD revision = 0;
-    DWORD size = sizeof revision;
-    if (RegGetValueW(HKEY_LOCAL_MACHINE, versionKey, L"UBR", RRF_RT_REG_DWORD, nullptr, &revision, &size) ==
-        ERROR_SUCCESS)
-        version.revision = revision;
-    wchar_t release[64];
-    size = sizeof release;
-    if (RegGetValueW(HKEY_LOCAL_MACHINE, versionKey, L"DisplayVersion", RRF_RT_REG_SZ, nullptr, release,
-                     &size) == ERROR_SUCCESS)
-        version.release = reinterpret_cast<const char16_t*>(release);
+    const RegistryKey key(RegistryRoot::LocalMachine, u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion");
+    version.revision = key.Number(u"UBR").value_or(0);
+    version.release = key.Text(u"DisplayVersion").value_or(CString());
     return version;
 }
