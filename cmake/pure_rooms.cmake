@@ -6,6 +6,11 @@ set(MOVACORE_PURE_ROOMS
   src/batch/packed_text.cpp
   src/commands/help_text.cpp
   src/console/prompt_codes.cpp
+  src/core/alias_substitution.cpp
+  src/core/redirection_parser.cpp
+  src/core/separators.cpp
+  src/core/substitution.cpp
+  src/lifecycle/start_options.cpp
   src/expand/packed_list.cpp
   src/files/directory_name.cpp
   src/files/text_pieces.cpp

@@ -12,7 +12,7 @@ namespace {
 CString ContinuationPrompt()
 {
     CString pattern;
-    if (GetEnvironment(u"PROMPT2", pattern))
+    if (ReadEnvironment(u"PROMPT2", pattern))
         return ExpandPrompt(pattern);
     return LoadMessage(message::more);
 }

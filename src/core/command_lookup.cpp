@@ -127,7 +127,7 @@ int SetInternalCommandFlags(std::u16string_view name, unsigned flags)
 int EnableInternalCommand(std::u16string_view name)
 {
     if (name.empty()) {
-        SetInternalCommands(1);
+        SelectCommandSet(true);
         return result::success;
     }
     CommandState* state = FindState(name);
@@ -144,9 +144,9 @@ int DisableInternalCommand(std::u16string_view name)
     return result::success;
 }
 
-void SetInternalCommands(int all)
+void SelectCommandSet(bool all)
 {
     for (int i = 0; i < nInternalCommands; ++i)
         States()[static_cast<std::size_t>(i)].enabled =
-            all != 0 || (aInternalCommands[i].flags & command_flags::basic) != 0;
+            all || (aInternalCommands[i].flags & command_flags::basic) != 0;
 }

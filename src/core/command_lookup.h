@@ -23,4 +23,4 @@ unsigned QueryInternalCommandFlags(std::u16string_view name);
 int SetInternalCommandFlags(std::u16string_view name, unsigned flags);
 int EnableInternalCommand(std::u16string_view name); // every command when the name is empty
 // All commands, or (with 0) just the basic set.
-void SetInternalCommands(int all);
+void SelectCommandSet(bool all);

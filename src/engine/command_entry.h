@@ -17,6 +17,9 @@ constexpr int batch = echo | debugger;
 // Runs one line, however many commands it holds. Answers 0, or the last command's result.
 int Command_S(CString line, int flags);
 
+// Clears the marks that parsing one command leaves behind (among them the one of the "*" prefix).
+void ResetParsingFlags();
+
 // Runs one command whose aliases and variables are expanded and whose redirection is in force.
 int Runp(CString& command, bool echoed);
 

@@ -7,13 +7,6 @@
 
 namespace {
 
-OutputEncoding CurrentEncoding()
-{
-    if (aIniFile.UnicodeOutput || aGlobals.unicodeOutput)
-        return OutputEncoding::Utf16;
-    return aIniFile.UTF8Output ? OutputEncoding::Utf8 : OutputEncoding::CodePage;
-}
-
 // Asking the console costs more than writing a line, so the answer is kept while the handle stands.
 HandleKind KindOf(int number, HANDLE handle)
 {
@@ -30,10 +23,17 @@ bool Write(int number, std::u16string_view text)
     const HANDLE handle = StandardHandle(number);
     if (KindOf(number, handle) == HandleKind::Console)
         return WriteTextToConsole(handle, text);
-    return WriteTextToFile(handle, text, CurrentEncoding());
+    return WriteTextToFile(handle, text, CurrentOutputEncoding());
 }
 
 } // namespace
+
+OutputEncoding CurrentOutputEncoding()
+{
+    if (aIniFile.UnicodeOutput || aGlobals.unicodeOutput)
+        return OutputEncoding::Utf16;
+    return aIniFile.UTF8Output ? OutputEncoding::Utf8 : OutputEncoding::CodePage;
+}
 
 bool Print(std::u16string_view text) { return Write(1, text); }
 

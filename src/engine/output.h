@@ -23,3 +23,7 @@ template <typename... Arguments> bool PrintFormat(std::u16string_view pattern, c
 // the handle changes or ForgetHandleKinds is called, which whoever closes a standard handle must do.
 bool IsConsole(int number);
 void ForgetHandleKinds();
+
+// The encoding of text that goes to files and pipes now.
+enum class OutputEncoding : int;
+OutputEncoding CurrentOutputEncoding();

@@ -142,10 +142,10 @@ struct TLS_VARIABLES {
     bool pipeChild = false;       // this shell is the right side of a pipe
     BlockState blocks;
     std::vector<BATCH_FRAME> frames;
-    int batchIndex = -1;         // current frame, -1 outside batch files
-    int batchFloor = -1;         // frames at or below belong to an outer invocation
-    unsigned batchStartMode = 0; // batch_start bits for the next batch file
-    unsigned batchSerial = 0;    // of the frame started last
+    int batchIndex = -1;                              // current frame, -1 outside batch files
+    int batchFloor = -1;                              // frames at or below belong to an outer invocation
+    unsigned batchStartMode = 0;                      // batch_start bits for the next batch file
+    unsigned batchSerial = 0;                         // of the frame started last
     std::vector<LocalEnvironment> promptEnvironments; // SETLOCAL outside batch files
     bool labelMissing = false;
     int subroutineResult = 0;
@@ -181,6 +181,7 @@ struct GLOBAL_VARIABLES {
     std::int32_t unicodeOutput = 0; // /U: pipes and files get UTF-16
     std::int32_t exitRequested = 0; // EXIT: the host's loop ends
     std::int32_t exitCode = 0;
+    std::int32_t exitFileRun = 0;    // the exit file runs once at most
     std::uint32_t ansiSequences = 0; // the console understands escape sequences
     std::uint32_t startTicks = 0;
 };
@@ -190,10 +191,12 @@ extern GLOBAL_VARIABLES aGlobals;
 struct GlobalTexts {
     CString executable; // full long name of the host program
     CString startDirectory;
-    CString iniFile;                     // the INI file in use
-    CString previousDirectory;           // for "CD -"
-    CString substitutionLine;            // the line quick substitution edits: the previous typed one
-    CString lastArgument;                // %!
+    CString iniFile;                      // the INI file in use
+    CString previousDirectory;            // for "CD -"
+    CString substitutionLine;             // the line quick substitution edits: the previous typed one
+    CString lastArgument;                 // %!
+    std::vector<CString> startDirectives; // "//Name=value"
+    CString startIniFile;
     CString startCommand;                // the host's command line
     std::vector<CString> directoryStack; // PUSHD, innermost last
 };

@@ -51,6 +51,7 @@ constexpr unsigned arrayTableFull = 0x20000052;      // 3082
 constexpr unsigned arrayIndex = 0x20000053;          // 3083
 constexpr unsigned tooManyCommands = 0x20000055;     // 3085
 constexpr unsigned iniLine = 0x20000056;             // 3086
+constexpr unsigned nestedTooDeep = 0x20000057;       // 3087
 } // namespace errors
 
 namespace message {

@@ -5,7 +5,7 @@
 
 #include <windows.h>
 
-enum class OutputEncoding { CodePage, Utf8, Utf16 };
+enum class OutputEncoding : int { CodePage, Utf8, Utf16 };
 
 // Writes everything or answers false, the reason in the last error. Pure ASCII takes a short way.
 bool WriteTextToFile(HANDLE file, std::u16string_view text, OutputEncoding encoding);

@@ -1,0 +1,26 @@
+// The right side of a pipe: a copy of the shell that reads what the left side writes, and the block of
+// shared memory through which it sees the batch file it belongs to.
+#pragma once
+
+#include "platform/handle.h"
+#include "platform/process.h"
+#include "platform/shared_section.h"
+#include "text/cstring.h"
+
+class PipeChild {
+public:
+    // Starts the child; `writeEnd` receives the end for standard output. 0 or the result of a reported error.
+    int Start(const CString& text, OwnedHandle& writeEnd);
+    // Waits for the child to end; its exit code.
+    int Wait();
+
+private:
+    bool ShareContext();
+
+    ChildProcess process;
+    SharedSection context;
+};
+
+// In the child: takes the batch file's name and parameters and the parent's global switches from the block
+// that MOVAPIPE names. Called once at start-up; does nothing in a shell that is no pipe's child.
+void InheritPipeContext();

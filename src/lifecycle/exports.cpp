@@ -1,0 +1,126 @@
+// The exported interface: plain buffers outside, CString inside, and no exception in between.
+#include <algorithm>
+#include <cstring>
+
+#include "core/command_lookup.h"
+#include "engine/batch_entry.h"
+#include "engine/break.h"
+#include "engine/command_entry.h"
+#include "engine/command_state.h"
+#include "engine/console_entry.h"
+#include "engine/movacore.h"
+#include "engine/state.h"
+#include "lifecycle/start_options.h"
+#include "lifecycle/startup.h"
+#include "platform/environment.h"
+
+namespace {
+
+constexpr int brokenOff = 3;
+
+// Runs `work`; a break abandons it.
+template <typename Work> int Guarded(Work work)
+{
+    try {
+        return work();
+    } catch (const Break&) {
+        ClearBreak();
+        ResetParsingFlags();
+        return brokenOff;
+    }
+}
+
+CString PromptPattern()
+{
+    CString pattern;
+    return ReadEnvironment(u"PROMPT", pattern) ? pattern : CString(u"$P$G");
+}
+
+} // namespace
+
+int ReadStartOptions(const char16_t* commandLine, START_OPTIONS* options)
+{
+    const StartOptions read = ParseStartOptions(commandLine);
+    ApplyStartOptions(read);
+    if (!read.refused.empty())
+        return MVError(errors::invalidSwitch, read.refused);
+    // The right side of a pipe is passed on as it stands.
+    aTexts.startCommand = IsInEnvironment(u"MOVAPIPE") ? read.commands : UnquoteCommands(read.commands);
+    aTexts.startIniFile = read.iniFile;
+    options->mode = static_cast<int>(read.mode);
+    options->commands = aTexts.startCommand.empty() ? nullptr : aTexts.startCommand.c_str();
+    options->iniFile = aTexts.startIniFile.empty() ? nullptr : aTexts.startIniFile.c_str();
+    return result::success;
+}
+
+int InitializeDLL(const char16_t* iniName)
+{
+    constexpr int brokenDown = 3;
+    try {
+        return StartEngine(iniName ? iniName : u"");
+    } catch (...) {
+        return brokenDown;
+    }
+}
+
+void ShutdownCommandProcessor()
+{
+    Guarded([] {
+        StopEngine();
+        return 0;
+    });
+}
+
+int Command(const char16_t* line, int flags)
+{
+    return Guarded([&] {
+        const int code = Command_S(CString(line), flags);
+        if ((flags & line_flags::typed) != 0)
+            Tls().typedLine = false;
+        return code;
+    });
+}
+
+int ReadPromptLine(char16_t* buffer, int capacity)
+{
+    CString line;
+    bool more = true;
+    Guarded([&] {
+        more = ReadConsoleLine(line, ExpandPrompt(PromptPattern()));
+        return 0;
+    });
+    if (!more)
+        return -1;
+    CString kept(line);
+    if (!line.empty())
+        AddToHistory(kept);
+    const std::size_t length = std::min(line.size(), static_cast<std::size_t>(capacity - 1));
+    std::memcpy(buffer, line.c_str(), length * sizeof(char16_t));
+    buffer[length] = u'\0';
+    return static_cast<int>(length);
+}
+
+int QueryExitRequested() { return aGlobals.exitRequested; }
+
+int QueryExitCode() { return aGlobals.exitRequested ? aGlobals.exitCode : Tls().errorLevel; }
+
+void RunStartupFile(const char16_t* name, const char16_t* arguments)
+{
+    Guarded([&] { return RunStartupFiles(name, arguments ? arguments : u""); });
+}
+
+int QueryIsCommandEnabled(const char16_t* name) { return QueryIsCommandEnabled(std::u16string_view(name)); }
+
+unsigned QueryInternalCommandFlags(const char16_t* name)
+{
+    return QueryInternalCommandFlags(std::u16string_view(name));
+}
+
+int SetInternalCommandFlags(const char16_t* name, unsigned flags)
+{
+    return SetInternalCommandFlags(std::u16string_view(name), flags);
+}
+
+int DisableInternalCommand(const char16_t* name) { return DisableInternalCommand(std::u16string_view(name)); }
+
+void SetInternalCommands(int all) { SelectCommandSet(all != 0); }

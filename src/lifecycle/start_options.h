@@ -1,0 +1,28 @@
+// Reading the host's command line. Pure.
+//
+//   ORV [@INIFILE] [/switches] [//Directive=value ...] [/C commands | /K commands | commands]
+#pragma once
+
+#include <vector>
+
+#include "text/cstring.h"
+
+struct StartOptions {
+    enum class Mode { Interactive, RunAndExit, RunAndStay };
+    Mode mode = Mode::Interactive;
+    CString commands; // as written behind /C, /K or the switches
+    CString iniFile;
+    std::vector<CString> directives; // "//Name=value"
+    CString refused;                 // the first switch that does not exist; else empty
+    unsigned localLists = 0;         // bit 0 aliases, 1 functions, 2 history, 3 directory history
+    bool noInheritance = false;
+    bool unicodeOutput = false;
+    bool echoOff = false;
+};
+
+// `commandLine` includes the program's name.
+StartOptions ParseStartOptions(std::u16string_view commandLine);
+
+// What is meant by the text behind /C: one argument quoted for a program ("echo \"x\" & ver") is unquoted,
+// and so is text between two outer quotes; anything else stands as it is.
+CString UnquoteCommands(std::u16string_view text);

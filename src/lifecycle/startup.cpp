@@ -1,0 +1,102 @@
+#include "lifecycle/startup.h"
+
+#include <windows.h>
+
+#include "config/ini_file.h"
+#include "core/command_lookup.h"
+#include "core/pipes.h"
+#include "core/pseudo_devices.h"
+#include "engine/batch_entry.h"
+#include "engine/break.h"
+#include "engine/command_state.h"
+#include "engine/inifile.h"
+#include "engine/language_library.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "expand/lists.h"
+#include "lifecycle/breaks.h"
+#include "lifecycle/start_options.h"
+#include "platform/file_facts.h"
+#include "platform/module.h"
+
+namespace {
+
+void InitializeGlobalVariables()
+{
+    TLS_VARIABLES& tls = Tls();
+    tls.breakPending = false;
+    tls.breakHappened = false;
+    tls.blocks = {};
+    aGlobals.startTicks = GetTickCount();
+    aTexts.executable = LongPathName(ModuleFileName(nullptr));
+    aTexts.startDirectory = CurrentDirectory();
+}
+
+// Settings that commands change while the shell runs start from the configuration.
+void TakeWorkingSwitches()
+{
+    aGlobals.delayedExpansion = aIniFile.DelayedExpansion;
+    aGlobals.cmdExtensions = aIniFile.CMDExtensions;
+}
+
+int LoadConfiguration(std::u16string_view iniName)
+{
+    InitializeIniFile();
+    DefaultINI(u"MOVA.INI");
+    if (!iniName.empty() && ProcessINI(iniName) != 0)
+        return MVError(GetLastError(), iniName);
+    for (const CString& directive : aTexts.startDirectives)
+        SetINIDirective(directive);
+    return result::success;
+}
+
+void LoadLanguage()
+{
+    if (!aIniFile.LanguageDLL)
+        return;
+    const CString path(aIniFile.LanguageDLL);
+    if (LoadLanguageLibrary(path))
+        return;
+    const DWORD code = GetLastError();
+    LoadEnglish();
+    ErrorMsgBox(code, path);
+}
+
+} // namespace
+
+void ApplyStartOptions(const StartOptions& options)
+{
+    aTexts.startDirectives = options.directives;
+    aGlobals.localLists = static_cast<std::int32_t>(options.localLists);
+    aGlobals.noInheritance = options.noInheritance;
+    aGlobals.unicodeOutput = options.unicodeOutput;
+    aGlobals.transient = options.mode == StartOptions::Mode::RunAndExit;
+    aGlobals.echo = options.echoOff ? 0 : 1;
+}
+
+int StartEngine(std::u16string_view iniName)
+{
+    EnableSignals();
+    InitializeGlobalVariables();
+    const int configured = LoadConfiguration(iniName);
+    if (configured != result::success)
+        return configured;
+    TakeWorkingSwitches();
+    LoadLanguage();
+    InitializeLocalGlobalLists();
+    DisableInternalCommand(u"DDEEXEC");
+    InheritPipeContext();
+    InstallBreakHandler();
+    return result::success;
+}
+
+void StopEngine()
+{
+    while (ExitBatchFile() == result::success) {
+    }
+    if (aIniFile.ExitFile && !aGlobals.transient && !aGlobals.exitFileRun) {
+        aGlobals.exitFileRun = 1;
+        RunStartupFiles(u"MVEXIT", {});
+    }
+    DeleteTemporaryDevices();
+}
