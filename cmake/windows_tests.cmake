@@ -20,3 +20,13 @@ foreach(source IN LISTS movacoreHelpers)
     target_link_options(helper_${name} PRIVATE -municode)
   endif()
 endforeach()
+
+# What bench/ compares the shell with.
+file(GLOB movacoreBenchPrograms CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/programs/*.cpp)
+foreach(source IN LISTS movacoreBenchPrograms)
+  get_filename_component(name ${source} NAME_WE)
+  add_executable(bench_${name} ${source})
+  set_target_properties(bench_${name} PROPERTIES
+    OUTPUT_NAME ${name} RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin/bench)
+  target_link_libraries(bench_${name} PRIVATE movacore_options)
+endforeach()

@@ -98,14 +98,21 @@ int PipeChild::Start(const CString& text, OwnedHandle& writeEnd)
     ProcessStart start;
     start.program = aTexts.executable;
     start.commandLine = Format(u"\"%s\" /c %s %s", aTexts.executable, unicode ? u"/u" : u"", text);
-    start.standardHandles[0] = readEnd.Get();
-    const bool started = process.Start(start);
-    const DWORD code = GetLastError();
+    // A child takes our standard handles, whatever they are at that moment.
+    const HANDLE ownInput = StandardHandle(0);
+    SetStandardHandle(0, readEnd.Get());
+    const unsigned code = process.Start(start);
+    SetStandardHandle(0, ownInput);
     RemoveEnvironment(u"MOVAPIPE");
-    return started ? result::success : MVError(code, aTexts.executable);
+    return code == 0 ? result::success : MVError(code, aTexts.executable);
 }
 
-int PipeChild::Wait() { return static_cast<int>(process.Wait(ThrowIfBroken)); }
+int PipeChild::Wait()
+{
+    if (!process.Wait(ThrowIfBroken))
+        return MVError(GetLastError());
+    return static_cast<int>(process.ExitCode().value_or(0));
+}
 
 void InheritPipeContext()
 {

@@ -1,0 +1,115 @@
+"""Side-by-side timings of the shell against Wine's own command prompt and do-nothing programs.
+
+    python3 bench [-n ROUNDS] [NAME...]
+
+Each round runs every contestant once, in turn, so that whatever slows the machine slows all of them; medians
+are compared. Where a job's own cost is wanted, the contestant's median start-up is subtracted. Nothing here
+fails: the figures are for reading. Build first (./run /C ver), with nothing else running.
+"""
+import argparse
+import os
+import shutil
+import statistics
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+BIN = ROOT / "build" / "mingw" / "bin"
+PREFIX = ROOT / "build" / "wine" / "bench"
+WINE = "/usr/lib/wine/wine64" if os.access("/usr/lib/wine/wine64", os.X_OK) else "wine"
+CMD = r"C:\windows\system32\cmd.exe"
+
+
+def windows(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+class Machine:
+    """A Wine prefix with a warm server, and the clock."""
+
+    def __init__(self):
+        subprocess.run([ROOT / "tools" / "wine_prefix", PREFIX], check=True)
+        self.environment = dict(os.environ, WINEPREFIX=str(PREFIX), WINEDEBUG="-all")
+        server = Path(WINE).with_name("wineserver64")
+        subprocess.run([server if server.exists() else "wineserver", "-p30"], env=self.environment)
+
+    def seconds(self, arguments, folder):
+        start = time.perf_counter()
+        subprocess.run([WINE, *arguments], env=self.environment, cwd=folder, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        return time.perf_counter() - start
+
+
+def shells():
+    return {"ORV": [windows(BIN / "ORV.exe"), "/C"], "command prompt": [CMD, "/C"]}
+
+
+def start_up(_folder):
+    """Starting and leaving the shell"""
+    jobs = {name: [*shell, "rem"] for name, shell in shells().items()}
+    for program in ("nothing", "nothing_user32"):
+        jobs[program] = [windows(BIN / "bench" / f"{program}.exe")]
+    return jobs, None
+
+
+def echo_line(_folder):
+    """500 ECHO commands to NUL in one line"""
+    line = "&".join(["echo x>nul"] * 500)
+    return {name: [*shell, line] for name, shell in shells().items()}, 500
+
+
+def batch_lines(folder):
+    """2,000 lines of a plain batch file"""
+    lines = ["@echo off"] + [f"set name{i % 7}=value {i}" if i % 2 else f"echo line {i}" for i in range(2000)]
+    (folder / "plain.cmd").write_text("\r\n".join(lines) + "\r\n")
+    return {name: [*shell, "plain.cmd"] for name, shell in shells().items()}, 2000
+
+
+BENCHES = {"start_up": start_up, "echo_line": echo_line, "batch_lines": batch_lines}
+
+
+def measure(machine, jobs, folder, rounds):
+    times = {name: [] for name in jobs}
+    for name, arguments in jobs.items():
+        machine.seconds(arguments, folder)  # warms the caches
+    for _ in range(rounds):
+        for name, arguments in jobs.items():
+            times[name].append(machine.seconds(arguments, folder))
+    return {name: statistics.median(values) for name, values in times.items()}
+
+
+def report(title, medians, count, base):
+    print(f"\n{title}")
+    reference = None
+    for name, seconds in medians.items():
+        net = seconds - (base.get(name, 0) if count else 0)
+        per = f"  {net / count * 1e6:9.1f} us each" if count else ""
+        reference = net if name == "command prompt" else reference
+        print(f"  {name:16} {net * 1e3:9.1f} ms{per}")
+    if reference:
+        for name, seconds in medians.items():
+            net = seconds - (base.get(name, 0) if count else 0)
+            print(f"  {name:16} {reference / net if net > 0 else float('inf'):9.2f} x the command prompt's speed")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("-n", type=int, default=15, metavar="ROUNDS")
+    parser.add_argument("names", nargs="*", metavar="NAME", help=", ".join(BENCHES))
+    options = parser.parse_args()
+    subprocess.run([ROOT / "tools" / "build", "mingw"], check=True)
+    machine = Machine()
+    folder = Path(tempfile.mkdtemp(prefix="movacore-bench-"))
+    try:
+        base = measure(machine, start_up(folder)[0], folder, options.n)
+        for name in options.names or BENCHES:
+            jobs, count = BENCHES[name](folder)
+            medians = base if name == "start_up" else measure(machine, jobs, folder, options.n)
+            report(BENCHES[name].__doc__, medians, count, base)
+    finally:
+        shutil.rmtree(folder)
+
+
+main()
