@@ -15,6 +15,15 @@ set(MOVACORE_PURE_ROOMS
   src/files/directory_name.cpp
   src/files/text_pieces.cpp
   src/platform/process_line.cpp
+  src/expand/delayed_expansion.cpp
+  src/expand/expander.cpp
+  src/expand/expander_references.cpp
+  src/expand/expansion.cpp
+  src/expand/modifiers.cpp
+  src/expand/parameters.cpp
+  src/expand/path_modifiers.cpp
+  src/expand/variable_names.cpp
+  src/expand/work_line.cpp
 )
 
 file(GLOB movacoreTextRooms CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/text/*.cpp)

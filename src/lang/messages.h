@@ -52,6 +52,7 @@ constexpr unsigned arrayIndex = 0x20000053;          // 3083
 constexpr unsigned tooManyCommands = 0x20000055;     // 3085
 constexpr unsigned iniLine = 0x20000056;             // 3086
 constexpr unsigned nestedTooDeep = 0x20000057;       // 3087
+constexpr unsigned lineTooLong = 0x20000058;         // 3088
 } // namespace errors
 
 namespace message {

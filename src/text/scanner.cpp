@@ -6,7 +6,10 @@ namespace {
 
 constexpr std::size_t npos = std::u16string_view::npos;
 
-char16_t ClosingOf(char16_t open) { return open == u'(' ? u')' : open == u'[' ? u']' : open; }
+char16_t ClosingOf(char16_t open)
+{
+    return open == u'(' ? u')' : open == u'[' ? u']' : open == u'{' ? u'}' : open;
+}
 bool IsBracket(char16_t unit) { return unit == u'(' || unit == u'['; }
 bool Holds(std::u16string_view set, char16_t unit) { return set.find(unit) != npos; }
 

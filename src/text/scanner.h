@@ -26,7 +26,7 @@ constexpr std::u16string_view backAndBrackets = u"`[";
 std::size_t scan(std::u16string_view text, std::u16string_view targets, std::u16string_view quoting,
                  const Syntax& syntax, std::size_t from = 0, char16_t* unclosed = nullptr);
 
-// The place of the bracket that closes the one standing at `open` ('(' or '['), nested ones counted and
+// The place of the bracket that closes the one standing at `open` ('(', '[' or '{'), nested ones counted and
 // quoted text (by `quoting`) passed over; npos when it is never closed.
 std::size_t FindClosing(std::u16string_view text, std::size_t open, std::u16string_view quoting,
                         const Syntax& syntax);
