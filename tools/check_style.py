@@ -44,7 +44,18 @@ def windows_only():
     return findings
 
 
-CHECKS = {"formatting": formatting, "floors": floors, "Windows only": windows_only}
+def messages():
+    """Every named message has its text, and every text its name."""
+    header = (ROOT / "src/lang/messages.h").read_text()
+    codes = {int(code, 16) - 0x1FFFF448 for code in re.findall(r"= (0x2[0-9A-Fa-f]{7});", header)}
+    named = codes | {int(number) for number in re.findall(r"= (\d{4});", header)}
+    texts = [int(number) for number in re.findall(r'^\s+(\d{4}) "', (ROOT / "src/lang/english.rc").read_text(), re.MULTILINE)]
+    findings = [f"message {number} has no text" for number in sorted(named - set(texts))]
+    findings += [f"text {number} has no name" for number in sorted(set(texts) - named)]
+    return findings + [f"text {number} stands twice" for number in sorted({n for n in texts if texts.count(n) > 1})]
+
+
+CHECKS = {"formatting": formatting, "floors": floors, "messages": messages, "Windows only": windows_only}
 
 
 def main():
