@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "config/ini_file.h"
+#include "console/prompt.h"
 #include "core/command_lookup.h"
 #include "core/pipes.h"
 #include "core/pseudo_devices.h"
@@ -82,6 +83,7 @@ int StartEngine(std::u16string_view iniName)
     if (configured != result::success)
         return configured;
     TakeWorkingSwitches();
+    CountNestedShell();
     LoadLanguage();
     InitializeLocalGlobalLists();
     DisableInternalCommand(u"DDEEXEC");
