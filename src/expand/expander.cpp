@@ -1,6 +1,7 @@
 #include "expand/expander.h"
 
 #include "lang/messages.h"
+#include "text/block_scanner.h"
 #include "text/compare.h"
 #include "text/scanner.h"
 #include "text/words.h"
@@ -61,7 +62,7 @@ void Expander::PassQuoted(char16_t quote)
 {
     const View rest = line.Rest();
     if (quote == u'(') {
-        const std::size_t closing = FindClosing(rest, 0, quotes::both, settings.syntax);
+        const std::size_t closing = FindBlockEnd(rest, 0, settings.syntax);
         line.Keep(closing == npos ? rest.size() : closing + 1);
     } else {
         const std::size_t closing = rest.find(u'`', 1);

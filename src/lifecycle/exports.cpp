@@ -9,6 +9,7 @@
 #include "engine/command_state.h"
 #include "engine/console_entry.h"
 #include "engine/movacore.h"
+#include "engine/output.h"
 #include "engine/state.h"
 #include "lifecycle/start_options.h"
 #include "lifecycle/startup.h"
@@ -75,8 +76,11 @@ int Command(const char16_t* line, int flags)
 {
     return Guarded([&] {
         const int code = Command_S(CString(line), flags);
-        if ((flags & line_flags::typed) != 0)
+        if ((flags & line_flags::typed) != 0) {
             Tls().typedLine = false;
+            if (IsConsole(0))
+                Print(u"\r\n");
+        }
         return code;
     });
 }

@@ -36,6 +36,8 @@ void InitializeGlobalVariables()
 // Settings that commands change while the shell runs start from the configuration.
 void TakeWorkingSwitches()
 {
+    if (Tls().pipeChild)
+        return; // they came from the other side of the pipe
     aGlobals.delayedExpansion = aIniFile.DelayedExpansion;
     aGlobals.cmdExtensions = aIniFile.CMDExtensions;
 }
@@ -79,6 +81,7 @@ int StartEngine(std::u16string_view iniName)
 {
     EnableSignals();
     InitializeGlobalVariables();
+    InheritPipeContext();
     const int configured = LoadConfiguration(iniName);
     if (configured != result::success)
         return configured;
@@ -87,7 +90,6 @@ int StartEngine(std::u16string_view iniName)
     LoadLanguage();
     InitializeLocalGlobalLists();
     DisableInternalCommand(u"DDEEXEC");
-    InheritPipeContext();
     InstallBreakHandler();
     return result::success;
 }
