@@ -14,6 +14,9 @@ set(MOVACORE_PURE_ROOMS
   src/expand/packed_list.cpp
   src/files/directory_name.cpp
   src/files/text_pieces.cpp
+  src/expand/arrays.cpp
+  src/expand/packed_list.cpp
+  src/expand/typed_value.cpp
   src/platform/process_line.cpp
   src/expand/delayed_expansion.cpp
   src/expand/expander.cpp

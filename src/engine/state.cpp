@@ -7,6 +7,7 @@
 
 GLOBAL_VARIABLES aGlobals;
 GlobalTexts aTexts;
+GlobalRooms aRooms;
 
 BATCH_FRAME::BATCH_FRAME() = default;
 BATCH_FRAME::BATCH_FRAME(BATCH_FRAME&&) noexcept = default;

@@ -157,6 +157,7 @@ struct TLS_VARIABLES {
     bool signalsHeld = false;
     bool breakPending = false;
     bool breakHappened = false;
+    bool listUpdating = false;       // an alias or function list is being changed
     bool protectedOperation = false; // an operation that a break must not cut
     StandardHandleKind handleKinds[3];
     void* runningProcesses[2] = {}; // handles of the children started for the current command
@@ -201,6 +202,13 @@ struct GlobalTexts {
     std::vector<CString> directoryStack; // PUSHD, innermost last
 };
 extern GlobalTexts aTexts;
+
+// What higher rooms keep for the whole process; each makes its own on first use.
+struct GlobalRooms {
+    std::shared_ptr<struct VariableLists> lists; // expand/lists.cpp
+    std::shared_ptr<class ArrayTable> arrays;    // expand/arrays.h
+};
+extern GlobalRooms aRooms;
 
 // The syntax in force now: settings, SETDOS mask and the kind of the current batch file.
 Syntax CurrentSyntax();

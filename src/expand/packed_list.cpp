@@ -296,6 +296,17 @@ bool DeleteListEntry(const ListBlock& block, std::size_t at)
     return true;
 }
 
+bool FillList(const ListBlock& block, std::u16string_view entries)
+{
+    if (entries.size() + listHeadroom >= UsableUnits(block))
+        return false;
+    CountChange(*block.control);
+    std::copy(entries.begin(), entries.end(), block.units);
+    block.units[entries.size()] = u'\0';
+    CountChange(*block.control);
+    return true;
+}
+
 ListChange::ListChange(const ListBlock& changed, std::size_t entry, std::size_t at, std::size_t oldLength,
                        std::u16string_view newText)
     : block(changed), text(newText)

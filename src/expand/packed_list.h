@@ -80,6 +80,9 @@ bool NormalizeEntry(CString& entry, EntryKind kind);
 // the list is then unchanged.
 bool UpdateList(const ListBlock& block, std::u16string_view entry, NameMatch match);
 bool DeleteListEntry(const ListBlock& block, std::size_t at);
+// Puts `entries`, each with its closing NUL, in the place of all others; false when they do not fit. For
+// private lists: nobody can repair this one.
+bool FillList(const ListBlock& block, std::u16string_view entries);
 // Whether the list may become longer by `growth` units (shorter, when negative).
 bool ListHasRoom(const ListBlock& block, std::ptrdiff_t growth);
 

@@ -53,6 +53,9 @@ constexpr unsigned tooManyCommands = 0x20000055;     // 3085
 constexpr unsigned iniLine = 0x20000056;             // 3086
 constexpr unsigned nestedTooDeep = 0x20000057;       // 3087
 constexpr unsigned lineTooLong = 0x20000058;         // 3088
+constexpr unsigned valueType = 0x20000057;           // 3087
+constexpr unsigned needsConsole = 0x20000058;        // 3088
+constexpr unsigned noAliasList = 0x20000059;         // 3089
 } // namespace errors
 
 namespace message {

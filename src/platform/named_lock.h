@@ -32,6 +32,7 @@ public:
     // Without a name there is no lock, and taking it does nothing; so too when the system refuses one.
     NamedLock() noexcept = default;
     explicit NamedLock(std::u16string_view name);
+    explicit operator bool() const noexcept { return static_cast<bool>(semaphore); }
 
     // Waits for the lock. `poll`, if given, is called at every check and may throw to give up waiting.
     Guard Take(void (*poll)() = nullptr);
