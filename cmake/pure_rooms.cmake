@@ -17,6 +17,8 @@ set(MOVACORE_PURE_ROOMS
   src/expand/arrays.cpp
   src/expand/packed_list.cpp
   src/expand/typed_value.cpp
+  src/files/regex.cpp
+  src/files/wildcards.cpp
   src/platform/process_line.cpp
   src/expand/delayed_expansion.cpp
   src/expand/expander.cpp
