@@ -5,6 +5,15 @@ set(MOVACORE_PURE_ROOMS
   src/batch/line_splitting.cpp
   src/batch/packed_text.cpp
   src/commands/help_text.cpp
+  src/config/colors.cpp
+  src/config/directives.cpp
+  src/config/ini_parser.cpp
+  src/config/key_functions.cpp
+  src/config/key_names.cpp
+  src/config/protected_text.cpp
+  src/config/provenance.cpp
+  src/config/setting_values.cpp
+  src/config/settings_area.cpp
   src/console/prompt_codes.cpp
   src/core/alias_substitution.cpp
   src/core/redirection_parser.cpp

@@ -50,12 +50,19 @@ constexpr unsigned notAnArray = 0x20000051;          // 3081
 constexpr unsigned arrayTableFull = 0x20000052;      // 3082
 constexpr unsigned arrayIndex = 0x20000053;          // 3083
 constexpr unsigned tooManyCommands = 0x20000055;     // 3085
-constexpr unsigned iniLine = 0x20000056;             // 3086
 constexpr unsigned nestedTooDeep = 0x20000057;       // 3087
 constexpr unsigned lineTooLong = 0x20000058;         // 3088
 constexpr unsigned valueType = 0x20000057;           // 3087
 constexpr unsigned needsConsole = 0x20000058;        // 3088
 constexpr unsigned noAliasList = 0x20000059;         // 3089
+constexpr unsigned iniItem = 0x2000006E;             // 3110
+constexpr unsigned iniCharacter = 0x2000006F;        // 3111
+constexpr unsigned iniNumber = 0x20000070;           // 3112
+constexpr unsigned iniChoice = 0x20000071;           // 3113
+constexpr unsigned iniColor = 0x20000072;            // 3114
+constexpr unsigned iniPath = 0x20000073;             // 3115
+constexpr unsigned iniInclude = 0x20000074;          // 3116
+constexpr unsigned iniIncludeDepth = 0x20000075;     // 3117
 } // namespace errors
 
 namespace message {
@@ -65,6 +72,11 @@ constexpr unsigned usage = 3302;
 constexpr unsigned removableDisk = 3342;
 constexpr unsigned zoneWarning = 3368;
 constexpr unsigned confirm = 3394;
+constexpr unsigned iniQuery = 3395;
+constexpr unsigned fromDefault = 3520; // where a setting's value comes from
+constexpr unsigned fromParentShell = 3521;
+constexpr unsigned fromStartOption = 3522;
+constexpr unsigned fromCommand = 3523;
 constexpr unsigned loadbtmState = 3540;
 constexpr unsigned echoState = 3541;
 constexpr unsigned more = 3542;

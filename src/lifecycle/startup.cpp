@@ -49,7 +49,7 @@ int LoadConfiguration(std::u16string_view iniName)
     if (!iniName.empty() && ProcessINI(iniName) != 0)
         return MVError(GetLastError(), iniName);
     for (const CString& directive : aTexts.startDirectives)
-        SetINIDirective(directive);
+        SetINIDirective(directive, SettingOrigin::CommandLine);
     return result::success;
 }
 
