@@ -2,6 +2,7 @@
 
 #include "engine/output.h"
 #include "engine/results.h"
+#include "expand/lists.h"
 #include "platform/environment.h"
 
 const CommandHelp pathHelp = {
@@ -24,6 +25,5 @@ int Path_Command(CString& arguments)
         const CString line = known ? CString(u"PATH=") + path : LoadMessage(message::noPath);
         return PrintLine(line) ? result::success : MVError(0);
     }
-    const bool done = arguments == u";" ? RemoveEnvironment(u"PATH") : WriteEnvironment(u"PATH", arguments);
-    return done ? result::success : MVError(0, u"PATH");
+    return SetEVariable(arguments == u";" ? CString(u"PATH=") : CString(u"PATH=") + arguments);
 }

@@ -1,7 +1,6 @@
 #include "commands/prompt.h"
 
-#include "engine/results.h"
-#include "platform/environment.h"
+#include "expand/lists.h"
 
 const CommandHelp promptHelp = {
     u"Sets the prompt, or puts back the usual one.",
@@ -26,7 +25,5 @@ const CommandHelp promptHelp = {
 int Prompt_Command(CString& arguments)
 {
     arguments.TrimLeft(u" \t=");
-    const bool done =
-        arguments.empty() ? RemoveEnvironment(u"PROMPT") : WriteEnvironment(u"PROMPT", arguments);
-    return done ? result::success : MVError(0, u"PROMPT");
+    return SetEVariable(CString(u"PROMPT=") + arguments);
 }

@@ -6,6 +6,7 @@
 // one behind that switch; then "dirs", "aliases", "variables", "functions", "*" for any file, or extensions.
 #include <iterator>
 
+#include "commands/commands_list.h"
 #include "commands/directory.h"
 #include "commands/echo.h"
 #include "commands/exit.h"
@@ -22,7 +23,7 @@
 constexpr BUILTIN aInternalCommands[] = {
     {u"7UNZIP", Unbuilt_Command, 0x82007, 1, u"[1] 7z dirs [2*] *", &unbuiltHelp},
     {u"7ZIP", Unbuilt_Command, 0x82007, 1, u"[1] 7z dirs [2*] *", &unbuiltHelp},
-    {u"?", Unbuilt_Command, 0x7, 1, u"", &unbuiltHelp},
+    {u"?", Cmds_Command, 0x7, 1, u"", &commandsHelp},
     {u"ACTIVATE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"ALIAS", Unbuilt_Command, 0x1080027, 1, u"[/r] * [1] aliases [2*] *", &unbuiltHelp},
     {u"ASSOC", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
@@ -50,7 +51,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"CLIPMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"CLS", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
     {u"COLOR", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
-    {u"COMMANDS", Unbuilt_Command, 0x7, 1, u"", &unbuiltHelp},
+    {u"COMMANDS", Cmds_Command, 0x7, 1, u"", &commandsHelp},
     {u"COMMENT", Unbuilt_Command, 0x10, 1, u"", &unbuiltHelp},
     {u"COPY", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
     {u"COPYDIR", Unbuilt_Command, 0x82107, 1, u"dirs", &unbuiltHelp},
