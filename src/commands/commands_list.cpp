@@ -28,7 +28,7 @@ namespace {
 bool MatchesAny(const std::vector<CString>& patterns, std::u16string_view name)
 {
     return patterns.empty() || std::any_of(patterns.begin(), patterns.end(), [&](const CString& pattern) {
-               return WildcardComparison(pattern, name, DotRules::Off, Sets::On) == 0;
+               return WildcardComparison(pattern, name, false, true) == 0;
            });
 }
 
