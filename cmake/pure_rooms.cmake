@@ -1,6 +1,8 @@
 # Rooms that only compute and know nothing of Windows: besides the engine, they are compiled natively for the unit
 # tests and the fuzz targets. All of src/text belongs to them; any other room is named here, one file per line.
 set(MOVACORE_PURE_ROOMS
+  src/batch/condition_parser.cpp
+  src/batch/iff_blocks.cpp
   src/batch/labels.cpp
   src/batch/line_splitting.cpp
   src/batch/packed_text.cpp
@@ -20,7 +22,6 @@ set(MOVACORE_PURE_ROOMS
   src/core/separators.cpp
   src/core/substitution.cpp
   src/lifecycle/start_options.cpp
-  src/expand/packed_list.cpp
   src/files/directory_name.cpp
   src/files/text_pieces.cpp
   src/expand/arrays.cpp

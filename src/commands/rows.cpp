@@ -11,6 +11,7 @@
 #include "commands/echo.h"
 #include "commands/exit.h"
 #include "commands/help.h"
+#include "commands/if.h"
 #include "commands/path.h"
 #include "commands/prompt.h"
 #include "commands/remark.h"
@@ -119,8 +120,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"HELP", Help_Command, 0x2007, 1, u"", &helpHelp},
     {u"HISTORY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"IDE", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
-    {u"IF", Unbuilt_Command, 0x600010, 1, u"", &unbuiltHelp},
-    {u"IFF", Unbuilt_Command, 0x400010, 1, u"", &unbuiltHelp},
+    {u"IF", If_Command, 0x600010, 1, u"", &ifHelp},
+    {u"IFF", Iff_Command, 0x400010, 1, u"", &iffHelp},
     {u"IFTP", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"INKEY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"INPUT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},

@@ -156,7 +156,9 @@ bool CommandLine::BeginCommand()
     EnableSignals();
     ThrowIfBroken();
     syntax = CurrentSyntax();
-    if (EndsLine(lastResult))
+    // A batch file that is told to end runs no more of its line.
+    const BATCH_FRAME* frame = Tls().Frame();
+    if (EndsLine(lastResult) || (frame && frame->readOffset < 0))
         return false;
     rest.TrimLeft(u"= \t\r\n,;");
     if (rest.empty())
@@ -185,9 +187,14 @@ Step CommandLine::PassBlockWords()
     bool consumed = false;
     const Separator end = FindEnd(0);
     CString first = end.at == npos ? rest : rest.Substr(0, end.at);
+    const std::size_t length = first.size();
     const int code = ActOnBlockWords(first, consumed);
-    if (!consumed)
+    if (!consumed) {
+        // Behind an ELSE or ELSEIFF that was taken stands a command.
+        if (first.size() != length)
+            rest.Replace(0, length, first);
         return Step::Go;
+    }
     if (EndsLine(code)) {
         lastResult = code;
         return Step::EndLine;

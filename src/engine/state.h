@@ -119,9 +119,9 @@ constexpr unsigned resultsNotRescanned = 512; // of variable functions
 
 // The block state word: how deep the open IFF blocks are, which are skipped, and DO.
 struct BlockState {
-    std::uint8_t iffNesting = 0;
-    std::uint8_t iffSkipped = 0; // levels, from the innermost outward, whose branch is skipped
-    std::uint32_t iffTaken = 0;  // bit per level (level & 31): a branch of it has already run
+    std::uint16_t iffNesting = 0;
+    std::uint16_t iffSkipped = 0; // levels, from the innermost outward, whose branch is skipped
+    std::uint32_t iffTaken = 0;   // bit per level (level & 31): a branch of it has already run
     std::uint8_t doRunning = 0;
 };
 
