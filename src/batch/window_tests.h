@@ -1,0 +1,13 @@
+// What conditions ask about other programs: their windows and whether they run.
+#pragma once
+
+#include <string_view>
+
+enum class WindowTest { Exists, Visible, Hung };
+
+// Whether a window of that title exists and passes the test. The title may hold wildcards; without them it
+// may also be the beginning of the window's title.
+bool WindowIs(std::u16string_view title, WindowTest test);
+
+// Whether a program of that name runs: full name, file name, or file name without extension.
+bool ApplicationRuns(std::u16string_view name);
