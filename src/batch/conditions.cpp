@@ -15,6 +15,7 @@
 #include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "text/compare.h"
+#include "text/format.h"
 #include "text/path_names.h"
 
 namespace {
