@@ -20,7 +20,7 @@ void RunTypedLines()
 
 } // namespace
 
-int main()
+int wmain()
 {
     START_OPTIONS options = {};
     if (ReadStartOptions(reinterpret_cast<const char16_t*>(GetCommandLineW()), &options) != 0)
