@@ -26,5 +26,8 @@ CString ExpandPrompt(std::u16string_view pattern);
 // Sets the window title to the command that runs, or back to the standing title when `command` is empty.
 void UpdateTitleAndIcon(std::u16string_view command);
 
+// Switches the console's escape sequences on or off as the settings say, and its usual modes on.
+void ConsoleANSI();
+
 // Gives the console and queued calls a turn; a pending break is thrown from here.
 void tty_yield();

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "engine/export.h"
+#include "platform/national.h"
 #include "text/cstring.h"
 #include "text/syntax.h"
 
@@ -131,6 +132,12 @@ struct StandardHandleKind {
     int kind = 0;
 };
 
+// How the lines of redirected standard input are encoded, once they have been looked at.
+struct StandardInputEncoding {
+    void* handle = nullptr;
+    int flags = 0; // of GetNextLine
+};
+
 // Per-thread state.
 struct TLS_VARIABLES {
     int errorLevel = 0;           // %? and ERRORLEVEL
@@ -160,6 +167,8 @@ struct TLS_VARIABLES {
     bool listUpdating = false;       // an alias or function list is being changed
     bool protectedOperation = false; // an operation that a break must not cut
     StandardHandleKind handleKinds[3];
+    StandardInputEncoding inputEncoding;
+    std::uint64_t nextYield = 0;    // Ticks() when queued calls get their next turn
     void* runningProcesses[2] = {}; // handles of the children started for the current command
 
     BATCH_FRAME* Frame() { return batchIndex < 0 ? nullptr : &frames[static_cast<std::size_t>(batchIndex)]; }
@@ -184,6 +193,9 @@ struct GLOBAL_VARIABLES {
     std::int32_t exitCode = 0;
     std::int32_t exitFileRun = 0;    // the exit file runs once at most
     std::uint32_t ansiSequences = 0; // the console understands escape sequences
+    std::int32_t startColors = -1;   // the console's attributes when the shell first looked; -1 before
+    std::int32_t countryKnown = 0;
+    NationalSettings country; // the system's own, while countryKnown; ask Country() of engine/country.h
     std::uint32_t startTicks = 0;
 };
 extern GLOBAL_VARIABLES aGlobals;
@@ -195,11 +207,13 @@ struct GlobalTexts {
     CString iniFile;                      // the INI file in use
     CString previousDirectory;            // for "CD -"
     CString substitutionLine;             // the line quick substitution edits: the previous typed one
+    CString newestLine;                   // typed last; it may be running
     CString lastArgument;                 // %!
     std::vector<CString> startDirectives; // "//Name=value"
     CString startIniFile;
     CString startCommand;                // the host's command line
     std::vector<CString> directoryStack; // PUSHD, innermost last
+    CString standingTitle;               // of the window between commands; "" until it is first looked at
 };
 extern GlobalTexts aTexts;
 

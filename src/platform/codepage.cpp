@@ -1,19 +1,46 @@
 #include "platform/codepage.h"
 
+#include <atomic>
+
 #include <windows.h>
 
 #include "text/encoding.h"
 
+namespace {
+
+// In force where there is no console to keep it; 0 until one is chosen.
+std::atomic<unsigned> ownCodePage{0};
+
+unsigned WithoutConsole()
+{
+    const unsigned chosen = ownCodePage;
+    return chosen ? chosen : GetOEMCP();
+}
+
+} // namespace
+
 unsigned OutputCodePage()
 {
     const unsigned page = GetConsoleOutputCP();
-    return page ? page : GetOEMCP();
+    return page ? page : WithoutConsole();
 }
 
 unsigned InputCodePage()
 {
     const unsigned page = GetConsoleCP();
-    return page ? page : GetOEMCP();
+    return page ? page : WithoutConsole();
+}
+
+bool SetCodePage(unsigned codePage)
+{
+    if (!IsValidCodePage(codePage)) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return false;
+    }
+    if (GetConsoleCP() != 0)
+        return SetConsoleCP(codePage) && SetConsoleOutputCP(codePage);
+    ownCodePage = codePage;
+    return true;
 }
 
 std::string ToCodePage(std::u16string_view text, unsigned codePage)

@@ -1,0 +1,120 @@
+// Lines for the prompt: typed at the console, or read from standard input when that leads elsewhere.
+#include <algorithm>
+#include <string>
+
+#include <windows.h>
+
+#include "console/console_modes.h"
+#include "engine/batch_entry.h"
+#include "engine/break.h"
+#include "engine/console_entry.h"
+#include "engine/country.h"
+#include "engine/output.h"
+#include "engine/state.h"
+#include "platform/clock.h"
+#include "platform/console.h"
+#include "platform/console_keys.h"
+#include "platform/standard_handles.h"
+#include "text/encoding.h"
+
+namespace {
+
+constexpr char16_t controlZ = 0x1A;
+constexpr char16_t byteOrderMark = 0xFEFF;
+
+// The read can be over before the event that cut it has come through.
+void WaitForBreak()
+{
+    constexpr std::uint64_t longest = 500;
+    SleepWithPoll(longest, [] { return !QueryBreak(); });
+    ThrowIfBroken();
+}
+
+bool ReadFromConsole(CString& line, std::u16string_view prompt)
+{
+    PrepareConsole();
+    UpdateTitleAndIcon({});
+    QueryCountryInfo();
+    WriteToConsole(prompt);
+    switch (ReadTypedLine(line, ThrowIfBroken)) {
+    case TypedLine::Complete: line.Truncate(line.view().find(controlZ)); return true;
+    case TypedLine::Cut: WaitForBreak(); return true;
+    case TypedLine::Ended: break;
+    }
+    return false;
+}
+
+int FlagsOf(TextEncoding encoding)
+{
+    return encoding == TextEncoding::Utf16  ? next_line::utf16
+           : encoding == TextEncoding::Utf8 ? next_line::utf8
+                                            : 0;
+}
+
+// Judges the file by its beginning, and leaves it where it stood, behind its mark at least.
+int RecogniseFile(HANDLE file)
+{
+    constexpr std::size_t judgedBytes = 65536;
+    LARGE_INTEGER place = {};
+    SetFilePointerEx(file, {}, &place, FILE_CURRENT);
+    std::string block(judgedBytes, '\0');
+    OVERLAPPED beginning = {};
+    DWORD got = 0;
+    if (!ReadFile(file, block.data(), static_cast<DWORD>(block.size()), &got, &beginning))
+        got = 0;
+    const RecognisedEncoding found = RecogniseEncoding(std::string_view(block).substr(0, got));
+    place.QuadPart = std::max<LONGLONG>(place.QuadPart, static_cast<LONGLONG>(found.markLength));
+    SetFilePointerEx(file, place, nullptr, FILE_BEGIN);
+    return FlagsOf(found.encoding) | next_line::notPipe;
+}
+
+// Only the mark of UTF-16 has to be known before the first line is read; it is taken out of the pipe.
+int RecognisePipe(HANDLE pipe)
+{
+    constexpr DWORD step = 5;
+    constexpr int patience = 40; // steps to wait for the second byte, which may never come
+    char head[2] = {};
+    DWORD got = 0;
+    for (int steps = 0; steps < patience; steps += static_cast<int>(got)) {
+        if (!PeekNamedPipe(pipe, head, 2, &got, nullptr, nullptr) || got == 2)
+            break;
+        ThrowIfBroken();
+        SleepEx(step, TRUE);
+    }
+    const RecognisedEncoding found = RecogniseEncoding({head, got});
+    if (found.encoding != TextEncoding::Utf16 || found.markLength != 2)
+        return 0;
+    ReadFile(pipe, head, 2, &got, nullptr);
+    return next_line::utf16;
+}
+
+int InputFlags(HANDLE input)
+{
+    switch (KindOfHandle(input)) {
+    case HandleKind::File: return RecogniseFile(input);
+    case HandleKind::Pipe: return RecognisePipe(input);
+    default: return 0;
+    }
+}
+
+bool ReadFromStandardInput(CString& line)
+{
+    const HANDLE input = StandardHandle(0);
+    StandardInputEncoding& known = Tls().inputEncoding;
+    const bool first = known.handle != input;
+    if (first)
+        known = {input, InputFlags(input)};
+    if (GetNextLine(reinterpret_cast<std::intptr_t>(input), line, known.flags, {}, longestLine) == 0)
+        return false;
+    if (first && line.front() == byteOrderMark)
+        line.Erase(0, 1);
+    return line.front() != controlZ;
+}
+
+} // namespace
+
+bool ReadConsoleLine(CString& line, std::u16string_view prompt)
+{
+    ThrowIfBroken();
+    return IsConsole(0) ? ReadFromConsole(line, prompt) : ReadFromStandardInput(line);
+}

@@ -1,0 +1,60 @@
+#include "platform/clock.h"
+
+#include <algorithm>
+
+#include <windows.h>
+
+namespace {
+
+ClockTime FromSystemTime(const SYSTEMTIME& time)
+{
+    return {time.wYear, time.wMonth,  time.wDay,    time.wDayOfWeek,
+            time.wHour, time.wMinute, time.wSecond, time.wMilliseconds};
+}
+
+} // namespace
+
+ClockTime LocalTime()
+{
+    SYSTEMTIME time;
+    GetLocalTime(&time);
+    return FromSystemTime(time);
+}
+
+ClockTime UtcTime()
+{
+    SYSTEMTIME time;
+    GetSystemTime(&time);
+    return FromSystemTime(time);
+}
+
+bool SetLocalTime(const ClockTime& time)
+{
+    SYSTEMTIME wanted = {};
+    wanted.wYear = static_cast<WORD>(time.year);
+    wanted.wMonth = static_cast<WORD>(time.month);
+    wanted.wDay = static_cast<WORD>(time.day);
+    wanted.wHour = static_cast<WORD>(time.hour);
+    wanted.wMinute = static_cast<WORD>(time.minute);
+    wanted.wSecond = static_cast<WORD>(time.second);
+    wanted.wMilliseconds = static_cast<WORD>(time.millisecond);
+    // Twice: the first call still counts with the daylight saving time of the old date.
+    return ::SetLocalTime(&wanted) && ::SetLocalTime(&wanted);
+}
+
+std::uint64_t Ticks() { return GetTickCount64(); }
+
+void RunQueuedCalls() { SleepEx(0, TRUE); }
+
+bool SleepWithPoll(std::uint64_t milliseconds, bool (*poll)())
+{
+    constexpr std::uint64_t longestStep = 50;
+    const std::uint64_t end = Ticks() + milliseconds;
+    while (poll()) {
+        const std::uint64_t now = Ticks();
+        if (now >= end)
+            return true;
+        SleepEx(static_cast<DWORD>(std::min(end - now, longestStep)), TRUE);
+    }
+    return false;
+}
