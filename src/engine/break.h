@@ -34,8 +34,8 @@ void ThrowIfBroken();
 void HoldSignals();
 void EnableSignals();
 
-// Defined in lifecycle/. Called by ThrowIfBroken with the event that waits: acts on it and throws, or leaves it
-// for later, or drops it.
+// Defined in lifecycle/. Called by ThrowIfBroken with the event that waits: acts on it and throws, or leaves
+// it for later, or drops it.
 void BreakHandler(unsigned event);
 // For BreakHandler: this event waits no longer.
 void TakeBreak(unsigned event);

@@ -9,8 +9,8 @@
 // The code page of redirected output and input: the console's when there is one, else the OEM page.
 unsigned OutputCodePage();
 unsigned InputCodePage();
-// Changes both, for the console where there is one, else for this process alone. False, with the reason in the
-// last error, for a code page that Windows does not have.
+// Changes both, for the console where there is one, else for this process alone. False, with the reason in
+// the last error, for a code page that Windows does not have.
 bool SetCodePage(unsigned codePage);
 
 // Characters that the code page lacks become its default character.

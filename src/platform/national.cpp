@@ -17,8 +17,8 @@ CString LocaleText(LCTYPE what)
 DWORD LocaleNumber(LCTYPE what)
 {
     DWORD number = 0;
-    GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, what | LOCALE_RETURN_NUMBER, reinterpret_cast<wchar_t*>(&number),
-                    sizeof number / sizeof(wchar_t));
+    GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, what | LOCALE_RETURN_NUMBER,
+                    reinterpret_cast<wchar_t*>(&number), sizeof number / sizeof(wchar_t));
     return number;
 }
 
