@@ -34,6 +34,12 @@ def floors():
     return (done.stdout + done.stderr).splitlines()
 
 
+def settings():
+    command = [sys.executable, ROOT / "tools/check_settings.py"]
+    done = subprocess.run(command, capture_output=True, text=True, check=False)
+    return (done.stdout + done.stderr).splitlines()
+
+
 def windows_only():
     """Windows is the target; an emulation of it that behaves otherwise is no reason for other code."""
     findings = []
@@ -55,7 +61,13 @@ def messages():
     return findings + [f"text {number} stands twice" for number in sorted({n for n in texts if texts.count(n) > 1})]
 
 
-CHECKS = {"formatting": formatting, "floors": floors, "messages": messages, "Windows only": windows_only}
+CHECKS = {
+    "formatting": formatting,
+    "floors": floors,
+    "messages": messages,
+    "settings": settings,
+    "Windows only": windows_only,
+}
 
 
 def main():

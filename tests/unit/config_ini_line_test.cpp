@@ -40,11 +40,11 @@ TEST(IniLine, AcceptedValues)
         {u"FileCompletion=dirs: zip; exe ;x\tbehind a tab", u"FileCompletion", u"dirs: zip; exe ;x"},
         {u"Editor=\"C:\\my tools\\e.exe\" /x", u"Editor", u"\"C:\\my tools\\e.exe\" /x"},
         {u"HistFile=\"C:\\no such\\hist\"", u"HistFile", u"C:\\no such\\hist"},
-        {u"TreePath=\"C:\\jp tree\"", u"TreePath", u"C:\\jp tree"},
+        {u"TreePath=\"C:\\my tree\"", u"TreePath", u"C:\\my tree"},
     };
     for (const Accepted& one : cases) {
         Shell shell;
-        shell.world.directories = {u"C:\\jp tree"};
+        shell.world.directories = {u"C:\\my tree"};
         EXPECT_EQ(shell.Line(one.line), 0);
         EXPECT_EQ(shell.Value(one.name), one.value);
     }
@@ -87,9 +87,9 @@ TEST(IniLine, RefusedValuesKeepTheOldOne)
     };
     for (const Refused& one : cases) {
         Shell shell;
-        shell.world.directories = {u"C:\\jp"};
+        shell.world.directories = {u"C:\\tree"};
         shell.Line(u"ErrorColors=green on blue");
-        shell.Line(u"TreePath=C:\\jp");
+        shell.Line(u"TreePath=C:\\tree");
         shell.Line(u"HistDups=First");
         shell.reader.source = {SettingOrigin::Command, 0, 0};
         const std::u16string before = shell.Value(one.name);
@@ -116,9 +116,9 @@ TEST(IniLine, UnknownNames)
 TEST(IniLine, EmptyTextsAreNotSet)
 {
     Shell shell;
-    shell.world.directories = {u"C:\\jp"};
+    shell.world.directories = {u"C:\\tree"};
     const std::u16string_view texts[][2] = {{u"Editor=x", u"Editor="},
-                                            {u"TreePath=C:\\jp", u"TreePath="},
+                                            {u"TreePath=C:\\tree", u"TreePath="},
                                             {u"MailPassword=x", u"MailPassword = "}};
     for (const auto& one : texts) {
         ASSERT_EQ(shell.Line(one[0]), 0);
