@@ -21,24 +21,24 @@ set(MOVACORE_PURE_ROOMS
   src/core/redirection_parser.cpp
   src/core/separators.cpp
   src/core/substitution.cpp
-  src/lifecycle/start_options.cpp
-  src/files/directory_name.cpp
-  src/files/text_pieces.cpp
   src/expand/arrays.cpp
-  src/expand/packed_list.cpp
-  src/expand/typed_value.cpp
-  src/files/regex.cpp
-  src/files/wildcards.cpp
-  src/platform/process_line.cpp
   src/expand/delayed_expansion.cpp
   src/expand/expander.cpp
   src/expand/expander_references.cpp
   src/expand/expansion.cpp
   src/expand/modifiers.cpp
+  src/expand/packed_list.cpp
   src/expand/parameters.cpp
   src/expand/path_modifiers.cpp
+  src/expand/typed_value.cpp
   src/expand/variable_names.cpp
   src/expand/work_line.cpp
+  src/files/directory_name.cpp
+  src/files/regex.cpp
+  src/files/text_pieces.cpp
+  src/files/wildcards.cpp
+  src/lifecycle/start_options.cpp
+  src/platform/process_line.cpp
 )
 
 file(GLOB movacoreTextRooms CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/text/*.cpp)

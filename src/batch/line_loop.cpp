@@ -87,14 +87,6 @@ int PrepareFrame(TLS_VARIABLES& tls, unsigned mode)
     return result::success;
 }
 
-// An exit code is any number; as a result it must not pass for one of the codes that end lines.
-int ResultOfExitCode(unsigned exitCode)
-{
-    const int code = static_cast<int>(exitCode);
-    const bool reserved = EndsLine(code) || code == result::returned || code == result::handled;
-    return reserved ? result::error : code;
-}
-
 // Runs the current frame, and whatever is chained in its place, to the end.
 int RunFrame(TLS_VARIABLES& tls)
 {

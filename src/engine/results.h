@@ -23,6 +23,16 @@ constexpr unsigned notMine = 0xFEDCBA98u;  // a plug-in does not know the name
 // Whether the rest of the line is to be abandoned.
 constexpr bool EndsLine(int code) { return code == result::abandonLine || code == result::abandonBatch; }
 
+// The exit code of a program or batch file as a result: any number, but none that would pass for one of the
+// codes above.
+constexpr int ResultOfExitCode(unsigned exitCode)
+{
+    const int code = static_cast<int>(exitCode);
+    const bool reserved = EndsLine(code) || code == result::returned || code == result::handled ||
+                          code == result::keepErrorLevel || code == result::notInternal;
+    return reserved ? result::error : code;
+}
+
 // Reports an error on standard error and answers result::error. Codes of lang/messages.h are the shell's
 // own; others are Windows error numbers, and a code below 1 stands for the thread's last error. The argument
 // takes the place of "%1" in the text, or follows it in quotes.

@@ -170,6 +170,9 @@ struct TLS_VARIABLES {
     StandardInputEncoding inputEncoding;
     std::uint64_t nextYield = 0;    // Ticks() when queued calls get their next turn
     void* runningProcesses[2] = {}; // handles of the children started for the current command
+    bool titleHeld = false;         // commands leave the window title alone
+    unsigned startedProcess = 0;    // process id of the last START, 0 before the first
+    unsigned detachedProcess = 0;   // the same of DETACH
 
     BATCH_FRAME* Frame() { return batchIndex < 0 ? nullptr : &frames[static_cast<std::size_t>(batchIndex)]; }
 };

@@ -63,6 +63,7 @@ constexpr unsigned iniColor = 0x20000072;            // 3114
 constexpr unsigned iniPath = 0x20000073;             // 3115
 constexpr unsigned iniInclude = 0x20000074;          // 3116
 constexpr unsigned iniIncludeDepth = 0x20000075;     // 3117
+constexpr unsigned noInterpreter = 0x2000005F;       // 3095
 } // namespace errors
 
 namespace message {

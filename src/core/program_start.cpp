@@ -1,0 +1,227 @@
+#include "core/program_start.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include "core/association_template.h"
+#include "core/associations.h"
+#include "core/executable_type.h"
+#include "core/zone.h"
+#include "engine/batch_entry.h"
+#include "engine/break.h"
+#include "engine/console_entry.h"
+#include "engine/inifile.h"
+#include "engine/output.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "platform/environment.h"
+#include "platform/file_facts.h"
+#include "platform/lazy_library.h"
+#include "platform/process.h"
+#include "platform/process_line.h"
+#include "platform/standard_handles.h"
+#include "text/compare.h"
+#include "text/path_names.h"
+
+namespace {
+
+constinit LazyFunction<decltype(ShellExecuteExW)> shellExecute(libraries::shell32, "ShellExecuteExW");
+
+// A variable that has another value for a moment.
+class TemporaryVariable {
+public:
+    TemporaryVariable(std::u16string_view variable, std::u16string_view value) : name(variable)
+    {
+        existed = ReadEnvironment(name, before);
+        WriteEnvironment(name, value);
+    }
+    TemporaryVariable(const TemporaryVariable&) = delete;
+    TemporaryVariable& operator=(const TemporaryVariable&) = delete;
+    ~TemporaryVariable()
+    {
+        if (existed)
+            WriteEnvironment(name, before);
+        else
+            RemoveEnvironment(name);
+    }
+
+private:
+    CString name;
+    CString before;
+    bool existed;
+};
+
+// Shows a child to the break handling for as long as it runs.
+class RunningProcess {
+public:
+    explicit RunningProcess(HANDLE process) : place(FreePlace()) { *place = process; }
+    RunningProcess(const RunningProcess&) = delete;
+    RunningProcess& operator=(const RunningProcess&) = delete;
+    ~RunningProcess() { *place = nullptr; }
+
+private:
+    static void** FreePlace()
+    {
+        TLS_VARIABLES& tls = Tls();
+        return &tls.runningProcesses[tls.runningProcesses[0] ? 1 : 0];
+    }
+
+    void** place;
+};
+
+// Holds breaks back while it lives; the next step of the line sees them.
+class HeldSignals {
+public:
+    HeldSignals() : wereHeld(Tls().signalsHeld) { HoldSignals(); }
+    HeldSignals(const HeldSignals&) = delete;
+    HeldSignals& operator=(const HeldSignals&) = delete;
+    ~HeldSignals()
+    {
+        if (!wereHeld)
+            EnableSignals();
+    }
+
+private:
+    bool wereHeld;
+};
+
+bool MustWait(bool windowed)
+{
+    return !windowed || Tls().Frame() || aIniFile.ExecWait || aGlobals.alwaysWait;
+}
+
+// A console program gets the same Ctrl+C as we do and may have its own use for it: its end is waited for, and
+// then the break counts. A windowed one hears nothing of it, and waiting is what the user wants to break.
+bool WaitForEnd(ChildProcess& child, bool windowed)
+{
+    const RunningProcess running(child.Get());
+    if (windowed)
+        return child.Wait(tty_yield);
+    bool ended = false;
+    {
+        const HeldSignals held;
+        ended = child.Wait(tty_yield);
+    }
+    ThrowIfBroken();
+    return ended;
+}
+
+int Finish(ChildProcess& child, bool windowed, const CString& program)
+{
+    TLS_VARIABLES& tls = Tls();
+    if (!MustWait(windowed))
+        return tls.errorLevel = result::success;
+    if (!WaitForEnd(child, windowed)) {
+        const unsigned code = GetLastError();
+        tls.errorLevel = static_cast<int>(code);
+        return MVError(code, program);
+    }
+    const unsigned exitCode = child.ExitCode().value_or(0);
+    tls.errorLevel = static_cast<int>(exitCode);
+    return ResultOfExitCode(exitCode);
+}
+
+unsigned StartProgram(ChildProcess& child, const CString& program, const CString& commandLine)
+{
+    ProcessStart start;
+    start.program = SystemPath(program);
+    start.commandLine = commandLine;
+    start.creation = CREATE_DEFAULT_ERROR_MODE;
+    return child.Start(start);
+}
+
+// A document whose program runs in a console is run by that program directly: it then has our handles, is
+// waited for, and has an exit code.
+bool StartAssociated(ChildProcess& child, const CString& file, const CString& arguments)
+{
+    Association association;
+    if (!MyFindExecutable(file, association) || association.needsShell)
+        return false;
+    CString program = association.program;
+    if (!HasDirectory(program))
+        return false;
+    const int type = GetExeType(program);
+    if (type == program_type::notAProgram || program_type::IsWindowed(type))
+        return false;
+    const CString line = FillAssociation(association.commandTemplate, file, arguments, CurrentDirectory());
+    return StartProgram(child, program, line) == 0;
+}
+
+// What CreateProcess cannot start: a document, or a program that wants more rights.
+int OpenDocument(const CString& file, const CString& arguments, unsigned reason)
+{
+    ChildProcess child;
+    if (StartAssociated(child, file, arguments))
+        return Finish(child, false, file);
+    TLS_VARIABLES& tls = Tls();
+    tls.errorLevel = static_cast<int>(reason);
+    if (OpenThroughShell(file, arguments, SW_SHOWNORMAL) != 0)
+        return MVError(reason, file);
+    return tls.errorLevel = result::success;
+}
+
+} // namespace
+
+int External(const CString& program, const CString& arguments, const CString& commandLine,
+             const CString& extraPaths)
+{
+    CloseBatchFile();
+    TLS_VARIABLES& tls = Tls();
+    if (!IsZoneAccepted(program))
+        return tls.errorLevel = result::error;
+    const int type = GetExeType(program);
+    const std::u16string_view extension = ExtensionPart(program);
+    const bool mayBeProgram = type != program_type::notAProgram || EqualNoCase(extension, u".exe");
+    if (!mayBeProgram)
+        return OpenDocument(program, arguments, ERROR_BAD_EXE_FORMAT);
+
+    ChildProcess child;
+    unsigned code = 0;
+    if (extraPaths.empty()) {
+        code =
+            StartProgram(child, program, commandLine.empty() ? ProcessLine(program, arguments) : commandLine);
+    } else {
+        CString path;
+        ReadEnvironment(u"PATH", path);
+        const TemporaryVariable longerPath(u"PATH", CString(extraPaths) + u";" + path.view());
+        code = StartProgram(child, program, ProcessLine(program, arguments));
+    }
+    if (code != 0)
+        return OpenDocument(program, arguments, code);
+    return Finish(child, program_type::IsWindowed(type), program);
+}
+
+unsigned OpenThroughShell(const CString& file, const CString& arguments, int showWindow, const CString& verb,
+                          const CString& directory)
+{
+    SHELLEXECUTEINFOW info = {};
+    info.cbSize = sizeof info;
+    info.fMask = SEE_MASK_NOASYNC;
+    // Nobody could answer its boxes.
+    if (KindOfHandle(StandardHandle(0)) != HandleKind::Console)
+        info.fMask |= SEE_MASK_FLAG_NO_UI;
+    info.lpVerb = verb.empty() ? nullptr : verb.w();
+    info.lpFile = file.w();
+    info.lpParameters = arguments.w();
+    info.lpDirectory = directory.empty() ? nullptr : directory.w();
+    info.nShow = showWindow;
+    return shellExecute(&info) ? 0 : GetLastError();
+}
+
+int GotoURL(std::u16string_view url)
+{
+    const unsigned code = OpenThroughShell(CString(url), {}, SW_SHOWNORMAL);
+    if (code == 0)
+        return Tls().errorLevel = result::success;
+    Tls().errorLevel = static_cast<int>(code);
+    return MVError(code, url);
+}
+
+bool IsZoneAccepted(const CString& program)
+{
+    if (aIniFile.ZoneId == 0 || ZoneOfFile(program) < static_cast<int>(aIniFile.ZoneId))
+        return true;
+    PrintError(LoadMessage(message::zoneWarning, program) + u"\r\n");
+    return QueryInputChar(message::confirm, program, u"YN", u'N') == u'Y';
+}

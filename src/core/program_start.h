@@ -1,0 +1,25 @@
+// Starting one program whose file is known, waiting for it as the rules ask, and taking over its exit code.
+#pragma once
+
+#include <string_view>
+
+#include "text/cstring.h"
+
+// Starts a program, or opens a document with its program, and waits unless it is a windowed one started from
+// the prompt. The arguments go to it as they stand, in `commandLine` when that is not empty, else behind the
+// program's name. The exit code becomes the error level; answers a result of the command. `extraPaths` stands
+// in front of PATH while the program is started.
+int External(const CString& program, const CString& arguments, const CString& commandLine = {},
+             const CString& extraPaths = {});
+
+// Opens a URL with the program that the user has chosen for it.
+int GotoURL(std::u16string_view url);
+
+// Opens a file through the Windows shell: the Windows error that prevented it, or 0. `verb` "" is the
+// default.
+unsigned OpenThroughShell(const CString& file, const CString& arguments, int showWindow,
+                          const CString& verb = {}, const CString& directory = {});
+
+// Whether the file may be run as far as the mark of its origin goes: the user was asked where the ZoneId
+// setting wants it.
+bool IsZoneAccepted(const CString& program);
