@@ -21,6 +21,10 @@ set(MOVACORE_PURE_ROOMS
   src/core/redirection_parser.cpp
   src/core/separators.cpp
   src/core/substitution.cpp
+  src/lifecycle/start_options.cpp
+  src/files/dates.cpp
+  src/files/directory_name.cpp
+  src/files/text_pieces.cpp
   src/expand/arrays.cpp
   src/expand/delayed_expansion.cpp
   src/expand/expander.cpp
