@@ -97,7 +97,7 @@ void BindParameters(BATCH_FRAME& frame, std::u16string_view names, std::u16strin
                                      : GetNthArgument(arguments, number, syntax);
         if (value.empty())
             value = emptyParameter;
-        WriteEnvironment(ParameterVariable(name), value);
+        WriteEnvironment(ParameterVariable(Tls().batchIndex, name), value);
         ++number;
     }
 }
@@ -136,21 +136,19 @@ int FindLabel(std::u16string_view arguments, LabelSearch mode)
     return result::success;
 }
 
-CString ParameterVariable(std::u16string_view parameter)
+CString ParameterVariable(int frameIndex, std::u16string_view parameter)
 {
-    TLS_VARIABLES& tls = Tls();
+    const BATCH_FRAME& frame = Tls().frames[static_cast<std::size_t>(frameIndex)];
     CString name;
-    name.Append(static_cast<char16_t>(tls.batchIndex + 1));
-    name.Append(static_cast<char16_t>(tls.Frame()->labels.size() + 1));
+    name.Append(static_cast<char16_t>(frameIndex + 1));
+    name.Append(static_cast<char16_t>(frame.labels.size() + 1));
     return name.Append(parameter);
 }
 
-void RemoveParameters()
+void RemoveParameters(int frameIndex)
 {
-    BATCH_FRAME* frame = Tls().Frame();
-    if (!frame || frame->parameterNames.empty())
-        return;
-    for (const CString& name : SplitArguments(frame->parameterNames, false, CurrentSyntax()))
-        RemoveEnvironment(ParameterVariable(name));
-    frame->parameterNames.Clear();
+    BATCH_FRAME& frame = Tls().frames[static_cast<std::size_t>(frameIndex)];
+    for (const CString& name : SplitArguments(frame.parameterNames, false, CurrentSyntax()))
+        RemoveEnvironment(ParameterVariable(frameIndex, name));
+    frame.parameterNames.Clear();
 }

@@ -16,9 +16,9 @@ constexpr int noLabelGiven = 1;
 // noLabelGiven, result::error (a missing label), or result::abandonBatch when the file cannot be opened.
 int FindLabel(std::u16string_view arguments, LabelSearch mode);
 
-// Removes the parameter variables of the innermost subroutine and forgets their names.
-void RemoveParameters();
+// Removes the parameter variables of a frame's innermost subroutine and forgets their names.
+void RemoveParameters(int frameIndex);
 
-// The name of the environment variable that holds a parameter of the innermost subroutine.
+// The name of the environment variable that holds a parameter of a frame's innermost subroutine.
 class CString;
-CString ParameterVariable(std::u16string_view parameter);
+CString ParameterVariable(int frameIndex, std::u16string_view parameter);

@@ -5,7 +5,10 @@
 
 #include <windows.h>
 
+#include "engine/tables.h"
+#include "expand/lists.h"
 #include "platform/environment.h"
+#include "platform/file_facts.h"
 #include "text/compare.h"
 #include "text/words.h"
 
@@ -18,12 +21,16 @@ std::u16string_view ValueOf(std::u16string_view entry)
     return end == entry.npos ? std::u16string_view() : entry.substr(end + 1);
 }
 
-CString CurrentDirectory()
+// Watched variables take effect at once, here as when they are set.
+void ChangeVariable(std::u16string_view name, std::u16string_view value)
 {
-    CString directory;
-    const DWORD size = GetCurrentDirectoryW(0, nullptr);
-    directory.SetLength(GetCurrentDirectoryW(size, reinterpret_cast<wchar_t*>(directory.Edit(size))));
-    return directory;
+    const int watched = FindRow(aWatchedVariables, nWatchedVariables, name);
+    if (watched >= 0)
+        aWatchedVariables[watched].changing(value);
+    if (value.empty())
+        RemoveEnvironment(name);
+    else
+        WriteEnvironment(name, value);
 }
 
 // The entry of the same name among those not yet paired; it is taken out.
@@ -60,27 +67,26 @@ void RestoreEnvironment(const std::vector<CString>& before)
     for (const CString* entry : changed) {
         const CString* old = TakeEntry(wanted, NameOf(*entry));
         if (!old)
-            RemoveEnvironment(NameOf(*entry));
+            ChangeVariable(NameOf(*entry), {});
         else if (!(*old == *entry))
-            WriteEnvironment(NameOf(*old), ValueOf(*old));
+            ChangeVariable(NameOf(*old), ValueOf(*old));
     }
     for (const CString* entry : wanted)
         if (entry)
-            WriteEnvironment(NameOf(*entry), ValueOf(*entry));
+            ChangeVariable(NameOf(*entry), ValueOf(*entry));
 }
 
 struct CarriedVariable {
     CString name;
-    CString value;
-    bool exists;
+    CString value; // empty when there is none
 };
 
 std::vector<CarriedVariable> ReadCarried(std::u16string_view names)
 {
     std::vector<CarriedVariable> carried;
     for (const CString& name : SplitArguments(names, true, CurrentSyntax())) {
-        CarriedVariable variable{name, CString(), false};
-        variable.exists = ReadEnvironment(name, variable.value);
+        CarriedVariable variable{name, CString()};
+        ReadEnvironment(name, variable.value);
         carried.push_back(std::move(variable));
     }
     return carried;
@@ -100,6 +106,9 @@ void BeginLocalEnvironment(LocalEnvironments& open)
     LocalEnvironment local;
     local.variables = EnvironmentEntries();
     local.directory = CurrentDirectory();
+    local.keepsAliases = QueryListExists(VariableStore::LocalAliases);
+    if (local.keepsAliases)
+        local.aliases = SaveLocalList(ListKind::Aliases);
     local.delayedExpansion = aGlobals.delayedExpansion != 0;
     local.extensions = aGlobals.cmdExtensions != 0;
     open.push_back(std::move(local));
@@ -115,12 +124,10 @@ bool EndLocalEnvironment(LocalEnvironments& open, std::u16string_view carried)
     if (!(CurrentDirectory() == local.directory))
         SetCurrentDirectoryW(local.directory.w());
     RestoreEnvironment(local.variables);
-    for (const CarriedVariable& variable : kept) {
-        if (variable.exists)
-            WriteEnvironment(variable.name, variable.value);
-        else
-            RemoveEnvironment(variable.name);
-    }
+    for (const CarriedVariable& variable : kept)
+        ChangeVariable(variable.name, variable.value);
+    if (local.keepsAliases)
+        RestoreLocalList(ListKind::Aliases, local.aliases);
     aGlobals.delayedExpansion = local.delayedExpansion ? 1 : 0;
     aGlobals.cmdExtensions = local.extensions ? 1 : 0;
     return true;
@@ -144,10 +151,6 @@ void SaveVariable(BATCH_FRAME& frame, std::u16string_view name)
 
 void RestoreSavedVariables(BATCH_FRAME& frame)
 {
-    for (const CString& saved : std::exchange(frame.savedVariables, {})) {
-        if (ValueOf(saved).empty())
-            RemoveEnvironment(NameOf(saved));
-        else
-            WriteEnvironment(NameOf(saved), ValueOf(saved));
-    }
+    for (const CString& saved : std::exchange(frame.savedVariables, {}))
+        ChangeVariable(NameOf(saved), ValueOf(saved));
 }

@@ -6,12 +6,15 @@
 // one behind that switch; then "dirs", "aliases", "variables", "functions", "*" for any file, or extensions.
 #include <iterator>
 
+#include "commands/batch_control.h"
 #include "commands/commands_list.h"
 #include "commands/directory.h"
 #include "commands/echo.h"
 #include "commands/exit.h"
+#include "commands/goto_call.h"
 #include "commands/help.h"
 #include "commands/if.h"
+#include "commands/local.h"
 #include "commands/path.h"
 #include "commands/prompt.h"
 #include "commands/remark.h"
@@ -37,9 +40,9 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"BREAKPOINT", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
     {u"BTMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"BZIP2", Unbuilt_Command, 0x82007, 1, u"[1] bz2 dirs [2*] *", &unbuiltHelp},
-    {u"CALL", Unbuilt_Command, 0x1600221, 1, u"", &unbuiltHelp},
-    {u"CALLER", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
-    {u"CANCEL", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
+    {u"CALL", Call_Command, 0x1600221, 1, u"", &callHelp},
+    {u"CALLER", Caller_Command, 0x402047, 1, u"", &callerHelp},
+    {u"CANCEL", Cancel_Command, 0x402047, 1, u"", &cancelHelp},
     {u"CAPTURE", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"CASE", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
     {u"CASEALL", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
@@ -62,7 +65,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DEBUGSTRING", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"DEDUPE", Unbuilt_Command, 0x2107, 1, u"dirs", &unbuiltHelp},
     {u"DEFAULT", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
-    {u"DEFER", Unbuilt_Command, 0x402064, 1, u"", &unbuiltHelp},
+    {u"DEFER", Defer_Command, 0x402064, 1, u"", &deferHelp},
     {u"DEL", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
     {u"DELAY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"DESCRIBE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
@@ -86,7 +89,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"ECHOX", Echox_Command, 0x0, 1, u"", &echoxHelp},
     {u"ECHOXERR", Echoxerr_Command, 0x0, 1, u"", &echoxerrHelp},
     {u"EJECTMEDIA", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"ENDLOCAL", Unbuilt_Command, 0x600007, 1, u"", &unbuiltHelp},
+    {u"ENDLOCAL", Endlocal_Command, 0x600007, 1, u"", &endlocalHelp},
     {u"ENDSWITCH", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
     {u"ENUMPROCESSES", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ENUMSERVERS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -112,8 +115,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"FTYPE", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
     {u"FUNCTION", Unbuilt_Command, 0x1002007, 1, u"[/r] * [1] functions [2*] *", &unbuiltHelp},
     {u"GLOBAL", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
-    {u"GOSUB", Unbuilt_Command, 0x1402047, 1, u"[1] btm cmd bat dirs [2*] *", &unbuiltHelp},
-    {u"GOTO", Unbuilt_Command, 0x602047, 1, u"", &unbuiltHelp},
+    {u"GOSUB", Gosub_Command, 0x1402047, 1, u"[1] btm cmd bat dirs [2*] *", &gosubHelp},
+    {u"GOTO", Goto_Command, 0x602047, 1, u"", &gotoHelp},
     {u"GZIP", Unbuilt_Command, 0x82007, 1, u"[1] gz dirs [2*] *", &unbuiltHelp},
     {u"HASH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"HEAD", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
@@ -139,9 +142,9 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"LIBRARY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"LINKS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"LIST", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
-    {u"LOADBTM", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
+    {u"LOADBTM", Loadbtm_Command, 0x402047, 1, u"", &loadbtmHelp},
     {u"LOADMEDIA", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"LOCAL", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
+    {u"LOCAL", Local_Command, 0x402047, 1, u"", &localHelp},
     {u"LOCKMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"LOG", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"LOOKUPERRORS", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
@@ -188,7 +191,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"PSUBST", Unbuilt_Command, 0x2107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
     {u"PUSHD", Pushd_Command, 0x606307, 1, u"dirs", &pushdHelp},
     {u"QUERYBOX", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"QUIT", Unbuilt_Command, 0x402007, 1, u"", &unbuiltHelp},
+    {u"QUIT", Quit_Command, 0x402007, 1, u"", &quitHelp},
     {u"RANDOM", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"RD", Unbuilt_Command, 0x282327, 1, u"dirs", &unbuiltHelp},
     {u"REBOOT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -202,7 +205,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"REPEAT", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
     {u"RESOLUTION", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RESTOREPOINT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"RETURN", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
+    {u"RETURN", Ret_Command, 0x402047, 1, u"", &returnHelp},
     {u"REXEC", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RMDIR", Unbuilt_Command, 0x282327, 1, u"dirs", &unbuiltHelp},
     {u"RSHELL", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -220,9 +223,9 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SETARRAY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"SETDOS", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"SETERROR", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"SETLOCAL", Unbuilt_Command, 0x602107, 1, u"", &unbuiltHelp},
+    {u"SETLOCAL", Setlocal_Command, 0x602107, 1, u"", &setlocalHelp},
     {u"SETP", Unbuilt_Command, 0x2007, 1, u"[1] variables [2*] *", &unbuiltHelp},
-    {u"SHIFT", Unbuilt_Command, 0x602047, 1, u"", &unbuiltHelp},
+    {u"SHIFT", Shift_Command, 0x602047, 1, u"", &shiftHelp},
     {u"SHORTCUT", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"SHRALIAS", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"SMPP", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},

@@ -110,6 +110,10 @@ int TakeResult(int code, unsigned flags)
     TLS_VARIABLES& tls = Tls();
     if (code == result::returned)
         return result::abandonBatch;
+    if (code == result::fromSubroutine) {
+        tls.lastInternalResult = tls.subroutineResult;
+        return result::success;
+    }
     const bool marks = EndsLine(code) || code == result::handled || code == result::keepErrorLevel;
     tls.lastInternalResult = marks ? result::success : code;
     if (code == result::keepErrorLevel)

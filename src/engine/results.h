@@ -13,6 +13,7 @@ constexpr int success = 0;
 constexpr int error = 2;                   // failed, already reported
 constexpr int abandonLine = 4095;          // the rest of the line does not run
 constexpr int handled = 26214;             // dealt with; counts as success
+constexpr int fromSubroutine = 26215;      // GOSUB came back: success, and %_? is what RETURN gave
 constexpr int abandonBatch = 31420;        // the line and the batch line loop end
 constexpr int returned = 31421;            // from RETURN; the dispatcher makes it abandonBatch
 constexpr int keepErrorLevel = 0x4F4F4F4F; // success that leaves the error level alone
