@@ -97,19 +97,7 @@ int GoTo(std::u16string_view name, OtherDrive otherDrive)
     return result::success;
 }
 
-int ShowEveryDrive()
-{
-    CString text;
-    for (const char16_t letter : AllDrives())
-        text.Append(DirectoryOfDrive(letter)).Append(u"\r\n");
-    return Print(text) ? result::success : MVError(0);
-}
-
-int ShowLine(std::u16string_view text) { return PrintLine(text) ? result::success : MVError(0); }
-
-} // namespace
-
-int ChangeDrive(char16_t letter)
+int GoToDrive(char16_t letter)
 {
     const CString old = CurrentDirectory();
     const CString kept = DirectoryOfDrive(letter);
@@ -123,13 +111,29 @@ int ChangeDrive(char16_t letter)
     return result::success;
 }
 
-int ChangeDirectory(std::u16string_view name)
+int GoAnywhere(std::u16string_view name)
 {
     const CString clean = CleanDirectoryName(name);
     if (clean.size() == 2 && DriveLetter(clean))
-        return ChangeDrive(clean[0]);
+        return GoToDrive(clean[0]);
     return GoTo(name, OtherDrive::GoThere);
 }
+
+int ShowEveryDrive()
+{
+    CString text;
+    for (const char16_t letter : AllDrives())
+        text.Append(DirectoryOfDrive(letter)).Append(u"\r\n");
+    return Print(text) ? result::success : MVError(0);
+}
+
+int ShowLine(std::u16string_view text) { return PrintLine(text) ? result::success : MVError(0); }
+
+} // namespace
+
+int ChangeDrive(char16_t letter) { return Tls().errorLevel = GoToDrive(letter); }
+
+int ChangeDirectory(std::u16string_view name) { return Tls().errorLevel = GoAnywhere(name); }
 
 int Cd_Command(CString& arguments)
 {
@@ -142,7 +146,7 @@ int Cd_Command(CString& arguments)
     const bool goThere = flags & 1;
     if (name.size() == 2 && DriveLetter(name) && !goThere)
         return DriveExists(name[0]) ? ShowLine(DirectoryOfDrive(name[0])) : MVError(0, name);
-    return goThere || name == u"-" ? ChangeDirectory(arguments) : GoTo(arguments, OtherDrive::StayHere);
+    return goThere || name == u"-" ? GoAnywhere(arguments) : GoTo(arguments, OtherDrive::StayHere);
 }
 
 int Cdd_Command(CString& arguments)
@@ -154,7 +158,7 @@ int Cdd_Command(CString& arguments)
         return ShowEveryDrive();
     if (CleanDirectoryName(arguments).empty())
         return ShowLine(CurrentDirectory());
-    return ChangeDirectory(arguments);
+    return GoAnywhere(arguments);
 }
 
 int Pushd_Command(CString& arguments)
@@ -163,7 +167,7 @@ int Pushd_Command(CString& arguments)
     if (aTexts.directoryStack.size() >= maximumDirectoryStack)
         return MVError(errors::directoryStackFull);
     if (!CleanDirectoryName(arguments).empty()) {
-        if (const int code = ChangeDirectory(arguments))
+        if (const int code = GoAnywhere(arguments))
             return code;
     }
     aTexts.directoryStack.push_back(old);

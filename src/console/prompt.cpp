@@ -8,14 +8,17 @@
 
 #include "console/prompt_codes.h"
 #include "engine/console_entry.h"
+#include "engine/country.h"
 #include "engine/expansion_entry.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "engine/version.h"
+#include "platform/clock.h"
 #include "platform/directory.h"
 #include "platform/environment.h"
 #include "platform/file_facts.h"
 #include "platform/lazy_library.h"
+#include "platform/national.h"
 #include "text/compare.h"
 #include "text/format.h"
 #include "text/numbers.h"
@@ -33,23 +36,17 @@ std::int64_t NestingLevel()
 
 class PresentFacts : public PromptFacts {
 public:
-    PresentFacts() { GetLocalTime(&now); }
-
-    CString Date() override
-    {
-        CString date;
-        constexpr int longest = 80;
-        const int length = GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &now, nullptr,
-                                          reinterpret_cast<wchar_t*>(date.Edit(longest)), longest);
-        date.SetLength(length > 0 ? static_cast<std::size_t>(length) - 1 : 0);
-        return date;
-    }
-    CString IsoDate() override { return Format(u"%04u-%02u-%02u", now.wYear, now.wMonth, now.wDay); }
+    CString Date() override { return ShortDate(now); }
+    CString IsoDate() override { return Format(u"%04d-%02d-%02d", now.year, now.month, now.day); }
     CString Time() override
     {
-        return Format(u"%02u:%02u:%02u.%02u", now.wHour, now.wMinute, now.wSecond, now.wMilliseconds / 10);
+        return Format(u"%s%c%02d%c%02d", ShortTime(), country.timeSeparator, now.second, country.decimal,
+                      now.millisecond / 10);
     }
-    CString ShortTime() override { return Format(u"%02u:%02u", now.wHour, now.wMinute); }
+    CString ShortTime() override
+    {
+        return Format(u"%02d%c%02d", now.hour, country.timeSeparator, now.minute);
+    }
     CString Directory() override { return CurrentDirectory(); }
     CString DirectoryOf(char16_t drive) override { return DirectoryOfDrive(drive); }
     CString RemoteName() override;
@@ -65,7 +62,8 @@ public:
     std::size_t StackDepth() override { return aTexts.directoryStack.size(); }
 
 private:
-    SYSTEMTIME now;
+    const ClockTime now = LocalTime();
+    const NationalSettings country = Country();
 };
 
 CString PresentFacts::RemoteName()

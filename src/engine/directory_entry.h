@@ -1,4 +1,5 @@
 // Changing drive and directory: declared here for the dispatcher ("d:", AutoCDD), defined in commands/.
+// Both set the error level, as CDD does.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,7 @@
 #include "platform/directory.h"
 
+#include <algorithm>
+
 #include <windows.h>
 
 #include "platform/environment.h"
@@ -22,12 +24,38 @@ CString WithoutTrailingSeparator(CString path)
     return path;
 }
 
-// The name in the letter case of the disk, short names made long.
+// Where the names begin behind the root: "C:\\", or "\\\\server\\share\\".
+std::size_t RootLength(std::u16string_view path)
+{
+    if (BeginsWithDrive(path))
+        return 3;
+    std::size_t at = path.find(u'\\', 2);
+    at = at == CString::npos ? at : path.find(u'\\', at + 1);
+    return at == CString::npos ? path.size() : at + 1;
+}
+
+// The name in the letter case of the disk, short names made long. Each component is looked for on its own:
+// the system's function for long names leaves the case as it is given.
 CString NameOnDisk(const CString& path)
 {
-    CString name = LongPathName(path);
+    CString name = path.Substr(0, RootLength(path));
     if (BeginsWithDrive(name))
         name.Set(0, UpperCase(name[0]));
+    std::size_t at = name.size();
+    while (at < path.size()) {
+        const std::size_t end = std::min(path.Find(u'\\', at), path.size());
+        const std::u16string_view component = path.view().substr(at, end - at);
+        WIN32_FIND_DATAW entry;
+        const OwnedFindHandle search(FindFirstFileExW(SystemPath(name + component).w(), FindExInfoBasic,
+                                                      &entry, FindExSearchNameMatch, nullptr, 0));
+        if (search)
+            name += reinterpret_cast<const char16_t*>(entry.cFileName);
+        else
+            name += component;
+        if (end < path.size())
+            name += u'\\';
+        at = end + 1;
+    }
     return name;
 }
 
@@ -59,6 +87,7 @@ CString DirectoryOfDrive(char16_t letter)
 bool MakeCurrent(std::u16string_view directory)
 {
     CString path = WithoutTrailingSeparator(FullPathName(directory));
+    RememberForDrive(CurrentDirectory()); // the drive that is left may never have been remembered
     if (!SetCurrentDirectoryW(path.w()))
         return false;
     path = NameOnDisk(path);

@@ -63,3 +63,17 @@ CString MonthName(int month, bool abbreviated)
     const LCTYPE first = abbreviated ? LOCALE_SABBREVMONTHNAME1 : LOCALE_SMONTHNAME1;
     return LocaleText(first + static_cast<LCTYPE>(month - 1));
 }
+
+CString ShortDate(const ClockTime& day)
+{
+    SYSTEMTIME date = {};
+    date.wYear = static_cast<WORD>(day.year);
+    date.wMonth = static_cast<WORD>(day.month);
+    date.wDay = static_cast<WORD>(day.day);
+    constexpr int longest = 80;
+    CString text;
+    const int length = GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &date, nullptr,
+                                      reinterpret_cast<wchar_t*>(text.Edit(longest)), longest);
+    text.SetLength(length > 0 ? static_cast<std::size_t>(length) - 1 : 0);
+    return text;
+}

@@ -1,6 +1,7 @@
 // How the user's country writes dates, times and numbers.
 #pragma once
 
+#include "platform/clock.h"
 #include "text/cstring.h"
 
 enum class DateOrder { MonthDayYear, DayMonthYear, YearMonthDay };
@@ -21,3 +22,6 @@ NationalSettings SystemNationalSettings();
 // Names in the user's language; `weekday` 0 is Sunday, `month` 1 is January.
 CString WeekdayName(int weekday, bool abbreviated);
 CString MonthName(int month, bool abbreviated);
+
+// The day as the user's settings write a short date.
+CString ShortDate(const ClockTime& day);
