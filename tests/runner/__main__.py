@@ -1,12 +1,14 @@
 """Runs golden scripts: python3 tests/runner [options] [file or folder...]. README.md tells about the format."""
 
 import argparse
+import contextlib
 import os
 import queue
 import re
 import sys
 import threading
 import time
+import traceback
 from pathlib import Path
 
 import bless
@@ -69,12 +71,18 @@ class Run:
         workers = [threading.Thread(target=self.work) for _ in range(self.arguments.workers)]
         for worker in workers:
             worker.start()
-        for number in range(len(self.cases)):
-            with self.changed:
-                self.changed.wait_for(lambda wanted=number: self.results[wanted] is not None)
-            self.report(self.cases[number], self.results[number])
-        for worker in workers:
-            worker.join()
+        try:
+            for number in range(len(self.cases)):
+                with self.changed:
+                    self.changed.wait_for(lambda wanted=number: self.results[wanted] is not None)
+                self.report(self.cases[number], self.results[number])
+        finally:
+            # Somebody who breaks off waits for the cases that run, no longer.
+            with contextlib.suppress(queue.Empty):
+                while True:
+                    self.waiting.get_nowait()
+            for worker in workers:
+                worker.join()
 
     def work(self):
         machine = None
@@ -87,8 +95,10 @@ class Run:
             try:
                 machine = machine or Machine(ROOT, self.arguments.bin)
                 result = Execution(machine, self.settings, self.cases[number], number).run()
-            except (tokens.TokenError, MachineError, OSError, UnicodeError) as error:
-                result = [Difference("cannot run", [str(error) or repr(error)])]
+            except (tokens.TokenError, MachineError) as error:
+                result = [Difference("cannot run", [str(error)])]
+            except Exception:  # whatever it is, the other cases must still be answered
+                result = [Difference("cannot run", traceback.format_exc().splitlines())]
             with self.changed:
                 self.results[number] = result
                 self.seconds[number] = time.monotonic() - started
