@@ -60,6 +60,7 @@ private:
     Step Execute();
     Step FollowConnector();
 
+    Step Fail(int code);
     void EndPass();
     void DropFirstCommand();
     void SkipRestOfTextLine();
@@ -164,7 +165,7 @@ bool CommandLine::BeginCommand()
     if (rest.empty())
         return false;
     if (commandsRun++ == mostCommands) {
-        lastResult = MVError(errors::tooManyCommands, rest);
+        Fail(MVError(errors::tooManyCommands, rest));
         return false;
     }
     command.Clear();
@@ -213,10 +214,8 @@ Step CommandLine::ExpandAlias()
     const std::size_t length = rest.size();
     const CString before(rest);
     const int code = ExpandAliases(rest);
-    if (code != 0) {
-        lastResult = code;
-        return Step::EndLine;
-    }
+    if (code != 0)
+        return Fail(code);
     if (rest.size() != length || !(rest == before))
         unexpandedTail = npos;
     return Step::Go;
@@ -340,10 +339,7 @@ Step CommandLine::CompleteBlocks()
         return Step::Go;
     rest.TrimRight(u" \t\r\n");
     const int code = CompleteBlock(rest);
-    if (code == result::success)
-        return Step::Go;
-    lastResult = code;
-    return Step::EndLine;
+    return code == result::success ? Step::Go : Fail(code);
 }
 
 // A line that begins with ENDLOCAL is expanded as a whole before the old environment comes back, so that
@@ -354,10 +350,7 @@ Step CommandLine::ExpandWhole()
         return Step::Go;
     unexpandedTail = 0;
     const int code = VariableExpansion(rest);
-    if (code == 0)
-        return Step::Go;
-    lastResult = result::error;
-    return Step::EndLine;
+    return code == 0 ? Step::Go : Fail(result::error);
 }
 
 // Parts the first command from what follows it; a pipe takes everything up to the next other connector.
@@ -393,10 +386,8 @@ Step CommandLine::Expand()
     if (expanded || (rowFlags & command_flags::expand) == 0)
         return Step::Go;
     const CString before(command);
-    if (VariableExpansion(command) != 0) {
-        lastResult = result::error;
-        return Step::EndLine;
-    }
+    if (VariableExpansion(command) != 0)
+        return Fail(result::error);
     if (command == before)
         return Step::Go;
     // A value may have brought a separator, a prefix or another command with it.
@@ -445,10 +436,7 @@ Step CommandLine::Redirect()
     int code = pipedTo.empty() ? result::success : redirections.StartPipe(pipedTo, pipeErrors);
     if (code == result::success && (rowFlags & command_flags::redirect) != 0)
         code = redirections.Apply(command, command.front() == u'(', syntax);
-    if (code == result::success)
-        return Step::Go;
-    lastResult = code;
-    return Step::EndLine;
+    return code == result::success ? Step::Go : Fail(code);
 }
 
 Step CommandLine::Execute()
@@ -484,6 +472,14 @@ Step CommandLine::FollowConnector()
         rest = end.at == npos ? CString() : rest.Substr(end.Behind());
     }
     return Step::Go;
+}
+
+// The command cannot run; its error, which was reported, ends the line.
+Step CommandLine::Fail(int code)
+{
+    lastResult = code;
+    Tls().errorLevel = result::error;
+    return Step::EndLine;
 }
 
 void CommandLine::EndPass()

@@ -28,7 +28,7 @@ int RunGroup(CString& command, const Syntax& syntax)
         return code;
     const std::size_t end = FindBlockEnd(command, 0, syntax);
     if (end == npos || command.view().find_first_not_of(u" \t\r\n)", end) != npos)
-        return MVError(errors::syntax, command);
+        return Tls().errorLevel = MVError(errors::syntax, command);
     return Command_S(command.Substr(1, end - 1), 0);
 }
 
@@ -134,7 +134,7 @@ int RunInternalCommand(const BUILTIN& row, CString& arguments)
     if ((flags & command_flags::help) != 0 && !IsEcho(row) && AsksForHelp(arguments, syntax))
         return NTInternalHelp(row);
     if ((flags & command_flags::batchOnly) != 0 && !tls.Frame())
-        return MVError(errors::batchOnly, row.name);
+        return tls.errorLevel = MVError(errors::batchOnly, row.name);
     if (!IsEcho(row))
         arguments.TrimLeft();
     return TakeResult(row.handler(arguments), flags);

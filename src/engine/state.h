@@ -214,6 +214,8 @@ struct GlobalTexts {
     CString lastArgument;                 // %!
     std::vector<CString> startDirectives; // "//Name=value"
     CString startIniFile;
+    CString startupFile; // MVSTART and MVEXIT as they were last run
+    CString exitFile;
     CString startCommand;                // the host's command line
     std::vector<CString> directoryStack; // PUSHD, innermost last
     CString standingTitle;               // of the window between commands; "" until it is first looked at

@@ -1,0 +1,61 @@
+// The user's start-up and exit files.
+#include "core/path_search.h"
+#include "engine/batch_entry.h"
+#include "engine/command_entry.h"
+#include "engine/inifile.h"
+#include "engine/state.h"
+#include "platform/environment.h"
+#include "text/compare.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+namespace {
+
+CString FolderOfShell()
+{
+    CString shell;
+    if (!ReadEnvironment(u"COMSPEC", shell) || shell.empty())
+        shell = aTexts.executable;
+    return CString(DirectoryPart(shell));
+}
+
+CString BootDrive()
+{
+    CString root;
+    return ReadEnvironment(u"SystemDrive", root) && !root.empty() ? root + u"\\" : CString(u"C:\\");
+}
+
+// "" when there is no such batch file.
+CString FindStartupFile(std::u16string_view name)
+{
+    const CString own(aIniFile.MVStartPath ? aIniFile.MVStartPath : aIniFile.qStartPath);
+    if (!own.empty())
+        return SearchPaths(JoinPath(own, name), SearchKind::Batch);
+    const CString beside = SearchPaths(JoinPath(FolderOfShell(), name), SearchKind::Batch);
+    return beside.empty() ? SearchPaths(JoinPath(BootDrive(), name), SearchKind::Batch) : beside;
+}
+
+} // namespace
+
+int RunStartupFiles(std::u16string_view name, std::u16string_view arguments)
+{
+    const bool starting = EqualNoCase(name, u"MVSTART");
+    CString file = FindStartupFile(name);
+    if (file.empty() && starting)
+        file = FindStartupFile(u"QSTART");
+    else if (file.empty() && EqualNoCase(name, u"MVEXIT"))
+        file = FindStartupFile(u"QEXIT");
+    if (file.empty())
+        return result::success;
+
+    TLS_VARIABLES& tls = Tls();
+    const BlockState blocks = tls.blocks;
+    tls.blocks = {};
+    (starting ? aTexts.startupFile : aTexts.exitFile) = file;
+    CString command = AddQuotes(file);
+    if (!arguments.empty())
+        command.Append(u" ").Append(arguments);
+    const int code = Runp(command, false);
+    Tls().blocks = blocks;
+    return code;
+}
