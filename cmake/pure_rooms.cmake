@@ -25,6 +25,7 @@ set(MOVACORE_PURE_ROOMS
   src/files/dates.cpp
   src/files/directory_name.cpp
   src/files/text_pieces.cpp
+  src/commands/definition_text.cpp
   src/expand/arrays.cpp
   src/expand/delayed_expansion.cpp
   src/expand/expander.cpp

@@ -6,11 +6,13 @@
 // one behind that switch; then "dirs", "aliases", "variables", "functions", "*" for any file, or extensions.
 #include <iterator>
 
+#include "commands/alias.h"
 #include "commands/batch_control.h"
 #include "commands/commands_list.h"
 #include "commands/directory.h"
 #include "commands/echo.h"
 #include "commands/exit.h"
+#include "commands/function.h"
 #include "commands/goto_call.h"
 #include "commands/help.h"
 #include "commands/if.h"
@@ -18,6 +20,8 @@
 #include "commands/path.h"
 #include "commands/prompt.h"
 #include "commands/remark.h"
+#include "commands/set.h"
+#include "commands/set_array.h"
 #include "commands/true_false.h"
 #include "commands/type.h"
 #include "commands/unbuilt.h"
@@ -29,7 +33,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"7ZIP", Unbuilt_Command, 0x82007, 1, u"[1] 7z dirs [2*] *", &unbuiltHelp},
     {u"?", Cmds_Command, 0x7, 1, u"", &commandsHelp},
     {u"ACTIVATE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
-    {u"ALIAS", Unbuilt_Command, 0x1080027, 1, u"[/r] * [1] aliases [2*] *", &unbuiltHelp},
+    {u"ALIAS", Alias_Command, 0x1080027, 1, u"[/r] * [1] aliases [2*] *", &aliasHelp},
     {u"ASSOC", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
     {u"ASSOCIATE", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ATTRIB", Unbuilt_Command, 0x82127, 1, u"", &unbuiltHelp},
@@ -113,7 +117,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"FREE", Unbuilt_Command, 0x2007, 1, u"dirs", &unbuiltHelp},
     {u"FSEARCH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"FTYPE", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
-    {u"FUNCTION", Unbuilt_Command, 0x1002007, 1, u"[/r] * [1] functions [2*] *", &unbuiltHelp},
+    {u"FUNCTION", Function_Command, 0x1002007, 1, u"[/r] * [1] functions [2*] *", &functionHelp},
     {u"GLOBAL", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
     {u"GOSUB", Gosub_Command, 0x1402047, 1, u"[1] btm cmd bat dirs [2*] *", &gosubHelp},
     {u"GOTO", Goto_Command, 0x602047, 1, u"", &gotoHelp},
@@ -219,8 +223,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SENDMAIL", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"SERVICEMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"SERVICES", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
-    {u"SET", Unbuilt_Command, 0x680007, 1, u"[/r] * [1] variables [2*] *", &unbuiltHelp},
-    {u"SETARRAY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"SET", Set_Command, 0x680007, 1, u"[/r] * [1] variables [2*] *", &setHelp},
+    {u"SETARRAY", Setarray_Command, 0x2007, 1, u"", &setarrayHelp},
     {u"SETDOS", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"SETERROR", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"SETLOCAL", Setlocal_Command, 0x602107, 1, u"", &setlocalHelp},
@@ -261,17 +265,17 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TRUENAME", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"TS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"TYPE", Type_Command, 0x282327, 1, u"", &typeHelp},
-    {u"UNALIAS", Unbuilt_Command, 0x2007, 1, u"[/r] * [1*] aliases", &unbuiltHelp},
+    {u"UNALIAS", Unalias_Command, 0x2007, 1, u"[/r] * [1*] aliases", &unaliasHelp},
     {u"UNBZIP2", Unbuilt_Command, 0x82007, 1, u"[1] bz2 dirs [2*] *", &unbuiltHelp},
-    {u"UNFUNCTION", Unbuilt_Command, 0x2007, 1, u"[/r] * [1*] functions", &unbuiltHelp},
+    {u"UNFUNCTION", Unfunction_Command, 0x2007, 1, u"[/r] * [1*] functions", &unfunctionHelp},
     {u"UNGZIP", Unbuilt_Command, 0x82007, 1, u"[1] gz dirs [2*] *", &unbuiltHelp},
     {u"UNJAR", Unbuilt_Command, 0x82007, 1, u"[1] jar dirs [2*] *", &unbuiltHelp},
     {u"UNLIBRARY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"UNMOUNTISO", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"UNMOUNTVHD", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"UNQLITE", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"UNSET", Unbuilt_Command, 0x2007, 1, u"[/r] * [1*] variables", &unbuiltHelp},
-    {u"UNSETARRAY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"UNSET", Unset_Command, 0x2007, 1, u"[/r] * [1*] variables", &unsetHelp},
+    {u"UNSETARRAY", Unsetarray_Command, 0x2007, 1, u"", &unsetarrayHelp},
     {u"UNSETP", Unbuilt_Command, 0x2007, 1, u"[1*] variables", &unbuiltHelp},
     {u"UNTAR", Unbuilt_Command, 0x82007, 1, u"[1] tar dirs [2*] *", &unbuiltHelp},
     {u"UNZIP", Unbuilt_Command, 0x82007, 1, u"[1] zip dirs [2*] *", &unbuiltHelp},

@@ -6,7 +6,8 @@ namespace {
 
 constexpr unsigned patience = 1000; // milliseconds for a window that does not answer
 
-LazyFunction<decltype(SendMessageTimeoutW)> sendMessageTimeout(libraries::user32, "SendMessageTimeoutW");
+constinit LazyFunction<decltype(SendMessageTimeoutW)> sendMessageTimeout(libraries::user32,
+                                                                         "SendMessageTimeoutW");
 
 } // namespace
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-LazyFunction<decltype(GetUserNameW)> getUserName(libraries::advapi32, "GetUserNameW");
+constinit LazyFunction<decltype(GetUserNameW)> getUserName(libraries::advapi32, "GetUserNameW");
 
 } // namespace
 

@@ -1,0 +1,38 @@
+#include "commands/pager.h"
+
+#include <algorithm>
+
+#include "engine/break.h"
+#include "engine/console_entry.h"
+#include "engine/output.h"
+#include "engine/results.h"
+
+Pager::Pager(bool pauses)
+{
+    if (pauses && IsConsole(1))
+        screen = OutputSize();
+    else
+        screen.rows = 0;
+}
+
+bool Pager::Line(std::u16string_view text)
+{
+    ThrowIfBroken();
+    if (screen.rows > 0)
+        MakeRoom(text.size());
+    return PrintLine(text);
+}
+
+// Waits before a line that would push the first one of this screen out of sight.
+void Pager::MakeRoom(std::size_t length)
+{
+    const int columns = std::max(1, screen.columns);
+    const int needed = std::max(1, (static_cast<int>(length) + columns - 1) / columns);
+    if (rows > 0 && rows + needed >= screen.rows) {
+        Print(LoadMessage(message::pressKey));
+        WaitForKey();
+        Print(u"\r\n");
+        rows = 0;
+    }
+    rows += needed;
+}

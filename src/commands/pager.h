@@ -1,0 +1,20 @@
+// Showing many lines, a screen at a time when that is asked for.
+#pragma once
+
+#include <string_view>
+
+#include "platform/console_size.h"
+
+class Pager {
+public:
+    // Pauses only when standard output is a console.
+    explicit Pager(bool pauses);
+    // Writes a line and its end. False when the output refused it: there is no use in going on.
+    bool Line(std::u16string_view text);
+
+private:
+    void MakeRoom(std::size_t length);
+
+    ConsoleSize screen; // without rows there are no pauses
+    int rows = 0;       // used since the last pause
+};
