@@ -138,6 +138,12 @@ struct StandardInputEncoding {
     int flags = 0; // of GetNextLine
 };
 
+// How far the expansion of variables has got.
+struct ExpansionProgress {
+    int depth = 0;      // expansions inside expansions
+    unsigned steps = 0; // references replaced inside values and function bodies since the line began
+};
+
 // Per-thread state.
 struct TLS_VARIABLES {
     int errorLevel = 0;           // %? and ERRORLEVEL
@@ -157,7 +163,9 @@ struct TLS_VARIABLES {
     bool labelMissing = false;
     int subroutineResult = 0;
     unsigned debuggerCommand = 0;
-    int expansionDepth = 0;
+    ExpansionProgress expansion;
+    std::uint64_t randomState = 0;            // engine/random.h
+    std::vector<std::int64_t> resultCounters; // what the file commands counted, by the rows of their table
     int unknownCommandDepth = 0;
     int associationDepth = 0;
     int lineDepth = 0; // nesting of Command_S

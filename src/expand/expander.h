@@ -56,7 +56,6 @@ private:
     int ReadVariable();
     bool ReadSpecialName(int& code);
     bool IsArrayElement() const;
-    int ReadIndices(std::u16string_view text, View name, std::int64_t* indices, int& count);
     std::size_t FindArgumentsEnd(View rest, std::size_t open, View name) const;
     bool CurrentParameters(Parameters& current);
     bool Lookup(View name, CString& value);

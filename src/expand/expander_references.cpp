@@ -3,13 +3,11 @@
 #include "expand/modifiers.h"
 #include "text/compare.h"
 #include "text/format.h"
-#include "text/numbers.h"
 #include "text/scanner.h"
 
 namespace {
 
 constexpr std::size_t npos = std::u16string_view::npos;
-constexpr int mostDimensions = 4; // of an array
 
 } // namespace
 
@@ -152,38 +150,13 @@ int Expander::ReadArrayElement()
     if (closing == npos)
         return Fail(errors::arrayIndex, name);
     CString text(rest.substr(open + 1, closing - open - 1));
-    std::int64_t indices[mostDimensions] = {};
-    int count = 0;
     if (const int code = ExpandNested(text, true))
         return code;
-    if (const int code = ReadIndices(text, name, indices, count))
-        return code;
     CString value;
-    if (const int code = world.ArrayElement(name, indices, count, value))
-        return Fail(static_cast<unsigned>(code), name);
+    if (const int code = world.ArrayElement(name, text, value))
+        return code;
     const bool closed = closing + 1 < rest.size() && rest[closing + 1] == u'%';
     return InsertValue(value, closing + 1 + (closed ? 1 : 0));
-}
-
-int Expander::ReadIndices(View text, View name, std::int64_t* indices, int& count)
-{
-    for (std::size_t from = 0; from <= text.size(); ++count) {
-        if (count == mostDimensions)
-            return Fail(errors::arrayIndex, name);
-        const std::size_t comma = scan(text, u",", quotes::bothAndParentheses, settings.syntax, from);
-        const std::size_t end = comma == npos ? text.size() : comma;
-        CString index(text.substr(from, end - from));
-        if (index.Trim().empty())
-            return Fail(errors::arrayIndex, name);
-        if (const int code = world.Evaluate(index))
-            return code;
-        const auto number = ReadDecimal(index);
-        if (!number)
-            return Fail(errors::arrayIndex, name);
-        indices[count] = *number;
-        from = end + 1;
-    }
-    return 0;
 }
 
 // "%~dp1" and, at the prompt, "%~nxi".

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "engine/state.h"
 #include "expand/parameters.h"
 #include "expand/path_modifiers.h"
 #include "text/cstring.h"
@@ -18,22 +19,16 @@ constexpr std::size_t longestExpansion = 0x100000;
 // The settings that expansion follows, fetched once per line.
 struct ExpansionSettings {
     Syntax syntax;
-    unsigned mask = 0; // expansion_mask bits of engine/state.h
+    unsigned mask = 0; // expansion_mask bits
     bool cmdVariables = false;
     bool delayedExpansion = false;
     bool pseudoVariables = false;
 };
 
-// How far the expansions of this thread have got; kept between nested calls.
-struct ExpansionProgress {
-    int depth = 0;      // nested expansions
-    unsigned steps = 0; // references replaced inside values and function bodies since the line began
-};
-
 class ExpansionWorld : public PathSource {
 public:
     virtual ExpansionSettings Settings() = 0;
-    virtual ExpansionProgress& Progress() = 0;
+    virtual ExpansionProgress& Progress() = 0; // of this thread
 
     // Each answers whether there is such a variable, and if so its value. They are asked in this order.
     virtual bool SubroutineParameter(std::u16string_view name, CString& value) = 0;
@@ -45,12 +40,10 @@ public:
     virtual bool BatchParameters(Parameters& parameters) = 0;
 
     virtual bool IsArray(std::u16string_view name) = 0;
-    // 0 with the value, or an error code to report.
-    virtual int ArrayElement(std::u16string_view name, const std::int64_t* indices, int count,
-                             CString& value) = 0;
     // Answers as function_result of engine/tables.h tells.
     virtual int CallFunction(std::u16string_view name, std::u16string_view arguments, CString& value) = 0;
-    // These report their errors themselves.
+    // These report their errors themselves. `indexes` is the text between the brackets.
+    virtual int ArrayElement(std::u16string_view name, std::u16string_view indexes, CString& value) = 0;
     virtual int Evaluate(CString& expression) = 0;
     virtual int TestCondition(CString& condition) = 0;
     virtual int ExpandAliases(CString& line) = 0;

@@ -75,7 +75,7 @@ CString ApplyPathModifiers(std::u16string_view value, const PathModifiers& modif
     if (bare.empty())
         return {};
     CString path =
-        modifiers.searchList.empty() ? source.FullPath(bare) : source.SearchPath(modifiers.searchList, bare);
+        modifiers.searchList.empty() ? source.FullPath(bare) : source.FindInPath(modifiers.searchList, bare);
     if (path.empty())
         return {};
     const bool facts = Holds(letters, u'A') || Holds(letters, u'T') || Holds(letters, u'Z');

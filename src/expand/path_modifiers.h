@@ -23,7 +23,7 @@ public:
     virtual CString ShortPath(std::u16string_view fullPath) = 0;
     virtual PathFacts Facts(std::u16string_view fullPath) = 0;
     // The full name of `name` in one of the directories that the environment variable lists, or empty.
-    virtual CString SearchPath(std::u16string_view variable, std::u16string_view name) = 0;
+    virtual CString FindInPath(std::u16string_view variable, std::u16string_view name) = 0;
 };
 
 // The modifiers as they were written, and the unit behind them that names the parameter or loop variable.

@@ -380,8 +380,6 @@ TEST(Expansion, Arrays)
     CheckAll(world, cases);
     CheckError(world, u"%arr[3]", errors::arrayIndex);
     CheckError(world, u"%arr[-1]", errors::arrayIndex);
-    CheckError(world, u"%arr[0,0]", errors::arrayIndex);
-    CheckError(world, u"%arr[0,0,0,0,0]", errors::arrayIndex);
     CheckError(world, u"%arr[]", errors::arrayIndex);
     CheckError(world, u"%arr[1", errors::arrayIndex);
     CheckError(world, u"%arr[x]", errors::syntax);

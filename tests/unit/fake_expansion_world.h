@@ -68,11 +68,15 @@ public:
     }
 
     bool IsArray(std::u16string_view name) override { return EqualNoCase(name, u"arr") && !array.empty(); }
-    int ArrayElement(std::u16string_view, const std::int64_t* indices, int count, CString& value) override
+    int ArrayElement(std::u16string_view, std::u16string_view indexes, CString& value) override
     {
-        if (count != 1 || indices[0] < 0 || indices[0] >= static_cast<std::int64_t>(array.size()))
-            return errors::arrayIndex;
-        value = array[static_cast<std::size_t>(indices[0])];
+        CString index(indexes);
+        if (const int code = Evaluate(index))
+            return code;
+        const std::int64_t at = ReadDecimal(index).value_or(-1);
+        if (indexes.empty() || at < 0 || at >= static_cast<std::int64_t>(array.size()))
+            return Report(errors::arrayIndex, indexes), static_cast<int>(errors::arrayIndex);
+        value = array[static_cast<std::size_t>(at)];
         return 0;
     }
 
@@ -170,7 +174,7 @@ public:
             return {};
         return {u"--a------", u"2026-11-21 10:00", CString(found->second)};
     }
-    CString SearchPath(std::u16string_view variable, std::u16string_view name) override
+    CString FindInPath(std::u16string_view variable, std::u16string_view name) override
     {
         const CString path = Format(u"C:\\%s\\%s", variable, name);
         return files.contains(path.view()) ? path : CString();

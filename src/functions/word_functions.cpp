@@ -1,0 +1,75 @@
+// Words and fields of a text.
+//
+// Words are parted by runs of separators, fields by each single one, so that fields may be empty. Text in
+// double quotes is never parted.
+#include "functions/families.h"
+
+#include <vector>
+
+#include "functions/arguments.h"
+#include "text/format.h"
+
+namespace {
+
+using View = std::u16string_view;
+
+constexpr View usualSeparators = u" \t,";
+
+std::vector<View> SplitFields(View text, View separators)
+{
+    std::vector<View> fields;
+    std::size_t start = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        // A separator may be the quote itself.
+        if (separators.find(text[at]) != View::npos) {
+            fields.push_back(text.substr(start, at - start));
+            start = at + 1;
+        } else if (text[at] == u'"') {
+            const std::size_t closing = text.find(u'"', at + 1);
+            at = closing == View::npos ? at : closing;
+        }
+    }
+    if (!text.empty())
+        fields.push_back(text.substr(start));
+    return fields;
+}
+
+std::vector<View> SplitWords(View text, View separators)
+{
+    std::vector<View> words = SplitFields(text, separators);
+    std::erase_if(words, [](View word) { return word.empty(); });
+    return words;
+}
+
+using Splitter = std::vector<View> (*)(View text, View separators);
+
+int AnswerPart(FunctionCall& call, Splitter split)
+{
+    const FunctionArguments arguments(call, u"sn|q");
+    if (arguments.Error())
+        return arguments.Error();
+    const std::vector<View> parts =
+        split(arguments.Text(0), arguments.Has(2) ? arguments.Text(2) : usualSeparators);
+    const std::int64_t count = static_cast<std::int64_t>(parts.size());
+    const std::int64_t n = arguments.Number(1) < 0 ? arguments.Number(1) + count : arguments.Number(1);
+    call.value = n >= 0 && n < count ? parts[static_cast<std::size_t>(n)] : View();
+    return 0;
+}
+
+int AnswerCount(FunctionCall& call, Splitter split)
+{
+    const FunctionArguments arguments(call, u"s|q");
+    const View separators = arguments.Has(1) ? arguments.Text(1) : usualSeparators;
+    call.value = Format(u"%u", split(arguments.Text(0), separators).size());
+    return 0;
+}
+
+} // namespace
+
+// @word[text,n[,"separators"]]: word n, counted from 0, or from the end when negative.
+int Word_Function(FunctionCall& call) { return AnswerPart(call, SplitWords); }
+// @words[text[,"separators"]]: how many words there are.
+int Words_Function(FunctionCall& call) { return AnswerCount(call, SplitWords); }
+// @field[text,n[,"separators"]], @fields[text[,"separators"]]
+int Field_Function(FunctionCall& call) { return AnswerPart(call, SplitFields); }
+int Fields_Function(FunctionCall& call) { return AnswerCount(call, SplitFields); }

@@ -1,0 +1,120 @@
+// The state of the shell and of the batch file that runs.
+#include "internals/families.h"
+
+#include <windows.h>
+
+#include "engine/inifile.h"
+#include "engine/output.h"
+#include "engine/state.h"
+#include "engine/version.h"
+#include "internals/values.h"
+#include "movacore_version.h"
+#include "platform/codepage.h"
+#include "platform/console_size.h"
+
+namespace {
+
+// The directory part of a full name, with its separator.
+std::u16string_view DirectoryOf(std::u16string_view name)
+{
+    return name.substr(0, name.find_last_of(u"\\/:") + 1);
+}
+
+// How the text of the current batch file is kept.
+enum class BatchType { None, File, Memory, Packed };
+
+} // namespace
+
+// The result of the last internal command; after a GOSUB what its RETURN gave.
+bool LastResult_Variable(CString& value) { return AnswerNumber(value, Tls().lastInternalResult); }
+// How many batch files run inside each other.
+bool Batch_Variable(CString& value) { return AnswerNumber(value, Tls().batchIndex + 1); }
+
+bool Batchlabel_Variable(CString& value)
+{
+    const BATCH_FRAME* frame = Tls().Frame();
+    return AnswerText(value, frame && !frame->labels.empty() ? frame->labels.back().view() : u"");
+}
+
+// The line that runs, counted from 1; 0 outside batch files.
+bool Batchline_Variable(CString& value)
+{
+    const BATCH_FRAME* frame = Tls().Frame();
+    return AnswerNumber(value, frame ? frame->lineNumber : 0u);
+}
+
+bool Batchname_Variable(CString& value)
+{
+    const BATCH_FRAME* frame = Tls().Frame();
+    return AnswerText(value, frame ? frame->fileName.view() : u"");
+}
+
+bool Batchpath_Variable(CString& value)
+{
+    const BATCH_FRAME* frame = Tls().Frame();
+    return AnswerText(value, frame ? DirectoryOf(frame->fileName) : u"");
+}
+
+// 0 outside batch files, 1 when read line by line, 2 when held in memory, 3 when it was packed.
+bool Batchtype_Variable(CString& value)
+{
+    const BATCH_FRAME* frame = Tls().Frame();
+    BatchType type = BatchType::None;
+    if (frame && (frame->flags & frame_flags::packed))
+        type = BatchType::Packed;
+    else if (frame)
+        type = frame->file == batchFileInMemory ? BatchType::Memory : BatchType::File;
+    return AnswerNumber(value, static_cast<int>(type));
+}
+
+// The batch file that called the current one.
+bool Pbatchname_Variable(CString& value)
+{
+    const TLS_VARIABLES& state = Tls();
+    const std::size_t index = static_cast<std::size_t>(state.batchIndex);
+    return AnswerText(value, state.batchIndex > 0 ? state.frames[index - 1].fileName.view() : u"");
+}
+
+bool Echo_Variable(CString& value) { return AnswerFlag(value, QueryEcho()); }
+bool Expansion_Variable(CString& value) { return AnswerNumber(value, aGlobals.expansionMask); }
+// The code that the shell ends with, for the exit file.
+bool Exit_Variable(CString& value) { return AnswerNumber(value, aGlobals.exitCode); }
+bool Transient_Variable(CString& value) { return AnswerFlag(value, aGlobals.transient != 0); }
+// Whether this shell is the right side of a pipe.
+bool Pipe_Variable(CString& value) { return AnswerFlag(value, Tls().pipeChild); }
+// 0 in a shell that no other shell started.
+bool Shell_Variable(CString& value) { return AnswerFlag(value, aGlobals.secondary != 0); }
+// The number of the last Windows error that was reported.
+bool Syserr_Variable(CString& value) { return AnswerNumber(value, Tls().lastSystemError); }
+
+bool Cmdproc_Variable(CString& value) { return AnswerText(value, u"ORV"); }
+bool Cmdspec_Variable(CString& value) { return AnswerText(value, aTexts.executable); }
+bool Ininame_Variable(CString& value) { return AnswerText(value, aTexts.iniFile); }
+bool Startpath_Variable(CString& value) { return AnswerText(value, aTexts.startDirectory); }
+bool Orvrun_Variable(CString& value) { return AnswerText(value, DirectoryOf(aTexts.executable)); }
+
+// The name of the files that descriptions are kept in.
+bool Dname_Variable(CString& value)
+{
+    return AnswerText(value, aIniFile.DescriptionName ? aIniFile.DescriptionName : u"DESCRIPT.ION");
+}
+
+bool Version_Variable(CString& value)
+{
+    value = Format(u"%d.%d", shell_version::major, shell_version::minor);
+    return true;
+}
+
+bool Orvver_Variable(CString& value) { return Version_Variable(value); }
+bool Vermajor_Variable(CString& value) { return AnswerNumber(value, shell_version::major); }
+bool Verminor_Variable(CString& value) { return AnswerNumber(value, shell_version::minor); }
+bool Build_Variable(CString& value) { return AnswerNumber(value, MOVACORE_VERSION_BUILD); }
+
+bool Columns_Variable(CString& value) { return AnswerNumber(value, OutputSize().columns); }
+bool Rows_Variable(CString& value) { return AnswerNumber(value, OutputSize().rows); }
+bool Codepage_Variable(CString& value) { return AnswerNumber(value, OutputCodePage()); }
+bool Ansi_Variable(CString& value) { return AnswerFlag(value, aGlobals.ansiSequences != 0); }
+// 1 when the handle leads to the console, 0 when it is redirected.
+bool Stdin_Variable(CString& value) { return AnswerFlag(value, IsConsole(0)); }
+bool Stdout_Variable(CString& value) { return AnswerFlag(value, IsConsole(1)); }
+bool Stderr_Variable(CString& value) { return AnswerFlag(value, IsConsole(2)); }
