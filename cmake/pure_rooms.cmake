@@ -18,7 +18,12 @@ set(MOVACORE_PURE_ROOMS
   src/config/settings_area.cpp
   src/console/prompt_codes.cpp
   src/core/alias_substitution.cpp
+  src/core/association_template.cpp
+  src/core/executable_header.cpp
+  src/core/extension_variables.cpp
+  src/core/invoked_name.cpp
   src/core/redirection_parser.cpp
+  src/core/search_order.cpp
   src/core/separators.cpp
   src/core/substitution.cpp
   src/lifecycle/start_options.cpp
@@ -26,6 +31,7 @@ set(MOVACORE_PURE_ROOMS
   src/files/directory_name.cpp
   src/files/text_pieces.cpp
   src/commands/definition_text.cpp
+  src/core/zone_mark.cpp
   src/expand/arrays.cpp
   src/expand/delayed_expansion.cpp
   src/expand/expander.cpp
@@ -38,6 +44,7 @@ set(MOVACORE_PURE_ROOMS
   src/expand/typed_value.cpp
   src/expand/variable_names.cpp
   src/expand/work_line.cpp
+  src/files/dates.cpp
   src/files/directory_name.cpp
   src/files/regex.cpp
   src/files/text_pieces.cpp
