@@ -31,23 +31,6 @@ CString CompactTime(const ClockTime& time)
                   time.second);
 }
 
-SYSTEMTIME ToSystemTime(const ClockTime& time)
-{
-    SYSTEMTIME system = {};
-    system.wYear = static_cast<WORD>(time.year);
-    system.wMonth = static_cast<WORD>(time.month);
-    system.wDay = static_cast<WORD>(time.day);
-    return system;
-}
-
-CString ShortDate(const ClockTime& time)
-{
-    const SYSTEMTIME system = ToSystemTime(time);
-    wchar_t text[80] = L"";
-    GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &system, nullptr, text, 80);
-    return CString(reinterpret_cast<const char16_t*>(text));
-}
-
 CString TimeOfDay(const ClockTime& time)
 {
     const NationalSettings national = Country();
