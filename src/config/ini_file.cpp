@@ -30,7 +30,7 @@ INIFILE aIniFile;
 
 namespace {
 
-constexpr std::size_t largestIniFile = 16 * 1024 * 1024; // bytes; more is no settings file
+constexpr std::size_t largestIniFile = std::size_t{16} << 20; // bytes; more is no settings file
 
 // What this process keeps open for its settings.
 struct IniResources {
