@@ -8,7 +8,13 @@
 
 #include "commands/alias.h"
 #include "commands/batch_control.h"
+#include "commands/beep.h"
+#include "commands/chcp.h"
+#include "commands/cls.h"
+#include "commands/color.h"
 #include "commands/commands_list.h"
+#include "commands/date_time.h"
+#include "commands/delay.h"
 #include "commands/directory.h"
 #include "commands/echo.h"
 #include "commands/exit.h"
@@ -18,10 +24,12 @@
 #include "commands/if.h"
 #include "commands/local.h"
 #include "commands/path.h"
+#include "commands/pause.h"
 #include "commands/prompt.h"
 #include "commands/remark.h"
 #include "commands/set.h"
 #include "commands/set_array.h"
+#include "commands/title.h"
 #include "commands/true_false.h"
 #include "commands/type.h"
 #include "commands/unbuilt.h"
@@ -39,7 +47,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"ATTRIB", Unbuilt_Command, 0x82127, 1, u"", &unbuiltHelp},
     {u"BATCOMP", Unbuilt_Command, 0x2107, 1, u"btm cmd bat dirs", &unbuiltHelp},
     {u"BDEBUGGER", Unbuilt_Command, 0x2007, 1, u"btm cmd bat dirs", &unbuiltHelp},
-    {u"BEEP", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"BEEP", Beep_Command, 0x2007, 1, u"", &beepHelp},
     {u"BREAK", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
     {u"BREAKPOINT", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
     {u"BTMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
@@ -52,18 +60,18 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"CASEALL", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
     {u"CD", Cd_Command, 0x686307, 1, u"dirs", &cdHelp},
     {u"CDD", Cdd_Command, 0x486307, 1, u"dirs", &cddHelp},
-    {u"CHCP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"CHCP", Chcp_Command, 0x2107, 1, u"", &chcpHelp},
     {u"CHDIR", Cd_Command, 0x686307, 1, u"dirs", &cdHelp},
     {u"CHRONIC", Unbuilt_Command, 0x1002107, 1, u"", &unbuiltHelp},
     {u"CLIP", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"CLIPMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
-    {u"CLS", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
-    {u"COLOR", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"CLS", Cls_Command, 0x202007, 1, u"", &clsHelp},
+    {u"COLOR", Color_Command, 0x202007, 1, u"", &colorHelp},
     {u"COMMANDS", Cmds_Command, 0x7, 1, u"", &commandsHelp},
     {u"COMMENT", Unbuilt_Command, 0x10, 1, u"", &unbuiltHelp},
     {u"COPY", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
     {u"COPYDIR", Unbuilt_Command, 0x82107, 1, u"dirs", &unbuiltHelp},
-    {u"DATE", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"DATE", Date_Command, 0x202007, 1, u"", &dateHelp},
     {u"DATEMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"DEBUGMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"DEBUGSTRING", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
@@ -71,7 +79,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DEFAULT", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
     {u"DEFER", Defer_Command, 0x402064, 1, u"", &deferHelp},
     {u"DEL", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
-    {u"DELAY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"DELAY", Delay_Command, 0x2007, 1, u"", &delayHelp},
     {u"DESCRIBE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"DESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"DETACH", Unbuilt_Command, 0x524, 1, u"", &unbuiltHelp},
@@ -176,7 +184,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"OPTION", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"OSD", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"PATH", Path_Command, 0x202007, 1, u"", &pathHelp},
-    {u"PAUSE", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"PAUSE", Pause_Command, 0x202007, 1, u"", &pauseHelp},
     {u"PDIR", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"PEE", Unbuilt_Command, 0x1002007, 1, u"", &unbuiltHelp},
     {u"PIPEVIEW", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
@@ -252,9 +260,9 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TEE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"TEXT", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
     {u"THREAD", Unbuilt_Command, 0x1002007, 1, u"", &unbuiltHelp},
-    {u"TIME", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"TIME", Time_Command, 0x202007, 1, u"", &timeHelp},
     {u"TIMER", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"TITLE", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"TITLE", Title_Command, 0x202007, 1, u"", &titleHelp},
     {u"TMP", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"TOAST", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"TOUCH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},

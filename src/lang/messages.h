@@ -64,6 +64,7 @@ constexpr unsigned iniPath = 0x20000073;             // 3115
 constexpr unsigned iniInclude = 0x20000074;          // 3116
 constexpr unsigned iniIncludeDepth = 0x20000075;     // 3117
 constexpr unsigned noInterpreter = 0x2000005F;       // 3095
+constexpr unsigned invalidCodePage = 0x20000060;     // 3096
 } // namespace errors
 
 namespace message {
@@ -87,4 +88,9 @@ constexpr unsigned off = 3545;
 constexpr unsigned noPath = 3546;
 constexpr unsigned unbuiltCount = 3547;
 constexpr unsigned windowsVersion = 3548;
+constexpr unsigned codePage = 3560;
+constexpr unsigned currentDate = 3561;
+constexpr unsigned newDate = 3562;
+constexpr unsigned currentTime = 3563;
+constexpr unsigned newTime = 3564;
 } // namespace message

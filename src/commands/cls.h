@@ -1,0 +1,7 @@
+// CLS: an empty screen.
+#pragma once
+
+#include "engine/tables.h"
+
+int Cls_Command(CString& arguments);
+extern const CommandHelp clsHelp;
