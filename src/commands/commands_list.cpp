@@ -15,11 +15,11 @@
 const CommandHelp commandsHelp = {
     u"Lists the internal commands, disabled ones in parentheses.",
     u"COMMANDS [/UNBUILT] [name ...]\n"
-    u"? [/UNBUILT] [name ...]",
+    u"?",
     u"/UNBUILT  only the commands that this version does not have yet, and how many there are\n"
     u"A name may hold the wildcards * and ?.",
     u"commands\n"
-    u"? echo*\n"
+    u"commands echo*\n"
     u"commands /unbuilt",
 };
 
