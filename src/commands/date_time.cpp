@@ -29,19 +29,16 @@ const CommandHelp timeHelp = {
 
 namespace {
 
-CivilDate DateOf(const ClockTime& now) { return {now.year, now.month, now.day}; }
 TimeOfDay TimeOf(const ClockTime& now) { return {now.hour, now.minute, now.second, now.millisecond}; }
 
 CString ShownDate(const ClockTime& now)
 {
-    const NationalSettings country = Country();
-    const CString date = FormatDate(DateOf(now), country.dateOrder, country.dateSeparator);
-    return Format(u"%s %s", WeekdayName(now.weekday, true), date);
+    return Format(u"%s %s", WeekdayName(now.weekday, true), ShortDate(now));
 }
 
 int SetDate(std::u16string_view text)
 {
-    const std::optional<CivilDate> date = ParseDate(text, Country().dateOrder);
+    const std::optional<calendar::Date> date = ParseDate(text, Country().dateOrder);
     if (!date)
         return MVError(errors::invalidDate, text);
     ClockTime time = LocalTime();

@@ -9,19 +9,11 @@
 
 namespace {
 
-constexpr int lastYear = 9999;
 constexpr int firstShortYear = 80; // two-digit years below it belong to the next century
-constexpr std::array<int, 12> daysBeforeMonth = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
 
-// Days from 1 January of year 1 to 1 January of `year`.
-constexpr std::int64_t DaysBeforeYear(int year)
-{
-    const std::int64_t passed = year - 1;
-    return passed * 365 + passed / 4 - passed / 100 + passed / 400;
-}
-
-constexpr std::int64_t epoch = DaysBeforeYear(1980);
-static_assert(epoch % 7 == 1, "1 January 1980 was a Tuesday, and 1 January of year 1 a Monday");
+// In the calendar's own day numbers, which count from year 1.
+constexpr std::int64_t dayZero = 722814;  // 1 January 1980
+constexpr std::int64_t lastDay = 3652058; // 31 December 9999
 
 // Digits at `at`, at most `most` of them; -1 when there is none.
 int ReadDigits(std::u16string_view text, std::size_t& at, std::size_t most, std::size_t* count = nullptr)
@@ -59,9 +51,9 @@ int FullYear(int year, std::size_t digits)
     return year + (year < firstShortYear ? 2000 : 1900);
 }
 
-std::optional<CivilDate> IfValid(const CivilDate& date)
+std::optional<calendar::Date> IfValid(const calendar::Date& date)
 {
-    return IsValidDate(date) ? std::optional(date) : std::nullopt;
+    return calendar::IsDate(date) ? std::optional(date) : std::nullopt;
 }
 
 // "a", "am", "p", "pm" at the end of a time, turned into the hour of the day; false for anything else.
@@ -99,72 +91,16 @@ std::u16string_view HalfOfDay(int hour, bool twelveHours)
 
 } // namespace
 
-bool IsLeapYear(int year) { return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0); }
+std::int64_t DaysFromDate(const calendar::Date& date) { return calendar::DayNumber(date) - dayZero; }
 
-int DaysInMonth(int year, int month)
+std::optional<calendar::Date> DateFromDays(std::int64_t days)
 {
-    if (month == 2)
-        return IsLeapYear(year) ? 29 : 28;
-    return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
-}
-
-bool IsValidDate(const CivilDate& date)
-{
-    return date.year >= 1 && date.year <= lastYear && date.month >= 1 && date.month <= 12 && date.day >= 1 &&
-           date.day <= DaysInMonth(date.year, date.month);
-}
-
-std::int64_t DaysFromDate(const CivilDate& date)
-{
-    return DaysBeforeYear(date.year) + DayOfYear(date) - 1 - epoch;
-}
-
-std::optional<CivilDate> DateFromDays(std::int64_t days)
-{
-    if (days < -epoch || days >= DaysBeforeYear(lastYear + 1) - epoch)
+    if (days < -dayZero || days > lastDay - dayZero)
         return std::nullopt;
-    const std::int64_t sinceYearOne = days + epoch;
-    CivilDate date;
-    // At most one year too far: 400 years have 146097 days.
-    date.year = static_cast<int>(sinceYearOne * 400 / 146097) + 1;
-    while (DaysBeforeYear(date.year) > sinceYearOne)
-        --date.year;
-    while (DaysBeforeYear(date.year + 1) <= sinceYearOne)
-        ++date.year;
-    int left = static_cast<int>(sinceYearOne - DaysBeforeYear(date.year));
-    date.month = 1;
-    while (left >= DaysInMonth(date.year, date.month))
-        left -= DaysInMonth(date.year, date.month++);
-    date.day = left + 1;
-    return date;
+    return calendar::DateOfDay(days + dayZero);
 }
 
-int WeekdayOf(std::int64_t days)
-{
-    constexpr int tuesday = 2;
-    return static_cast<int>(((days + tuesday) % 7 + 7) % 7);
-}
-
-int DayOfYear(const CivilDate& date)
-{
-    const bool leapDayPassed = date.month > 2 && IsLeapYear(date.year);
-    return daysBeforeMonth[static_cast<std::size_t>(date.month - 1)] + date.day + (leapDayPassed ? 1 : 0);
-}
-
-IsoWeek IsoWeekOf(std::int64_t days)
-{
-    IsoWeek week;
-    week.weekday = (WeekdayOf(days) + 6) % 7 + 1;
-    // The Thursday of a week decides to which year the week belongs.
-    const std::optional<CivilDate> thursday = DateFromDays(days + 4 - week.weekday);
-    if (thursday) {
-        week.year = thursday->year;
-        week.week = (DayOfYear(*thursday) - 1) / 7 + 1;
-    }
-    return week;
-}
-
-std::optional<CivilDate> ParseDate(std::u16string_view text, DateOrder order)
+std::optional<calendar::Date> ParseDate(std::u16string_view text, DateOrder order)
 {
     constexpr std::u16string_view separators = u"-/.";
     text = Trimmed(text);
@@ -206,14 +142,14 @@ int MakeDaysFromDate(std::int64_t& days, std::u16string_view text, DateOrder ord
         days = today + *offset;
         return 0;
     }
-    const std::optional<CivilDate> date = ParseDate(text, order);
+    const std::optional<calendar::Date> date = ParseDate(text, order);
     if (!date)
         return invalid;
     days = DaysFromDate(*date);
     return 0;
 }
 
-CString FormatDate(const CivilDate& date, DateOrder order, char16_t separator)
+CString FormatDate(const calendar::Date& date, DateOrder order, char16_t separator)
 {
     if (order == DateOrder::YearMonthDay)
         return Format(u"%04d%c%02d%c%02d", date.year, separator, date.month, separator, date.day);
@@ -222,7 +158,7 @@ CString FormatDate(const CivilDate& date, DateOrder order, char16_t separator)
                   monthFirst ? date.day : date.month, separator, date.year);
 }
 
-CString FormatIsoDate(const CivilDate& date) { return FormatDate(date, DateOrder::YearMonthDay, u'-'); }
+CString FormatIsoDate(const calendar::Date& date) { return FormatDate(date, DateOrder::YearMonthDay, u'-'); }
 
 std::optional<TimeOfDay> ParseTime(std::u16string_view text)
 {

@@ -9,6 +9,7 @@ struct Date {
     int year = 1;
     int month = 1; // 1 to 12
     int day = 1;
+    friend bool operator==(const Date&, const Date&) = default;
 };
 
 struct IsoWeek {

@@ -18,7 +18,7 @@ constexpr DateOrder ymd = DateOrder::YearMonthDay;
 TEST(Dates, DayNumbersOfKnownDates)
 {
     struct Known {
-        CivilDate date;
+        calendar::Date date;
         std::int64_t days;
         int weekday;
     };
@@ -31,19 +31,19 @@ TEST(Dates, DayNumbersOfKnownDates)
         const std::string name = Utf8(FormatIsoDate(row.date));
         EXPECT_EQ(DaysFromDate(row.date), row.days) << name;
         EXPECT_EQ(DateFromDays(row.days), row.date) << name;
-        EXPECT_EQ(WeekdayOf(row.days), row.weekday) << name;
+        EXPECT_EQ(calendar::Weekday(row.date), row.weekday) << name;
     }
 }
 
 TEST(Dates, EveryDayFollowsTheOneBefore)
 {
-    CivilDate expected = {1, 1, 1};
+    calendar::Date expected = {1, 1, 1};
     const std::int64_t first = DaysFromDate(expected);
     const std::int64_t last = DaysFromDate({9999, 12, 31});
     for (std::int64_t day = first; day <= last; ++day) {
         ASSERT_EQ(DateFromDays(day), expected) << day;
         ASSERT_EQ(DaysFromDate(expected), day);
-        if (++expected.day > DaysInMonth(expected.year, expected.month)) {
+        if (++expected.day > calendar::DaysInMonth(expected.year, expected.month)) {
             expected.day = 1;
             expected.month = expected.month % 12 + 1;
             expected.year += expected.month == 1;
@@ -57,16 +57,16 @@ TEST(Dates, EveryDayFollowsTheOneBefore)
 
 TEST(Dates, DayOfYear)
 {
-    EXPECT_EQ(DayOfYear({2026, 1, 1}), 1);
-    EXPECT_EQ(DayOfYear({2026, 12, 31}), 365);
-    EXPECT_EQ(DayOfYear({2024, 2, 29}), 60);
-    EXPECT_EQ(DayOfYear({2024, 12, 31}), 366);
+    EXPECT_EQ(calendar::DayOfYear({2026, 1, 1}), 1);
+    EXPECT_EQ(calendar::DayOfYear({2026, 12, 31}), 365);
+    EXPECT_EQ(calendar::DayOfYear({2024, 2, 29}), 60);
+    EXPECT_EQ(calendar::DayOfYear({2024, 12, 31}), 366);
 }
 
 TEST(Dates, IsoWeeksAroundNewYear)
 {
     struct Week {
-        CivilDate date;
+        calendar::Date date;
         int year, week, weekday;
     };
     const Week rows[] = {
@@ -75,11 +75,11 @@ TEST(Dates, IsoWeeksAroundNewYear)
         {{2026, 6, 15}, 2026, 25, 1},
     };
     for (const Week& row : rows) {
-        const IsoWeek week = IsoWeekOf(DaysFromDate(row.date));
+        const calendar::IsoWeek week = calendar::WeekOfDate(row.date);
         const std::string name = Utf8(FormatIsoDate(row.date));
         EXPECT_EQ(week.year, row.year) << name;
         EXPECT_EQ(week.week, row.week) << name;
-        EXPECT_EQ(week.weekday, row.weekday) << name;
+        EXPECT_EQ(calendar::IsoWeekday(row.date), row.weekday) << name;
     }
 }
 
@@ -88,19 +88,19 @@ TEST(Dates, Parsing)
     struct Case {
         std::u16string_view text;
         DateOrder order;
-        std::optional<CivilDate> date;
+        std::optional<calendar::Date> date;
     };
     const Case rows[] = {
-        {u"1-31-2026", mdy, CivilDate{2026, 1, 31}},
-        {u" 01/31/26 ", mdy, CivilDate{2026, 1, 31}},
-        {u"31.1.2026", dmy, CivilDate{2026, 1, 31}},
-        {u"26-1-31", ymd, CivilDate{2026, 1, 31}},
-        {u"2026-01-31", mdy, CivilDate{2026, 1, 31}},
-        {u"2026/1/31", dmy, CivilDate{2026, 1, 31}},
-        {u"20260131", dmy, CivilDate{2026, 1, 31}},
-        {u"1-1-79", mdy, CivilDate{2079, 1, 1}},
-        {u"1-1-80", mdy, CivilDate{1980, 1, 1}},
-        {u"2-29-2024", mdy, CivilDate{2024, 2, 29}},
+        {u"1-31-2026", mdy, calendar::Date{2026, 1, 31}},
+        {u" 01/31/26 ", mdy, calendar::Date{2026, 1, 31}},
+        {u"31.1.2026", dmy, calendar::Date{2026, 1, 31}},
+        {u"26-1-31", ymd, calendar::Date{2026, 1, 31}},
+        {u"2026-01-31", mdy, calendar::Date{2026, 1, 31}},
+        {u"2026/1/31", dmy, calendar::Date{2026, 1, 31}},
+        {u"20260131", dmy, calendar::Date{2026, 1, 31}},
+        {u"1-1-79", mdy, calendar::Date{2079, 1, 1}},
+        {u"1-1-80", mdy, calendar::Date{1980, 1, 1}},
+        {u"2-29-2024", mdy, calendar::Date{2024, 2, 29}},
         {u"2-29-2023", mdy, std::nullopt},
         {u"31-1-2026", mdy, std::nullopt},
         {u"1-31-2026", dmy, std::nullopt},
@@ -127,13 +127,13 @@ TEST(Dates, DaysFromDatesAndOffsets)
     const std::int64_t today = DaysFromDate({2026, 3, 1});
     struct Case {
         std::u16string_view text;
-        std::optional<CivilDate> date;
+        std::optional<calendar::Date> date;
     };
     const Case rows[] = {
-        {u"+0", CivilDate{2026, 3, 1}},
-        {u"-1", CivilDate{2026, 2, 28}},
-        {u"+366", CivilDate{2027, 3, 2}},
-        {u"1/2/2025", CivilDate{2025, 1, 2}},
+        {u"+0", calendar::Date{2026, 3, 1}},
+        {u"-1", calendar::Date{2026, 2, 28}},
+        {u"+366", calendar::Date{2027, 3, 2}},
+        {u"1/2/2025", calendar::Date{2025, 1, 2}},
         {u"7", std::nullopt},
         {u"-1x", std::nullopt},
         {u"-", std::nullopt},
