@@ -24,6 +24,7 @@
 #include "platform/whole_file.h"
 #include "text/compare.h"
 #include "text/format.h"
+#include "text/path_names.h"
 #include "text/words.h"
 
 INIFILE aIniFile;
@@ -67,19 +68,12 @@ public:
     }
 };
 
-std::u16string_view DirectoryOf(std::u16string_view file) // with its "\"
-{
-    return file.substr(0, file.rfind(u'\\') + 1);
-}
-
-std::u16string_view NameOf(std::u16string_view file) { return file.substr(file.rfind(u'\\') + 1); }
-
 CString AreaName(unsigned process) { return Format(u"Mova_%x", process); }
 
 // Whether another shell of this program shares our console and the parent is such a shell.
 bool ParentIsShellHere(unsigned parent)
 {
-    const std::u16string_view program = NameOf(aTexts.executable);
+    const std::u16string_view program = FileNamePart(aTexts.executable);
     const std::vector<unsigned> processes = ConsoleProcesses();
     if (processes.size() < 2)
         return false;
@@ -137,18 +131,18 @@ CString SystemFolder(const char16_t* variable, int number)
 
 bool LoadFromAnyPlace(std::u16string_view name, int skipMask)
 {
-    if (LoadFile(CString(DirectoryOf(aTexts.executable)) + name, skipMask) == 0)
+    if (LoadFile(JoinPath(DirectoryPart(aTexts.executable), name), skipMask) == 0)
         return true;
     const CString common = SystemFolder(u"ProgramData", CSIDL_COMMON_APPDATA);
-    if (!common.empty() && LoadFile(Format(u"%s\\Halden\\ORV 33\\MOVA.INI", common), skipMask) == 0)
+    if (!common.empty() && LoadFile(JoinPath(common, u"Halden\\ORV 33\\MOVA.INI"), skipMask) == 0)
         return true;
     const CString local = SystemFolder(u"LOCALAPPDATA", CSIDL_LOCAL_APPDATA);
     if (local.empty())
         return false;
-    const CString own = local + u"\\Halden";
+    const CString own = JoinPath(local, u"Halden");
     if (!QueryIsDirectory(own))
         CreateDirectoryW(own.w(), nullptr);
-    return LoadFile(Format(u"%s\\%s", own, name), skipMask) == 0;
+    return LoadFile(JoinPath(own, name), skipMask) == 0;
 }
 
 // Another INI file that a setting names.

@@ -5,6 +5,7 @@
 #include "lang/messages.h"
 #include "text/compare.h"
 #include "text/encoding.h"
+#include "text/path_names.h"
 #include "text/words.h"
 
 namespace {
@@ -72,9 +73,10 @@ int SetKeyFunction(const Item& item, INIFILE& ini, IniError& error, IniReader& r
     return 0;
 }
 
-bool IsFullName(std::u16string_view name)
+// A name that another folder in front would spoil.
+bool StartsAtRoot(std::u16string_view name)
 {
-    return !name.empty() && (name[0] == u'\\' || name[0] == u'/' || (name.size() > 1 && name[1] == u':'));
+    return !name.empty() && (IsPathSeparator(name[0]) || (name.size() > 1 && name[1] == u':'));
 }
 
 // A file on its way through IniParse.
@@ -167,13 +169,10 @@ private:
             reader.world.Report({errors::iniInclude, name}, place);
     }
 
-    // A name without directory means the one that this file is in.
+    // Folders are counted from the one that this file is in.
     CString BesideThisFile(const CString& name) const
     {
-        const std::size_t slash = place.file.view().find_last_of(u"\\/");
-        if (IsFullName(name) || slash == CString::npos)
-            return name;
-        return place.file.Substr(0, slash + 1) + name;
+        return StartsAtRoot(name) ? name : JoinPath(DirectoryPart(place.file), name);
     }
 
     INIFILE* ini;

@@ -11,6 +11,7 @@
 #include "text/compare.h"
 #include "text/format.h"
 #include "text/numbers.h"
+#include "text/path_names.h"
 #include "text/words.h"
 
 namespace {
@@ -83,13 +84,6 @@ unsigned ApplyColor(const Directive& directive, std::u16string_view text, INIFIL
         return errors::iniColor;
     ini.*directive.field.count = *pair;
     return 0;
-}
-
-// "C:\logs\" of "C:\logs\orv.log", "C:" of "C:orv.log", nothing of "orv.log".
-std::u16string_view DirectoryPart(std::u16string_view path)
-{
-    const std::size_t end = path.find_last_of(u"\\/:");
-    return end == path.npos ? path.substr(0, 0) : path.substr(0, end + 1);
 }
 
 unsigned ApplyPath(const Directive& directive, std::u16string_view text, INIFILE& ini, PathCheck& disk)
