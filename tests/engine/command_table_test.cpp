@@ -3,12 +3,16 @@
 #include <string>
 
 #include <gtest/gtest.h>
+#include <windows.h>
 
 #include "commands/unbuilt.h"
 #include "config/ini_file.h"
 #include "core/command_lookup.h"
+#include "engine/command_entry.h"
 #include "engine/command_state.h"
 #include "engine/movacore.h"
+#include "engine/output.h"
+#include "platform/standard_handles.h"
 #include "text/encoding.h"
 #include "text/words.h"
 
@@ -39,6 +43,60 @@ TEST(CommandTable, EveryBuiltCommandHasHelp)
         EXPECT_TRUE(View(row.help->summary).ends_with(u'.'));
         EXPECT_TRUE(BeginsWithName(row.help->usage, row)) << ToUtf8(row.help->usage);
         EXPECT_FALSE(View(row.help->examples).empty());
+    }
+}
+
+// Standard output goes into a temporary file as long as this lives.
+class CapturedOutput {
+public:
+    CapturedOutput()
+    {
+        wchar_t folder[MAX_PATH];
+        wchar_t name[MAX_PATH];
+        GetTempPathW(MAX_PATH, folder);
+        GetTempFileNameW(folder, L"out", 0, name);
+        file = OwnedHandle(CreateFileW(name, GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                       FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+        SetStandardHandle(1, file.Get());
+        ForgetHandleKinds();
+    }
+    ~CapturedOutput()
+    {
+        SetStandardHandle(1, before);
+        ForgetHandleKinds();
+    }
+    CapturedOutput(const CapturedOutput&) = delete;
+    CapturedOutput& operator=(const CapturedOutput&) = delete;
+
+    // What was written since the last call.
+    std::string Take()
+    {
+        std::string text(SetFilePointer(file.Get(), 0, nullptr, FILE_CURRENT), '\0');
+        DWORD count = 0;
+        SetFilePointer(file.Get(), 0, nullptr, FILE_BEGIN);
+        ReadFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &count, nullptr);
+        SetFilePointer(file.Get(), 0, nullptr, FILE_BEGIN);
+        SetEndOfFile(file.Get());
+        return text;
+    }
+
+private:
+    HANDLE before = StandardHandle(1);
+    OwnedHandle file;
+};
+
+TEST(CommandTable, ARequestForHelpShowsItAndRunsNothing)
+{
+    InitializeIniFile();
+    CapturedOutput output;
+    for (int i = 0; i < nInternalCommands; ++i) {
+        const BUILTIN& row = aInternalCommands[i];
+        if ((row.flags & command_flags::help) == 0)
+            continue;
+        SCOPED_TRACE(ToUtf8(row.name));
+        CString arguments(u" x /?");
+        EXPECT_EQ(RunInternalCommand(row, arguments), 0);
+        EXPECT_TRUE(output.Take().starts_with(ToUtf8(row.name)));
     }
 }
 
