@@ -15,12 +15,14 @@ Pager::Pager(bool pauses)
         screen.rows = 0;
 }
 
-bool Pager::Line(std::u16string_view text)
+bool Pager::Line(std::u16string_view text) { return Piece(Format(u"%s\r\n", text)); }
+
+bool Pager::Piece(std::u16string_view text)
 {
     ThrowIfBroken();
     if (screen.rows > 0)
-        MakeRoom(text.size());
-    return PrintLine(text);
+        MakeRoom(text.substr(0, text.find_last_not_of(u"\r\n") + 1).size());
+    return Print(text);
 }
 
 // Waits before a line that would push the first one of this screen out of sight.

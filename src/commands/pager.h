@@ -11,6 +11,8 @@ public:
     explicit Pager(bool pauses);
     // Writes a line and its end. False when the output refused it: there is no use in going on.
     bool Line(std::u16string_view text);
+    // Writes a line that brings its end along, or a part of a long one, as it stands.
+    bool Piece(std::u16string_view text);
 
 private:
     void MakeRoom(std::size_t length);

@@ -6,15 +6,14 @@
 
 #include <windows.h>
 
+#include "commands/pager.h"
 #include "core/command_switches.h"
 #include "engine/break.h"
-#include "engine/console_entry.h"
 #include "engine/inifile.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/text_reader.h"
-#include "platform/console_size.h"
 #include "platform/file_facts.h"
 #include "platform/standard_handles.h"
 #include "platform/text_output.h"
@@ -41,17 +40,19 @@ constexpr std::uint64_t waitForKeys = 2;
 // Writes decoded text, with line numbers and pauses when they are asked for.
 class Writer {
 public:
-    Writer(std::uint64_t switches) : numbers((switches & numberLines) != 0)
+    explicit Writer(std::uint64_t switches)
+        : plain(switches == 0), numbers((switches & numberLines) != 0), pager((switches & waitForKeys) != 0)
+    {}
+
+    void BeginFile()
     {
-        if ((switches & waitForKeys) != 0 && IsConsole(1))
-            screen = OutputSize();
-        else
-            screen.rows = 0;
+        atLineStart = true;
+        line = 0;
     }
 
     bool Write(std::u16string_view text)
     {
-        if (!numbers && screen.rows == 0)
+        if (plain)
             return text.empty() || Print(text);
         while (!text.empty()) {
             const std::size_t end = std::min(text.find(u'\n'), text.size() - 1) + 1;
@@ -62,43 +63,22 @@ public:
         return true;
     }
 
-    void BeginFile()
-    {
-        atLineStart = true;
-        line = 0;
-    }
-
 private:
-    // A line with its end, or the part of a long one.
+    // A line with its end, or a part of a long one.
     bool WriteLine(std::u16string_view part)
     {
         CString shown;
         if (numbers && atLineStart)
             shown = Format(u"%6u  ", ++line);
-        shown += part;
         atLineStart = part.back() == u'\n';
-        return Print(shown) && MakeRoom(shown.size());
+        return pager.Piece(shown += part);
     }
 
-    // Counts the rows that the text took, and waits when the screen is full.
-    bool MakeRoom(std::size_t length)
-    {
-        if (screen.rows == 0)
-            return true;
-        row += 1 + static_cast<int>(length) / std::max(1, screen.columns);
-        if (row < screen.rows - 1)
-            return true;
-        row = 0;
-        Print(LoadMessage(message::pressKey));
-        WaitForKey();
-        return Print(u"\r\n");
-    }
-
+    bool plain;
     bool numbers;
+    Pager pager;
     bool atLineStart = true;
     unsigned line = 0;
-    int row = 0;
-    ConsoleSize screen;
 };
 
 // Whether the file's bytes may go to standard output as they are. Only a marked UTF-16 file is converted for
