@@ -11,6 +11,7 @@
 #include "platform/file_facts.h"
 #include "platform/standard_handles.h"
 #include "platform/text_output.h"
+#include "text/compare.h"
 #include "text/path_names.h"
 
 namespace {
@@ -23,6 +24,16 @@ DWORD OutputDisposition(bool append, bool overrideNoClobber)
     if (append)
         return noClobber ? OPEN_EXISTING : OPEN_ALWAYS;
     return noClobber ? CREATE_NEW : CREATE_ALWAYS;
+}
+
+// Opening a device costs far more than writing to it, and this one is everybody's: it is opened once.
+HANDLE NulDevice()
+{
+    if (!aRooms.nul)
+        aRooms.nul = std::make_shared<OwnedHandle>(
+            CreateFileW(L"NUL", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                        &inheritable, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return aRooms.nul->Get();
 }
 
 int ReportOpen(const CString& name)
@@ -41,28 +52,33 @@ RedirectionRecord::~RedirectionRecord()
     Finish(ignored);
 }
 
-void RedirectionRecord::Install(int number, OwnedHandle handle)
+// Puts a handle in force that stays somebody else's.
+void RedirectionRecord::Install(int number, HANDLE handle, HandleKind kind)
 {
-    if (!replaced[number]) {
-        saved[number] = StandardHandle(number);
-        replaced[number] = true;
-    }
-    SetStandardHandle(number, handle.Get());
+    StandardHandleKind& known = Tls().handleKinds[number];
+    if (!saved[number].replaced)
+        saved[number] = {true, StandardHandle(number), known};
+    SetStandardHandle(number, handle);
+    known =
+        kind == HandleKind::None ? StandardHandleKind() : StandardHandleKind{handle, static_cast<int>(kind)};
+}
+
+void RedirectionRecord::Own(int number, OwnedHandle handle, HandleKind kind)
+{
+    Install(number, handle.Get(), kind);
     opened.push_back(std::move(handle));
-    ForgetHandleKinds();
 }
 
 void RedirectionRecord::Restore()
 {
     for (int number = 0; number < 3; ++number) {
-        if (replaced[number])
-            SetStandardHandle(number, saved[number]);
-        replaced[number] = false;
+        if (!saved[number].replaced)
+            continue;
+        SetStandardHandle(number, saved[number].handle);
+        Tls().handleKinds[number] = saved[number].kind;
+        saved[number].replaced = false;
     }
-    if (opened.empty())
-        return;
     opened.clear();
-    ForgetHandleKinds();
 }
 
 int RedirectionRecord::Apply(CString& command, bool parentheses, const Syntax& syntax)
@@ -93,7 +109,7 @@ int RedirectionRecord::Perform(const RedirectionRequest& request)
         OwnedHandle copy = DuplicateHandle(StandardHandle(request.source), true);
         if (!copy)
             return MVError(GetLastError());
-        Install(request.handle, std::move(copy));
+        Own(request.handle, std::move(copy), HandleKind::None);
         return result::success;
     }
     }
@@ -115,12 +131,19 @@ int RedirectionRecord::OpenInput(const CString& name)
         return ReportOpen(name);
     if (device)
         devices.push_back(std::move(device));
-    Install(0, std::move(file));
+    Own(0, std::move(file), HandleKind::None);
     return result::success;
 }
 
 int RedirectionRecord::OpenOutput(const RedirectionRequest& request)
 {
+    if (EqualNoCase(request.name, u"NUL")) {
+        const HANDLE nul = NulDevice();
+        Install(request.handle, nul, HandleKind::Device);
+        if (request.errorToo)
+            Install(2, nul, HandleKind::Device);
+        return result::success;
+    }
     // While the batch file is open nobody may write to it, and it may be the target.
     CloseBatchFile();
     const bool append = request.kind == RedirectionKind::Append;
@@ -143,9 +166,10 @@ int RedirectionRecord::OpenOutput(const RedirectionRequest& request)
     if (device)
         devices.push_back(std::move(device));
     const HANDLE handle = file.Get();
-    Install(request.handle, std::move(file));
+    const HandleKind kind = plainFile ? HandleKind::File : HandleKind::None;
+    Own(request.handle, std::move(file), kind);
     if (request.errorToo)
-        Install(2, DuplicateHandle(handle, true));
+        Own(2, DuplicateHandle(handle, true), kind);
     return result::success;
 }
 
@@ -160,7 +184,7 @@ int RedirectionRecord::FeedText(std::u16string_view text)
     if (!file || !WriteTextToFile(file.Get(), text, CurrentOutputEncoding()))
         return ReportOpen(path);
     SetFilePointerEx(file.Get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN);
-    Install(0, std::move(file));
+    Own(0, std::move(file), HandleKind::File);
     return result::success;
 }
 
@@ -191,9 +215,9 @@ int RedirectionRecord::StartPipe(const CString& text, bool errorsToo)
         return code;
     }
     const HANDLE handle = writeEnd.Get();
-    Install(1, std::move(writeEnd));
+    Own(1, std::move(writeEnd), HandleKind::Pipe);
     if (errorsToo)
-        Install(2, DuplicateHandle(handle, true));
+        Own(2, DuplicateHandle(handle, true), HandleKind::Pipe);
     return result::success;
 }
 

@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "core/redirection_parser.h"
+#include "engine/state.h"
 #include "platform/handle.h"
+#include "platform/standard_handles.h"
 #include "text/cstring.h"
 #include "text/syntax.h"
 
@@ -39,11 +41,17 @@ private:
     int OpenOutput(const RedirectionRequest& request);
     int FeedText(std::u16string_view text);
     int FeedBatchLines(const RedirectionRequest& request);
-    void Install(int number, OwnedHandle handle);
+    void Install(int number, HANDLE handle, HandleKind kind);
+    void Own(int number, OwnedHandle handle, HandleKind kind);
     void Restore();
 
-    void* saved[3] = {}; // the handles that were in force, where they were replaced
-    bool replaced[3] = {};
+    // What was in force, where it was replaced.
+    struct Saved {
+        bool replaced = false;
+        HANDLE handle = nullptr;
+        StandardHandleKind kind;
+    };
+    Saved saved[3];
     std::vector<OwnedHandle> opened; // what stands in their place
     std::vector<std::unique_ptr<PseudoDevice>> devices;
     std::unique_ptr<PipeChild> pipe;

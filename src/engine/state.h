@@ -234,6 +234,7 @@ extern GlobalTexts aTexts;
 struct GlobalRooms {
     std::shared_ptr<struct VariableLists> lists; // expand/lists.cpp
     std::shared_ptr<class ArrayTable> arrays;    // expand/arrays.h
+    std::shared_ptr<class OwnedHandle> nul;      // the device NUL, kept open for redirections
 };
 extern GlobalRooms aRooms;
 
