@@ -13,6 +13,8 @@ const CString& StandingTitle()
 {
     if (aTexts.standingTitle.empty())
         aTexts.standingTitle = ConsoleTitle();
+    if (aTexts.standingTitle.empty())
+        aTexts.standingTitle = aTexts.executable;
     return aTexts.standingTitle;
 }
 

@@ -70,22 +70,6 @@ private:
     void** place;
 };
 
-// Holds breaks back while it lives; the next step of the line sees them.
-class HeldSignals {
-public:
-    HeldSignals() : wereHeld(Tls().signalsHeld) { HoldSignals(); }
-    HeldSignals(const HeldSignals&) = delete;
-    HeldSignals& operator=(const HeldSignals&) = delete;
-    ~HeldSignals()
-    {
-        if (!wereHeld)
-            EnableSignals();
-    }
-
-private:
-    bool wereHeld;
-};
-
 bool MustWait(bool windowed)
 {
     return !windowed || Tls().Frame() || aIniFile.ExecWait || aGlobals.alwaysWait;
@@ -96,13 +80,7 @@ bool MustWait(bool windowed)
 bool WaitForEnd(ChildProcess& child, bool windowed)
 {
     const RunningProcess running(child.Get());
-    if (windowed)
-        return child.Wait(tty_yield);
-    bool ended = false;
-    {
-        const HeldSignals held;
-        ended = child.Wait(tty_yield);
-    }
+    const bool ended = child.Wait(windowed ? tty_yield : ThrowIfShellEnds);
     ThrowIfBroken();
     return ended;
 }

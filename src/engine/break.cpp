@@ -63,6 +63,13 @@ void ThrowIfBroken()
         BreakHandler(seen - 1);
 }
 
+void ThrowIfShellEnds()
+{
+    const unsigned seen = mark.waiting.load(std::memory_order_relaxed);
+    if (seen != 0 && break_event::EndsShell(seen - 1))
+        ThrowIfBroken();
+}
+
 void HoldSignals() { Tls().signalsHeld = true; }
 
 void EnableSignals() { Tls().signalsHeld = false; }

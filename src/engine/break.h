@@ -31,6 +31,9 @@ void ClearBreak();
 // The point where a break is taken: throws Break when one waits, unless signals are held. Costs next to
 // nothing otherwise, and nothing happens on threads that breaks are not for.
 void ThrowIfBroken();
+// The same for the end of the console alone; any other break goes on waiting.
+void ThrowIfShellEnds();
+// While signals are held a break that is looked at is forgotten.
 void HoldSignals();
 void EnableSignals();
 

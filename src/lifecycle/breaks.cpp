@@ -99,12 +99,9 @@ void BreakHandler(unsigned event)
         return;
     }
     const bool endsShell = break_event::EndsShell(event);
-    if (tls.signalsHeld) {
-        if (!endsShell)
-            TakeBreak(event);
-        return;
-    }
     TakeBreak(event);
+    if (tls.signalsHeld && !endsShell)
+        return;
     tls.breakPending = false;
     if (endsShell)
         aGlobals.exitRequested = 1;
