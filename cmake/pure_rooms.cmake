@@ -6,6 +6,7 @@ set(MOVACORE_PURE_ROOMS
   src/batch/labels.cpp
   src/batch/line_splitting.cpp
   src/batch/packed_text.cpp
+  src/commands/definition_text.cpp
   src/commands/help_text.cpp
   src/config/colors.cpp
   src/config/directives.cpp
@@ -26,11 +27,6 @@ set(MOVACORE_PURE_ROOMS
   src/core/search_order.cpp
   src/core/separators.cpp
   src/core/substitution.cpp
-  src/lifecycle/start_options.cpp
-  src/files/dates.cpp
-  src/files/directory_name.cpp
-  src/files/text_pieces.cpp
-  src/commands/definition_text.cpp
   src/core/zone_mark.cpp
   src/expand/arrays.cpp
   src/expand/delayed_expansion.cpp
