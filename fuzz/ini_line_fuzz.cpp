@@ -49,9 +49,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (shell.reader.depth != 0 || shell.world.filesRead > mostIniFiles)
         std::abort();
     std::array<std::byte, settingsAreaBytes> area;
-    WriteSettingsArea(shell.ini, area);
+    WriteSettingsArea(shell.ini, u"C:\\a.ini", area);
     Shell child;
-    if (!ReadSettingsArea(area, child.ini) || child.ini.HistDups != shell.ini.HistDups)
+    CString iniFile;
+    if (!ReadSettingsArea(area, child.ini, iniFile) || child.ini.HistDups != shell.ini.HistDups)
         std::abort();
     return 0;
 }

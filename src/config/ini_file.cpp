@@ -37,6 +37,7 @@ constexpr std::size_t largestIniFile = std::size_t{16} << 20; // bytes; more is 
 struct IniResources {
     NamedLock lock;     // for shells that write INI files
     SharedSection area; // our settings, for child shells
+    CString parentFile; // the INI file of the shell whose settings we inherited
 };
 IniResources resources;
 
@@ -94,7 +95,8 @@ bool InheritSettings()
     if (!area)
         return false;
     const std::size_t bytes = std::min(area.Size(), settingsAreaBytes);
-    if (!ReadSettingsArea({static_cast<const std::byte*>(area.Data()), bytes}, aIniFile))
+    if (!ReadSettingsArea({static_cast<const std::byte*>(area.Data()), bytes}, aIniFile,
+                          resources.parentFile))
         return false;
     for (SettingSource& source : aSettingSources.rows)
         source.origin = SettingOrigin::ParentShell;
@@ -152,11 +154,23 @@ void LoadNamedFile(const CString& name)
         MVError(errors::iniInclude, name);
 }
 
-bool NeedsFileBesideInheritance()
+// The right side of a pipe is written in the syntax of the shell that stands on its left: it takes no
+// settings of its own, and nobody presses keys there.
+void LoadWhatIsNotInherited(std::u16string_view name)
 {
-    const auto seen = static_cast<int>(aIniFile.sectionsSeen);
-    const int wanted = ini_section::secondary | ini_section::disabled;
-    return (seen & wanted) != 0 || ((seen & ini_section::keyFunction) != 0 && !Tls().pipeChild);
+    const bool pipe = Tls().pipeChild;
+    const int inherited = ini_section::none | ini_section::primary | ini_section::quarn | ini_section::keys |
+                          (pipe ? ini_section::secondary : 0);
+    const int wanted = ini_section::disabled | (pipe ? 0 : ini_section::secondary | ini_section::keyFunction);
+    const CString& file = resources.parentFile;
+    if ((static_cast<int>(aIniFile.sectionsSeen) & wanted) != 0) {
+        LoadFromAnyPlace(name, inherited);
+        if (!file.empty() && !EqualNoCase(file, aTexts.iniFile))
+            LoadFile(file, inherited);
+    }
+    aTexts.iniFile = file;
+    if (!pipe)
+        LoadNamedFile(aIniFile.NextINIFile);
 }
 
 } // namespace
@@ -172,17 +186,12 @@ void InitializeIniFile()
 
 void DefaultINI(std::u16string_view name)
 {
-    constexpr int inherited =
-        ini_section::none | ini_section::primary | ini_section::quarn | ini_section::keys;
     if (aTexts.iniFile.empty()) {
-        if (!aGlobals.secondary) {
+        if (aGlobals.secondary) {
+            LoadWhatIsNotInherited(name);
+        } else {
             LoadFromAnyPlace(name, ini_section::secondary);
             LoadNamedFile(aIniFile.PrimaryINIFile);
-        } else {
-            if (NeedsFileBesideInheritance())
-                LoadFromAnyPlace(name, inherited);
-            if (!Tls().pipeChild)
-                LoadNamedFile(aIniFile.NextINIFile);
         }
     }
     SaveIniData();
@@ -202,7 +211,8 @@ int ProcessINI(std::u16string_view name)
 void SaveIniData()
 {
     if (resources.area && resources.area.Size() >= settingsAreaBytes)
-        WriteSettingsArea(aIniFile, {static_cast<std::byte*>(resources.area.Data()), settingsAreaBytes});
+        WriteSettingsArea(aIniFile, aTexts.iniFile,
+                          {static_cast<std::byte*>(resources.area.Data()), settingsAreaBytes});
 }
 
 int SetINIDirective(std::u16string_view text, SettingOrigin origin)

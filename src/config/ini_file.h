@@ -18,8 +18,9 @@
 void InitializeIniFile();
 
 // Loads the INI file `name` from the first of its places that has one, unless a file is loaded already, and
-// publishes the settings for child shells. A shell that inherited takes from the file only what it does not
-// inherit: the sections Secondary and Disabled and the keys.
+// publishes the settings for child shells. A shell that inherited takes from this file, and from the one its
+// parent used, only what it does not inherit: the sections Secondary and Disabled and the keys. The right
+// side of a pipe takes Disabled alone.
 void DefaultINI(std::u16string_view name);
 
 // Loads the named file ("@" in front is passed over), which becomes aTexts.iniFile. 0, or 2 when it cannot

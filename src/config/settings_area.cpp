@@ -25,20 +25,12 @@ std::size_t CountTexts()
         std::count_if(aDirectives.begin(), aDirectives.end(), [](const Directive& d) { return d.IsText(); }));
 }
 
-} // namespace
+class TextWriter {
+public:
+    TextWriter(std::span<std::byte> area, std::size_t texts) : room(area), endsToCome(texts) {}
 
-void WriteSettingsArea(const INIFILE& ini, std::span<std::byte> area)
-{
-    INIFILE image = ini;
-    ForgetTexts(image);
-    std::memcpy(area.data(), &image, sizeof image);
-
-    std::span<std::byte> room = area.subspan(sizeof image);
-    std::size_t endsToCome = CountTexts(); // a NUL for each text that is not written yet
-    for (const Directive& directive : aDirectives) {
-        if (!directive.IsText())
-            continue;
-        std::u16string_view text = SettingString(directive, ini);
+    void Write(std::u16string_view text)
+    {
         if (text.size() + endsToCome > room.size() / sizeof(char16_t))
             text = {};
         const std::span<const std::byte> bytes = std::as_bytes(std::span(text));
@@ -47,9 +39,47 @@ void WriteSettingsArea(const INIFILE& ini, std::span<std::byte> area)
         room = room.subspan(bytes.size() + sizeof(char16_t));
         --endsToCome;
     }
+
+private:
+    std::span<std::byte> room;
+    std::size_t endsToCome; // a NUL for each text that is not written yet
+};
+
+class TextReader {
+public:
+    explicit TextReader(std::span<const std::byte> area) : texts(area.size() / sizeof(char16_t), u'\0')
+    {
+        std::memcpy(texts.data(), area.data(), texts.size() * sizeof(char16_t));
+    }
+
+    std::u16string_view Read()
+    {
+        const std::u16string_view rest = std::u16string_view(texts).substr(at);
+        const std::u16string_view text = rest.substr(0, rest.find(u'\0'));
+        at = std::min(at + text.size() + 1, texts.size());
+        return text;
+    }
+
+private:
+    std::u16string texts; // a copy: the owner may be writing
+    std::size_t at = 0;
+};
+
+} // namespace
+
+void WriteSettingsArea(const INIFILE& ini, std::u16string_view iniFile, std::span<std::byte> area)
+{
+    INIFILE image = ini;
+    ForgetTexts(image);
+    std::memcpy(area.data(), &image, sizeof image);
+    TextWriter texts(area.subspan(sizeof image), CountTexts() + 1);
+    for (const Directive& directive : aDirectives)
+        if (directive.IsText())
+            texts.Write(SettingString(directive, ini));
+    texts.Write(iniFile);
 }
 
-bool ReadSettingsArea(std::span<const std::byte> area, INIFILE& ini)
+bool ReadSettingsArea(std::span<const std::byte> area, INIFILE& ini, CString& iniFile)
 {
     INIFILE image{};
     if (area.size() < sizeof image)
@@ -59,17 +89,10 @@ bool ReadSettingsArea(std::span<const std::byte> area, INIFILE& ini)
         return false;
     ForgetTexts(image);
     ini = image;
-
-    // A copy: the owner may be writing.
-    std::u16string texts((area.size() - sizeof image) / sizeof(char16_t), u'\0');
-    std::memcpy(texts.data(), area.data() + sizeof image, texts.size() * sizeof(char16_t));
-    std::u16string_view rest = texts;
-    for (const Directive& directive : aDirectives) {
-        if (!directive.IsText())
-            continue;
-        const std::u16string_view text = rest.substr(0, rest.find(u'\0'));
-        SetSettingString(directive, ini, text);
-        rest.remove_prefix(std::min(text.size() + 1, rest.size()));
-    }
+    TextReader texts(area.subspan(sizeof image));
+    for (const Directive& directive : aDirectives)
+        if (directive.IsText())
+            SetSettingString(directive, ini, texts.Read());
+    iniFile = texts.Read();
     return true;
 }

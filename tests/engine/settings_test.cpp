@@ -126,7 +126,9 @@ TEST_F(Settings, PublishedForChildren)
     const SharedSection area = SharedSection::Open(Format(u"Mova_%x", unsigned{GetCurrentProcessId()}));
     ASSERT_TRUE(area);
     INIFILE seen{};
-    ASSERT_TRUE(ReadSettingsArea({static_cast<const std::byte*>(area.Data()), settingsAreaBytes}, seen));
+    CString iniFile;
+    ASSERT_TRUE(
+        ReadSettingsArea({static_cast<const std::byte*>(area.Data()), settingsAreaBytes}, seen, iniFile));
     EXPECT_EQ(seen.HistDups, choice::histDups::first);
     EXPECT_EQ(std::u16string_view(seen.Editor), u"published");
     FreeSettingStrings(seen);

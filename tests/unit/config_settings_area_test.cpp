@@ -21,10 +21,11 @@ TEST(SettingsArea, RoundTrip)
           u"MailPassword=s3cret", u"DropboxPassword=last text", u"ListColors=red on blue"})
         ASSERT_EQ(parent.Line(line), 0);
     Area area{};
-    WriteSettingsArea(parent.ini, area);
+    WriteSettingsArea(parent.ini, u"C:\\x\\MOVA.INI", area);
 
     Shell child;
-    ASSERT_TRUE(ReadSettingsArea(area, child.ini));
+    CString iniFile;
+    ASSERT_TRUE(ReadSettingsArea(area, child.ini, iniFile));
     for (const Directive& directive : aDirectives) {
         if (directive.IsText()) {
             EXPECT_EQ(SettingString(directive, child.ini), SettingString(directive, parent.ini));
@@ -33,6 +34,7 @@ TEST(SettingsArea, RoundTrip)
         }
     }
     EXPECT_EQ(child.ini.ColorDir, nullptr);
+    EXPECT_EQ(iniFile, u"C:\\x\\MOVA.INI");
     EXPECT_NE(child.ini.Editor, parent.ini.Editor);
 }
 
@@ -45,16 +47,18 @@ TEST(SettingsArea, TextsThatDoNotFitAreLeftOut)
             SetSettingString(directive, parent.ini, huge);
     SetSettingString(aDirectives[static_cast<std::size_t>(FindDirective(u"LogName"))], parent.ini, u"a.log");
     SetSettingString(aDirectives[static_cast<std::size_t>(FindDirective(u"DropboxPassword"))], parent.ini,
-                     std::u16string((settingsAreaBytes - sizeof(INIFILE)) / 2 - 5 - 51, u'y'));
+                     std::u16string((settingsAreaBytes - sizeof(INIFILE)) / 2 - 5 - 52, u'y'));
     Area area{};
-    WriteSettingsArea(parent.ini, area);
+    WriteSettingsArea(parent.ini, u"C:\\x\\MOVA.INI", area);
     Shell child;
-    ASSERT_TRUE(ReadSettingsArea(area, child.ini));
+    CString iniFile;
+    ASSERT_TRUE(ReadSettingsArea(area, child.ini, iniFile));
     EXPECT_EQ(child.ini.Editor, nullptr);
     EXPECT_EQ(std::u16string_view(child.ini.LogName), u"a.log");
     ASSERT_NE(child.ini.DropboxPassword, nullptr);
     EXPECT_EQ(std::u16string_view(child.ini.DropboxPassword),
               std::u16string_view(parent.ini.DropboxPassword)); // fills the area to its last unit
+    EXPECT_EQ(iniFile, u"");
 }
 
 TEST(SettingsArea, ForeignContents)
@@ -62,17 +66,18 @@ TEST(SettingsArea, ForeignContents)
     Shell parent;
     Area area{};
     Shell child;
-    EXPECT_FALSE(ReadSettingsArea(area, child.ini));
-    WriteSettingsArea(parent.ini, area);
-    EXPECT_FALSE(ReadSettingsArea(std::span(area).first(sizeof(INIFILE) - 1), child.ini));
+    CString iniFile;
+    EXPECT_FALSE(ReadSettingsArea(area, child.ini, iniFile));
+    WriteSettingsArea(parent.ini, u"C:\\x\\MOVA.INI", area);
+    EXPECT_FALSE(ReadSettingsArea(std::span(area).first(sizeof(INIFILE) - 1), child.ini, iniFile));
     const std::uint32_t otherFormat = 10;
     std::memcpy(area.data() + offsetof(INIFILE, format), &otherFormat, sizeof otherFormat);
-    EXPECT_FALSE(ReadSettingsArea(area, child.ini));
+    EXPECT_FALSE(ReadSettingsArea(area, child.ini, iniFile));
     EXPECT_EQ(child.Value(u"HistDups"), u"Off");
 
-    WriteSettingsArea(parent.ini, area);
+    WriteSettingsArea(parent.ini, u"C:\\x\\MOVA.INI", area);
     std::memset(area.data() + sizeof(INIFILE), 0x41, area.size() - sizeof(INIFILE)); // no end anywhere
-    ASSERT_TRUE(ReadSettingsArea(area, child.ini));
+    ASSERT_TRUE(ReadSettingsArea(area, child.ini, iniFile));
     EXPECT_EQ(std::u16string_view(child.ini.ColorDir).size(), (area.size() - sizeof(INIFILE)) / 2);
     EXPECT_EQ(child.ini.DescriptionName, nullptr);
 }
