@@ -33,9 +33,13 @@ CString SystemText(unsigned code)
     return text.TrimRight(u" \r\n");
 }
 
+constexpr std::size_t longestShown = 500; // units of an argument; what failed is known by then
+
 // Puts the argument where the text asks for it, else behind it.
-CString WithArgument(CString text, std::u16string_view argument)
+CString WithArgument(CString text, std::u16string_view whole)
 {
+    const CString cut = whole.size() > longestShown ? Format(u"%.*s...", longestShown, whole) : CString();
+    const std::u16string_view argument = cut.empty() ? whole : cut.view();
     const std::size_t place = text.Find(u"%1");
     if (place != CString::npos)
         return text.Replace(place, 2, argument);

@@ -44,3 +44,18 @@ MOVA_EXPORT unsigned QueryInternalCommandFlags(const char16_t* name);
 MOVA_EXPORT int SetInternalCommandFlags(const char16_t* name, unsigned flags);
 MOVA_EXPORT int DisableInternalCommand(const char16_t* name);
 MOVA_EXPORT void SetInternalCommands(int all);
+
+// Text functions work in the caller's buffer of `capacity` units, NUL included, and answer 0, a reported
+// error's code, or `bufferTooSmall` when the result does not fit, the buffer then being as it was.
+constexpr int bufferTooSmall = 122;
+// Replaces the references of a line; `nested` tells that it is a piece of one.
+MOVA_EXPORT int ExpandVariables(char16_t* buffer, int capacity, int nested);
+// Puts an expression's result in its place.
+MOVA_EXPORT int Evaluate(char16_t* buffer, int capacity);
+// The value of an alias or user function; 2 when there is none.
+MOVA_EXPORT int GetAliasValue(const char16_t* name, char16_t* buffer, int capacity);
+MOVA_EXPORT int GetFunctionBody(const char16_t* name, char16_t* buffer, int capacity);
+// A setting as text; 87 for an unknown name.
+MOVA_EXPORT int GetSetting(const char16_t* name, char16_t* buffer, int capacity);
+// Sets an environment variable from "name=value", an empty value deletes it. 0 or an error's result.
+MOVA_EXPORT int SetEnvironmentEntry(const char16_t* entry);

@@ -4,7 +4,6 @@
 
 #include "engine/condition_entry.h"
 #include "engine/expansion_entry.h"
-#include "engine/export.h"
 #include "engine/function_entry.h"
 #include "engine/inifile.h"
 #include "engine/internal_entry.h"
@@ -195,16 +194,4 @@ ExpansionWorld& EngineExpansionWorld()
 int VariableExpansion(CString& line, bool nested)
 {
     return VariableExpansion(line, nested, EngineExpansionWorld());
-}
-
-// Expands the text in a buffer of 65536 units, which the result is cut to. Answers as VariableExpansion.
-MOVA_EXPORT int ExpandVariables(char16_t* buffer, int nested)
-{
-    constexpr std::size_t capacity = 65535;
-    CString line(buffer);
-    const int code = VariableExpansion(line, nested != 0);
-    line.Truncate(capacity);
-    line.view().copy(buffer, line.size());
-    buffer[line.size()] = u'\0';
-    return code;
 }

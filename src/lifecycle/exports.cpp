@@ -2,15 +2,18 @@
 #include <algorithm>
 #include <cstring>
 
+#include "config/ini_file.h"
 #include "core/command_lookup.h"
 #include "engine/batch_entry.h"
 #include "engine/break.h"
 #include "engine/command_entry.h"
 #include "engine/command_state.h"
 #include "engine/console_entry.h"
+#include "engine/expansion_entry.h"
 #include "engine/movacore.h"
 #include "engine/output.h"
 #include "engine/state.h"
+#include "expand/lists.h"
 #include "lifecycle/start_options.h"
 #include "lifecycle/startup.h"
 #include "platform/environment.h"
@@ -29,6 +32,15 @@ template <typename Work> int Guarded(Work work)
         ResetParsingFlags();
         return brokenOff;
     }
+}
+
+// Hands a text out; the terminating NUL must fit too.
+int Deliver(const CString& text, char16_t* buffer, int capacity)
+{
+    if (capacity < 1 || text.size() >= static_cast<std::size_t>(capacity))
+        return bufferTooSmall;
+    std::memcpy(buffer, text.c_str(), (text.size() + 1) * sizeof(char16_t));
+    return result::success;
 }
 
 CString PromptPattern()
@@ -128,3 +140,45 @@ int SetInternalCommandFlags(const char16_t* name, unsigned flags)
 int DisableInternalCommand(const char16_t* name) { return DisableInternalCommand(std::u16string_view(name)); }
 
 void SetInternalCommands(int all) { SelectCommandSet(all != 0); }
+
+int ExpandVariables(char16_t* buffer, int capacity, int nested)
+{
+    return Guarded([&] {
+        CString line(buffer);
+        const int code = VariableExpansion(line, nested != 0);
+        return code ? code : Deliver(line, buffer, capacity);
+    });
+}
+
+int Evaluate(char16_t* buffer, int capacity)
+{
+    return Guarded([&] {
+        CString expression(buffer);
+        const int code = EvaluateExpression(expression);
+        return code ? code : Deliver(expression, buffer, capacity);
+    });
+}
+
+int GetAliasValue(const char16_t* name, char16_t* buffer, int capacity)
+{
+    CString value;
+    return GetAlias(name, value) ? Deliver(value, buffer, capacity) : result::error;
+}
+
+int GetFunctionBody(const char16_t* name, char16_t* buffer, int capacity)
+{
+    CString body;
+    return GetFunction(name, body) ? Deliver(body, buffer, capacity) : result::error;
+}
+
+int GetSetting(const char16_t* name, char16_t* buffer, int capacity)
+{
+    CString value;
+    const int code = GetOptionValue(name, value);
+    return code ? code : Deliver(value, buffer, capacity);
+}
+
+int SetEnvironmentEntry(const char16_t* entry)
+{
+    return Guarded([&] { return SetEVariable(entry); });
+}
