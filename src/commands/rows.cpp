@@ -17,6 +17,7 @@
 #include "commands/delay.h"
 #include "commands/directory.h"
 #include "commands/echo.h"
+#include "commands/eset.h"
 #include "commands/exit.h"
 #include "commands/function.h"
 #include "commands/goto_call.h"
@@ -107,7 +108,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"ENUMSERVERS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ENUMSHARES", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ERASE", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
-    {u"ESET", Unbuilt_Command, 0x82007, 1, u"[/a] aliases [/f] functions [1*] variables", &unbuiltHelp},
+    {u"ESET", Eset_Command, 0x82007, 1, u"[/a] aliases [/f] functions [1*] variables", &esetHelp},
     {u"EVENTLOG", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"EVENTMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"EVERYTHING", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
