@@ -38,7 +38,7 @@ const CommandHelp setHelp = {
     u"set greeting=Hello, world\n"
     u"set \"folder=C:\\Program Files\"\n"
     u"set /a total=(3+4)*6\n"
-    u"set /p answer=Your name: \n"
+    u"set /p \"answer=Your name: \"\n"
     u"set /u EDITOR=notepad.exe",
 };
 
