@@ -154,5 +154,8 @@ int RunBatchFile(std::vector<CString> arguments, std::u16string_view invokedAs,
     }
     if (mode != 0)
         tls.blocks = callersBlocks;
+    // What stands behind the file's name on its caller's line is abandoned with it.
+    if (tls.breakHappened)
+        throw Break{breakResult};
     return answer;
 }

@@ -72,12 +72,26 @@ class Machine:
         kept = {name: os.environ[name] for name in ("PATH", "HOME", "USER", "LOGNAME") if name in os.environ}
         return kept | {"WINEPREFIX": str(self.prefix), "WINEDEBUG": "-all", "LC_ALL": "C.UTF-8", "TZ": "UTC"}
 
-    def start(self):
-        # The server must not leave between two cases of a slow machine.
+    @staticmethod
+    def wine():
+        return wine_program("wine64", "wine")
+
+    def tell_server(self, switch):
         server = wine_program("wineserver64", "wineserver")
-        subprocess.run([server, "-p60"], env=self.environment(), stderr=subprocess.DEVNULL, check=False)
+        subprocess.run([server, switch], env=self.environment(), stderr=subprocess.DEVNULL, check=False)
+
+    def keep_server(self):
+        """The server must not leave between two cases of a slow machine."""
+        self.tell_server("-p60")
+
+    def end_server(self):
+        """Ends the prefix's server and whatever runs there."""
+        self.tell_server("-k")
+
+    def start(self):
+        self.keep_server()
         self.starter = subprocess.Popen(
-            [wine_program("wine64", "wine"), self.PROGRAMS + "\\helpers\\starter.exe"],
+            [self.wine(), self.PROGRAMS + "\\helpers\\starter.exe"],
             stdin=subprocess.PIPE,
             stdout=subprocess.PIPE,
             stderr=subprocess.DEVNULL,
@@ -124,8 +138,7 @@ class Machine:
         self.starter.kill()
         self.starter.wait()
         self.starter = None
-        server = wine_program("wineserver64", "wineserver")
-        subprocess.run([server, "-k"], env=self.environment(), stderr=subprocess.DEVNULL, check=False)
+        self.end_server()
 
 
 def _escape(value):

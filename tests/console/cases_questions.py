@@ -1,0 +1,72 @@
+"""Questions that a key answers, and commands that wait for the person."""
+
+from registry import case
+
+
+@case("the prefix ? asks before a command runs")
+def asked_command(console):
+    console.start()
+    console.shows(">")
+    console.line("? echo done")
+    console.ends_with("echo done (Y/N)?")
+    console.keys("x")
+    console.keys("y")
+    console.ends_with("echo done (Y/N)? Y", "done", ">")
+    console.line('?"Really" echo done & echo nor this')
+    console.ends_with("Really (Y/N)?")
+    console.keys("n")
+    console.ends_with("Really (Y/N)? N", ">")
+
+
+@case("Ctrl+C at a question abandons the line")
+def broken_question(console):
+    console.start()
+    console.shows(">")
+    console.line("echo first & ? echo second")
+    console.ends_with("echo second (Y/N)?")
+    console.keys("C-c")
+    console.ends_with("first", "echo second (Y/N)? ^C", ">")
+
+
+@case("PAUSE waits for a key")
+def pause(console):
+    console.start()
+    console.shows(">")
+    console.line("pause & echo after")
+    console.ends_with("Press any key when ready...")
+    console.keys("F5")
+    console.ends_with("Press any key when ready...", "after", ">")
+    console.line("pause Now? & echo after")
+    console.ends_with("Now?")
+    console.keys("C-c")
+    console.ends_with("Now?^C", ">")
+
+
+@case("DELAY /B ends with a key, which is not kept for the prompt")
+def delay(console):
+    console.start()
+    console.shows(">")
+    console.line("echo wait & delay /b 60 & echo after")
+    console.ends_with("wait")
+    console.keys("q")
+    console.ends_with("wait", "after", ">")
+    console.line("echo %!")
+    console.ends_with("after", ">")
+
+
+@case("DATE and TIME ask again after a bad answer, and an empty one changes nothing")
+def clock(console):
+    console.start()
+    console.shows(">")
+    console.line("date & echo after")
+    console.ends_with("New date:")
+    console.line("13-32-2026")
+    console.ends_with("New date: 13-32-2026", 'Invalid date "13-32-2026"', "New date:")
+    console.keys("Enter")
+    console.ends_with("New date:", "after", ">")
+    console.line("time")
+    console.ends_with("New time:")
+    console.line("25:00")
+    console.ends_with('Invalid time "25:00"', "New time:")
+    console.keys("C-c")
+    console.ends_with("New time: ^C", ">")

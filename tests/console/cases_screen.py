@@ -1,0 +1,57 @@
+"""The window: title, colours, clearing."""
+
+from registry import case
+
+
+@case("the window title names the command that runs")
+def running_title(console):
+    console.start()
+    console.shows(">")
+    console.line("title Mine")
+    console.has_title("Mine")
+    console.line("delay 60")
+    console.has_title("Mine - delay 60")
+    console.keys("C-c")
+    console.has_title("Mine")
+
+
+@case("the window title stays as it is with UpdateTitle=No")
+def standing_title(console):
+    console.start("//UpdateTitle=No")
+    console.shows(">")
+    console.line('title "A title" & pause')
+    console.ends_with("Press any key when ready...")
+    console.has_title("A title")
+
+
+@case("TITLEPROMPT is the title at each prompt, with PROMPT's codes")
+def prompted_title(console):
+    console.start(TITLEPROMPT="in $P")
+    console.shows(">")
+    console.has_title("in C:\\t\\console")
+    console.line("md sub 2>nul & cd \\")
+    console.has_title("in C:\\")
+
+
+@case("COLOR paints the screen, and puts the old colours back")
+def colors(console):
+    console.start()
+    console.shows(">")
+    console.line("color bright white on blue")
+    console.has_colors("\x1b[97m\x1b[44m")
+    console.line("color 4E")
+    console.has_colors("\x1b[93m\x1b[41m")
+    console.line("color")
+    console.shows(">color bright white on blue", ">color 4E", ">color", ">")
+    console.wait(lambda: "\x1b[41m" not in console.colors(), ["no red"], lambda: [repr(console.colors())])
+
+
+@case("CLS clears the screen and may colour it")
+def clear(console):
+    console.start()
+    console.shows(">")
+    console.line("echo some text")
+    console.ends_with("some text", ">")
+    console.line("cls bright yellow on red")
+    console.shows(">")
+    console.has_colors("\x1b[93m\x1b[41m")

@@ -1,0 +1,97 @@
+"""A real console around the shell: a tmux pane of fixed size. README.md tells how cases use it."""
+
+import shutil
+import subprocess
+import time
+
+ROWS, COLUMNS = 30, 80
+PATIENCE = 10.0
+
+
+class Failure(Exception):
+    """The case did not see what it waited for."""
+
+
+class Console:
+    FOLDER = "C:\\t\\console"
+
+    def __init__(self, machine, socket):
+        self.machine = machine
+        self.socket = socket
+        self.folder = machine.path(self.FOLDER)
+        shutil.rmtree(self.folder, ignore_errors=True)
+        self.folder.mkdir(parents=True)
+
+    def tmux(self, *arguments):
+        environment = self.machine.environment() | {"TERM": "xterm-256color"}
+        command = ["tmux", "-S", self.socket, "-f", "/dev/null", *arguments]
+        return subprocess.run(command, env=environment, capture_output=True, text=True, check=False).stdout
+
+    def file(self, name, *lines):
+        (self.folder / name).write_bytes("".join(f"{line}\r\n" for line in lines).encode())
+
+    def start(self, *arguments, **environment):
+        """Starts the shell. A variable given as None is not set."""
+        variables = {"PROMPT": "$G"} | environment
+        settings = [part for name, value in variables.items() if value is not None for part in ("-e", f"{name}={value}")]
+        shell = [self.machine.wine(), self.machine.PROGRAMS + "\\ORV.exe", *arguments]
+        size = ["-x", str(COLUMNS), "-y", str(ROWS)]
+        # The pane stays when the shell ends, so that its last screen and its exit code can be read.
+        self.tmux(
+            "start-server", ";", "set", "-g", "remain-on-exit", "on", ";", "set", "-g", "remain-on-exit-format", "", ";",
+            "set", "-g", "status", "off", ";", "new-session", "-d", *size, *settings, "-c", str(self.folder), "--", *shell,
+        )
+
+    def text(self, text):
+        self.tmux("send-keys", "-l", "--", text)
+
+    def keys(self, *names):
+        self.tmux("send-keys", *names)
+
+    def line(self, text):
+        self.text(text)
+        self.keys("Enter")
+
+    def rows(self):
+        rows = [row.rstrip() for row in self.tmux("capture-pane", "-p").split("\n")]
+        return [row for row in rows if row]
+
+    def colors(self):
+        return self.tmux("capture-pane", "-p", "-e")
+
+    def facts(self, pattern):
+        return self.tmux("display-message", "-p", pattern).rstrip("\n")
+
+    def wait(self, holds, expected, found):
+        limit = time.monotonic() + PATIENCE
+        while not holds():
+            if time.monotonic() > limit:
+                raise Failure(f"waited for:\n{indented(expected)}\nfound:\n{indented(found())}")
+            time.sleep(0.02)
+
+    def shows(self, *rows):
+        self.wait(lambda: self.rows() == list(rows), rows, self.rows)
+
+    def ends_with(self, *rows):
+        self.wait(lambda: self.rows()[-len(rows) :] == list(rows), ["...", *rows], self.rows)
+
+    def has_title(self, title):
+        self.wait(lambda: self.facts("#{pane_title}") == title, [title], lambda: [self.facts("#{pane_title}")])
+
+    def has_colors(self, sequence):
+        self.wait(lambda: sequence in self.colors(), [repr(sequence)], lambda: [repr(self.colors())])
+
+    def exits(self, code):
+        state = "#{pane_dead} #{pane_dead_status}"
+        self.wait(lambda: self.facts(state) == f"1 {code}", [f"exit {code}"], lambda: [self.facts(state), *self.rows()])
+
+    def hang_up(self):
+        """The window goes away under the shell."""
+        self.tmux("kill-session")
+
+    def close(self):
+        self.tmux("kill-server")
+
+
+def indented(rows):
+    return "\n".join(f"    {row}" for row in rows)
