@@ -102,6 +102,7 @@ int ReadPromptLine(char16_t* buffer, int capacity)
     CString line;
     bool more = true;
     Guarded([&] {
+        UpdateEnvironment();
         more = ReadConsoleLine(line, ExpandPrompt(PromptPattern()));
         return 0;
     });
