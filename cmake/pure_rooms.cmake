@@ -8,6 +8,7 @@ set(MOVACORE_PURE_ROOMS
   src/batch/packed_text.cpp
   src/commands/definition_text.cpp
   src/commands/help_text.cpp
+  src/commands/start_switches.cpp
   src/config/colors.cpp
   src/config/directives.cpp
   src/config/ini_parser.cpp

@@ -15,6 +15,7 @@
 #include "commands/commands_list.h"
 #include "commands/date_time.h"
 #include "commands/delay.h"
+#include "commands/detach.h"
 #include "commands/directory.h"
 #include "commands/echo.h"
 #include "commands/eset.h"
@@ -30,11 +31,13 @@
 #include "commands/remark.h"
 #include "commands/set.h"
 #include "commands/set_array.h"
+#include "commands/start.h"
 #include "commands/title.h"
 #include "commands/true_false.h"
 #include "commands/type.h"
 #include "commands/unbuilt.h"
 #include "commands/version.h"
+#include "commands/which.h"
 #include "engine/tables.h"
 
 constexpr BUILTIN aInternalCommands[] = {
@@ -83,7 +86,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DELAY", Delay_Command, 0x2007, 1, u"", &delayHelp},
     {u"DESCRIBE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"DESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"DETACH", Unbuilt_Command, 0x524, 1, u"", &unbuiltHelp},
+    {u"DETACH", Detach_Command, 0x524, 1, u"", &detachHelp},
     {u"DIFFER", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"DIR", Unbuilt_Command, 0x286307, 1, u"", &unbuiltHelp},
     {u"DIRENV", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
@@ -247,7 +250,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SPONGE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"SREPLACE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"SSHEXEC", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
-    {u"START", Unbuilt_Command, 0x680127, 1, u"", &unbuiltHelp},
+    {u"START", Start_Command, 0x680127, 1, u"", &startHelp},
     {u"STATUSBAR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"SWITCH", Unbuilt_Command, 0x402045, 1, u"", &unbuiltHelp},
     {u"SYNC", Unbuilt_Command, 0x2107, 1, u"dirs", &unbuiltHelp},
@@ -304,7 +307,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"WEBFORM", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"WEBSOCKET", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"WEBUPLOAD", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
-    {u"WHICH", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"WHICH", Which_Command, 0x2107, 1, u"", &whichHelp},
     {u"WINDOW", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"WINSTATION", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"WMIQUERY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},

@@ -115,13 +115,13 @@ int RunOther(const Invocation& run)
     const CString command = FindExtensionCommand(EnvironmentEntries(), ExtensionPart(run.found.file));
     if (!command.empty() && command.front() != u'*')
         return RunAssociated(command, run);
-    return External(run.found.file, run.call.arguments, {}, run.found.extraPaths);
+    return External(run.found.file, run.call.arguments, run.found.extraPaths);
 }
 
 int RunFile(const Invocation& run)
 {
     switch (KindOfFile(run.found.file)) {
-    case FileKind::Program: return External(run.found.file, run.call.arguments, {}, run.found.extraPaths);
+    case FileKind::Program: return External(run.found.file, run.call.arguments, run.found.extraPaths);
     case FileKind::Batch: return RunBatch(run);
     case FileKind::CmdBatch: return RunInCmd(run);
     case FileKind::Script: return RunScript(run);

@@ -1,9 +1,5 @@
 #include "core/program_start.h"
 
-#include <windows.h>
-
-#include <shellapi.h>
-
 #include "core/association_template.h"
 #include "core/associations.h"
 #include "core/executable_type.h"
@@ -17,39 +13,40 @@
 #include "engine/state.h"
 #include "platform/environment.h"
 #include "platform/file_facts.h"
-#include "platform/lazy_library.h"
 #include "platform/process.h"
 #include "platform/process_line.h"
+#include "platform/shell_open.h"
 #include "platform/standard_handles.h"
 #include "text/compare.h"
+#include "text/format.h"
 #include "text/path_names.h"
 
 namespace {
 
-constinit LazyFunction<decltype(ShellExecuteExW)> shellExecute(libraries::shell32, "ShellExecuteExW");
-
-// A variable that has another value for a moment.
-class TemporaryVariable {
+// Puts folders in front of PATH while it lives.
+class LongerPath {
 public:
-    TemporaryVariable(std::u16string_view variable, std::u16string_view value) : name(variable)
+    explicit LongerPath(const CString& folders) : changed(!folders.empty())
     {
-        existed = ReadEnvironment(name, before);
-        WriteEnvironment(name, value);
+        if (!changed)
+            return;
+        existed = ReadEnvironment(u"PATH", before);
+        WriteEnvironment(u"PATH", Format(u"%s;%s", folders, before));
     }
-    TemporaryVariable(const TemporaryVariable&) = delete;
-    TemporaryVariable& operator=(const TemporaryVariable&) = delete;
-    ~TemporaryVariable()
+    LongerPath(const LongerPath&) = delete;
+    LongerPath& operator=(const LongerPath&) = delete;
+    ~LongerPath()
     {
-        if (existed)
-            WriteEnvironment(name, before);
-        else
-            RemoveEnvironment(name);
+        if (changed && existed)
+            WriteEnvironment(u"PATH", before);
+        else if (changed)
+            RemoveEnvironment(u"PATH");
     }
 
 private:
-    CString name;
+    bool changed;
+    bool existed = false;
     CString before;
-    bool existed;
 };
 
 // Shows a child to the break handling for as long as it runs.
@@ -87,17 +84,7 @@ bool WaitForEnd(ChildProcess& child, bool windowed)
 
 int Finish(ChildProcess& child, bool windowed, const CString& program)
 {
-    TLS_VARIABLES& tls = Tls();
-    if (!MustWait(windowed))
-        return tls.errorLevel = result::success;
-    if (!WaitForEnd(child, windowed)) {
-        const unsigned code = GetLastError();
-        tls.errorLevel = static_cast<int>(code);
-        return MVError(code, program);
-    }
-    const unsigned exitCode = child.ExitCode().value_or(0);
-    tls.errorLevel = static_cast<int>(exitCode);
-    return ResultOfExitCode(exitCode);
+    return MustWait(windowed) ? WaitForProgram(child, windowed, program) : Tls().errorLevel = result::success;
 }
 
 unsigned StartProgram(ChildProcess& child, const CString& program, const CString& commandLine)
@@ -134,35 +121,26 @@ int OpenDocument(const CString& file, const CString& arguments, unsigned reason)
         return Finish(child, false, file);
     TLS_VARIABLES& tls = Tls();
     tls.errorLevel = static_cast<int>(reason);
-    if (OpenThroughShell(file, arguments, SW_SHOWNORMAL) != 0)
+    if (OpenWithShell(file, arguments) != 0)
         return MVError(reason, file);
     return tls.errorLevel = result::success;
 }
 
 } // namespace
 
-int External(const CString& program, const CString& arguments, const CString& commandLine,
-             const CString& extraPaths)
+int External(const CString& program, const CString& arguments, const CString& extraPaths)
 {
     CloseBatchFile();
-    TLS_VARIABLES& tls = Tls();
     if (!IsZoneAccepted(program))
-        return tls.errorLevel = result::error;
+        return Tls().errorLevel = result::error;
     const int type = GetExeType(program);
-    const std::u16string_view extension = ExtensionPart(program);
-    const bool mayBeProgram = type != program_type::notAProgram || EqualNoCase(extension, u".exe");
-    if (!mayBeProgram)
+    if (type == program_type::notAProgram && !EqualNoCase(ExtensionPart(program), u".exe"))
         return OpenDocument(program, arguments, ERROR_BAD_EXE_FORMAT);
 
     ChildProcess child;
     unsigned code = 0;
-    if (extraPaths.empty()) {
-        code =
-            StartProgram(child, program, commandLine.empty() ? ProcessLine(program, arguments) : commandLine);
-    } else {
-        CString path;
-        ReadEnvironment(u"PATH", path);
-        const TemporaryVariable longerPath(u"PATH", CString(extraPaths) + u";" + path.view());
+    {
+        const LongerPath path(extraPaths);
         code = StartProgram(child, program, ProcessLine(program, arguments));
     }
     if (code != 0)
@@ -170,26 +148,31 @@ int External(const CString& program, const CString& arguments, const CString& co
     return Finish(child, program_type::IsWindowed(type), program);
 }
 
-unsigned OpenThroughShell(const CString& file, const CString& arguments, int showWindow, const CString& verb,
-                          const CString& directory)
+int WaitForProgram(ChildProcess& child, bool windowed, const CString& program)
 {
-    SHELLEXECUTEINFOW info = {};
-    info.cbSize = sizeof info;
-    info.fMask = SEE_MASK_NOASYNC;
-    // Nobody could answer its boxes.
-    if (KindOfHandle(StandardHandle(0)) != HandleKind::Console)
-        info.fMask |= SEE_MASK_FLAG_NO_UI;
-    info.lpVerb = verb.empty() ? nullptr : verb.w();
-    info.lpFile = file.w();
-    info.lpParameters = arguments.w();
-    info.lpDirectory = directory.empty() ? nullptr : directory.w();
-    info.nShow = showWindow;
-    return shellExecute(&info) ? 0 : GetLastError();
+    TLS_VARIABLES& tls = Tls();
+    if (!WaitForEnd(child, windowed)) {
+        const unsigned code = GetLastError();
+        tls.errorLevel = static_cast<int>(code);
+        return MVError(code, program);
+    }
+    const unsigned exitCode = child.ExitCode().value_or(0);
+    tls.errorLevel = static_cast<int>(exitCode);
+    return ResultOfExitCode(exitCode);
+}
+
+unsigned OpenWithShell(const CString& file, const CString& arguments)
+{
+    ShellOpen open;
+    open.file = file;
+    open.arguments = arguments;
+    open.mayAsk = KindOfHandle(StandardHandle(0)) == HandleKind::Console;
+    return OpenThroughShell(open);
 }
 
 int GotoURL(std::u16string_view url)
 {
-    const unsigned code = OpenThroughShell(CString(url), {}, SW_SHOWNORMAL);
+    const unsigned code = OpenWithShell(CString(url), {});
     if (code == 0)
         return Tls().errorLevel = result::success;
     Tls().errorLevel = static_cast<int>(code);

@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "platform/process.h"
 #include "text/cstring.h"
 
 // Starts a program, or opens a document with its program, and waits unless it is a windowed one started from
@@ -15,10 +16,13 @@ int External(const CString& program, const CString& arguments, const CString& co
 // Opens a URL with the program that the user has chosen for it.
 int GotoURL(std::u16string_view url);
 
-// Opens a file through the Windows shell: the Windows error that prevented it, or 0. `verb` "" is the
-// default.
-unsigned OpenThroughShell(const CString& file, const CString& arguments, int showWindow,
-                          const CString& verb = {}, const CString& directory = {});
+// Opens a file or folder through the Windows shell; boxes only where somebody sits who can answer them. 0, or
+// the Windows error.
+unsigned OpenWithShell(const CString& file, const CString& arguments);
+
+// Waits for a child whatever the rules say, makes its exit code the error level and answers the result. A
+// break ends the waiting for a windowed program.
+int WaitForProgram(ChildProcess& child, bool windowed, const CString& program);
 
 // Whether the file may be run as far as the mark of its origin goes: the user was asked where the ZoneId
 // setting wants it.

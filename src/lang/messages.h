@@ -93,4 +93,14 @@ constexpr unsigned currentDate = 3561;
 constexpr unsigned newDate = 3562;
 constexpr unsigned currentTime = 3563;
 constexpr unsigned newTime = 3564;
+constexpr unsigned processId = 3550;
+constexpr unsigned whichAlias = 3551;
+constexpr unsigned whichInternal = 3552;
+constexpr unsigned whichFunction = 3553;
+constexpr unsigned whichProgram = 3554;
+constexpr unsigned whichBatchFile = 3555;
+constexpr unsigned whichExtension = 3556;
+constexpr unsigned whichAssociated = 3557;
+constexpr unsigned whichFile = 3558;
+constexpr unsigned whichUnknown = 3559;
 } // namespace message

@@ -50,13 +50,25 @@ struct InheritedHandles {
     std::array<OwnedHandle, 3> copies;
     std::vector<HANDLE> list;
 
-    explicit InheritedHandles(bool newConsole)
+    InheritedHandles(bool newConsole, bool noInput)
     {
-        for (int number = 0; number < 3; ++number)
+        for (int number = noInput ? 1 : 0; number < 3; ++number)
             Take(number, newConsole);
+        if (noInput)
+            TakeNothing();
     }
 
 private:
+    void TakeNothing()
+    {
+        SECURITY_ATTRIBUTES inheritable = {sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+        copies[0] = OwnedHandle(CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                            &inheritable, OPEN_EXISTING, 0, nullptr));
+        standard[0] = copies[0].Get();
+        if (standard[0])
+            list.push_back(standard[0]);
+    }
+
     void Take(int number, bool newConsole)
     {
         const HANDLE handle = StandardHandle(number);
@@ -100,6 +112,9 @@ void* Editable(CString& text) { return text.empty() ? nullptr : text.Edit(); }
 
 } // namespace
 
+ChildProcess::ChildProcess(HANDLE taken) noexcept : process(taken), processId(taken ? GetProcessId(taken) : 0)
+{}
+
 unsigned ChildProcess::Start(const ProcessStart& start)
 {
     STARTUPINFOEXW info = {};
@@ -110,7 +125,7 @@ unsigned ChildProcess::Start(const ProcessStart& start)
 
     const bool newConsole =
         (start.creation & (CREATE_NEW_CONSOLE | CREATE_NO_WINDOW | DETACHED_PROCESS)) != 0;
-    InheritedHandles handles(newConsole);
+    InheritedHandles handles(newConsole, start.noInput);
     AttributeList attributes;
     info.lpAttributeList = attributes.Get();
     if (!handles.list.empty()) {

@@ -29,13 +29,14 @@ struct ProcessStart {
     CString environment;          // entries with a NUL behind each one; "" for ours
     std::uint64_t affinity = 0;   // processors it may use, a bit each; 0 for all
     std::optional<unsigned> node; // preferred memory node
+    bool noInput = false;         // standard input is at its end from the start
 };
 
 class ChildProcess {
 public:
     ChildProcess() noexcept = default;
     // Takes over a process that somebody else started; the handle may be null.
-    explicit ChildProcess(HANDLE taken) noexcept : process(taken) {}
+    explicit ChildProcess(HANDLE taken) noexcept;
     ChildProcess(ChildProcess&&) noexcept = default;
     ChildProcess& operator=(ChildProcess&&) noexcept = default;
 
