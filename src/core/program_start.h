@@ -7,11 +7,9 @@
 #include "text/cstring.h"
 
 // Starts a program, or opens a document with its program, and waits unless it is a windowed one started from
-// the prompt. The arguments go to it as they stand, in `commandLine` when that is not empty, else behind the
-// program's name. The exit code becomes the error level; answers a result of the command. `extraPaths` stands
-// in front of PATH while the program is started.
-int External(const CString& program, const CString& arguments, const CString& commandLine = {},
-             const CString& extraPaths = {});
+// the prompt. The arguments go to it exactly as they stand. The exit code becomes the error level; answers a
+// result of the command. `extraPaths` stands in front of PATH while the program is started.
+int External(const CString& program, const CString& arguments, const CString& extraPaths = {});
 
 // Opens a URL with the program that the user has chosen for it.
 int GotoURL(std::u16string_view url);
