@@ -1,0 +1,97 @@
+"""Variables and aliases at the console: ESET, questions, pauses."""
+
+from registry import case
+
+
+@case("ESET puts the value on the line and takes what becomes of it")
+def edited_value(console):
+    console.start(greeting="Hello world")
+    console.shows(">")
+    console.line("eset greeting")
+    console.ends_with("greeting=Hello world", "greeting=Hello world")
+    console.keys("BSpace")
+    console.text("D!")
+    console.ends_with("greeting=Hello worlD!")
+    console.keys("Enter")
+    console.ends_with("greeting=Hello worlD!", ">")
+    console.line("echo [%greeting%]")
+    console.ends_with("[Hello worlD!]", ">")
+
+
+@case("Ctrl+C in ESET leaves the value as it was")
+def abandoned_edit(console):
+    console.start(greeting="Hello")
+    console.shows(">")
+    console.line("eset greeting")
+    console.ends_with("greeting=Hello", "greeting=Hello")
+    console.text("!")
+    console.ends_with("greeting=Hello!")
+    console.keys("C-c")
+    console.ends_with("^C", ">")
+    console.line("echo [%greeting%]")
+    console.ends_with("[Hello]", ">")
+
+
+@case("ESET /P edits, drops and adds pieces of a search path")
+def edited_path(console):
+    console.start(places='C:\\a;"C:\\b;c";D:\\d')
+    console.shows(">")
+    console.line("eset /p places")
+    console.ends_with("  1: C:\\a")
+    console.text("1")
+    console.ends_with("  1: C:\\a1")
+    console.keys("Enter")
+    console.ends_with('  2: "C:\\b;c"')
+    console.keys("Enter")
+    console.ends_with("  3: D:\\d")
+    console.keys(*["BSpace"] * 4)
+    console.ends_with("  3:")
+    console.keys("Enter")
+    console.ends_with("  4:")
+    console.line("E:\\new")
+    console.ends_with("  5:")
+    console.keys("Enter")
+    console.ends_with(">")
+    console.line("set places")
+    console.ends_with('places=C:\\a1;"C:\\b;c";E:\\new', ">")
+
+
+@case("ESET /A keeps the blanks in front of an alias's text")
+def edited_alias(console):
+    console.start("//LocalAliases=Yes", "//GlobalAliases=No")
+    console.shows(">")
+    console.line("alias hi=` echo one`")
+    console.ends_with(">")
+    console.line("eset /a hi")
+    console.ends_with("hi= echo one", "hi= echo one")
+    console.line(" two")
+    console.ends_with(">")
+    console.line("alias")
+    console.ends_with("hi= echo one two", ">")
+    console.line("hi three")
+    console.ends_with("one two three", ">")
+
+
+@case("SET /P asks at the console")
+def question(console):
+    console.start()
+    console.shows(">")
+    console.line('set /p "answer=Your name: "')
+    console.ends_with("Your name:")
+    console.line("Bob")
+    console.ends_with("Your name: Bob", ">")
+    console.line("echo [%answer%]")
+    console.ends_with("[Bob]", ">")
+
+
+@case("ALIAS /P waits when the screen is full")
+def pause(console):
+    console.start("//LocalAliases=Yes", "//GlobalAliases=No")
+    console.file("many.txt", *[f"a{i:02}={i}" for i in range(40)])
+    console.shows(">")
+    console.line("alias /r many.txt")
+    console.ends_with(">")
+    console.line("alias /p")
+    console.ends_with("a28=28", "Press any key when ready...")
+    console.keys("Space")
+    console.ends_with("a39=39", ">")
