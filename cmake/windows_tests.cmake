@@ -19,6 +19,14 @@ foreach(source IN LISTS movacoreHelpers)
   if(MINGW)
     target_link_options(helper_${name} PRIVATE -municode)
   endif()
+  # The one whose kind matters: it keeps its console entry point, and only its header says "windowed".
+  if(name STREQUAL "windowed")
+    if(MSVC)
+      target_link_options(helper_${name} PRIVATE /SUBSYSTEM:WINDOWS /ENTRY:wmainCRTStartup)
+    else()
+      target_link_options(helper_${name} PRIVATE -Wl,--subsystem,windows)
+    endif()
+  endif()
 endforeach()
 
 # What bench/ compares the shell with.

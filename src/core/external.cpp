@@ -96,7 +96,7 @@ int RunAssociated(const CString& command, const Invocation& run)
 {
     TLS_VARIABLES& tls = Tls();
     if (tls.associationDepth >= deepestAssociation)
-        return MVError(errors::associationLoop, run.found.file);
+        return tls.errorLevel = MVError(errors::associationLoop, run.found.file);
     ++tls.associationDepth;
     const CString line = Format(u"%s %s %s", command, AddQuotes(run.found.file), run.call.arguments);
     int code = result::error;

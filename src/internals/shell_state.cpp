@@ -86,6 +86,9 @@ bool Pipe_Variable(CString& value) { return AnswerFlag(value, Tls().pipeChild); 
 bool Shell_Variable(CString& value) { return AnswerFlag(value, aGlobals.secondary != 0); }
 // The number of the last Windows error that was reported.
 bool Syserr_Variable(CString& value) { return AnswerNumber(value, Tls().lastSystemError); }
+// Process ids of the last START and the last DETACH, 0 before the first.
+bool Startpid_Variable(CString& value) { return AnswerNumber(value, Tls().startedProcess); }
+bool Detachpid_Variable(CString& value) { return AnswerNumber(value, Tls().detachedProcess); }
 
 bool Cmdproc_Variable(CString& value) { return AnswerText(value, u"ORV"); }
 bool Cmdspec_Variable(CString& value) { return AnswerText(value, aTexts.executable); }

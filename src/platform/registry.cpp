@@ -47,12 +47,12 @@ std::optional<CString> RegistryKey::Text(std::u16string_view name) const
     const CString valueName(name);
     CString text;
     LSTATUS status = ERROR_MORE_DATA;
+    // Expandable texts come as plain ones, their variables replaced.
     // The size that a refusal tells is that of the text before its variables are replaced: not to be relied
     // on.
     for (DWORD room = 260; status == ERROR_MORE_DATA && room <= longestText; room *= 4) {
         DWORD bytes = room * sizeof(char16_t);
-        status = getValue(key, nullptr, valueName.w(), RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ, nullptr,
-                          text.Edit(room), &bytes);
+        status = getValue(key, nullptr, valueName.w(), RRF_RT_REG_SZ, nullptr, text.Edit(room), &bytes);
     }
     if (status != ERROR_SUCCESS)
         return std::nullopt;
