@@ -20,8 +20,8 @@ int SetTimeZone(std::u16string_view value)
 
 } // namespace
 
-extern constexpr WatchedVariable aWatchedVariables[] = {
+constexpr WatchedVariable aWatchedVariables[] = {
     {u"TZ", SetTimeZone},
 };
-extern constexpr int nWatchedVariables = static_cast<int>(std::size(aWatchedVariables));
+constexpr int nWatchedVariables = static_cast<int>(std::size(aWatchedVariables));
 static_assert(IsSortedByName(aWatchedVariables, nWatchedVariables));
