@@ -1,5 +1,5 @@
-// windowed MILLISECONDS [CODE] is "linger" as a program of the windowed kind (without a window): a shell does not
-// wait for it where it waits for console programs.
+// windowed MILLISECONDS [CODE] is "linger" as a program of the windowed kind (without a window): a shell does
+// not wait for it where it waits for console programs.
 #include <windows.h>
 
 #include <cwchar>
