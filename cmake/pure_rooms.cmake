@@ -30,22 +30,33 @@ set(MOVACORE_PURE_ROOMS
   src/core/substitution.cpp
   src/core/zone_mark.cpp
   src/expand/arrays.cpp
+  src/expand/decimal.cpp
+  src/expand/decimal_functions.cpp
   src/expand/delayed_expansion.cpp
+  src/expand/evaluator.cpp
   src/expand/expander.cpp
   src/expand/expander_references.cpp
   src/expand/expansion.cpp
+  src/expand/expression_reader.cpp
   src/expand/modifiers.cpp
+  src/expand/number_format.cpp
   src/expand/packed_list.cpp
   src/expand/parameters.cpp
   src/expand/path_modifiers.cpp
   src/expand/typed_value.cpp
   src/expand/variable_names.cpp
+  src/expand/whole_evaluator.cpp
   src/expand/work_line.cpp
   src/files/dates.cpp
   src/files/directory_name.cpp
   src/files/regex.cpp
   src/files/text_pieces.cpp
   src/files/wildcards.cpp
+  src/functions/arguments.cpp
+  src/functions/characters.cpp
+  src/functions/strings.cpp
+  src/functions/word_functions.cpp
+  src/internals/dos_name.cpp
   src/lifecycle/start_options.cpp
   src/platform/process_line.cpp
 )

@@ -1,6 +1,8 @@
 // Expanding text and calculating: declared here for every floor, defined in expand/ and core/.
 #pragma once
 
+#include <string_view>
+
 #include "text/cstring.h"
 
 // Replaces every reference in the line by its value, in place. 0, or an error code that was reported; the
@@ -14,3 +16,8 @@ int ExpandAliases(CString& command);
 // Calculates the expression and puts the formatted result in its place; an error code (reported) leaves the
 // text as it was. `integers` is the way of SET /A: whole numbers, bare variable names, assignments.
 int EvaluateExpression(CString& text, bool integers = false);
+
+// Whether the evaluator reads the text as one number.
+bool QueryIsNumeric(std::u16string_view text);
+// Puts the separator of thousands into the whole part of a number, in place.
+void AddCommas(CString& number);

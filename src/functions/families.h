@@ -66,3 +66,24 @@ int Txdigit_Function(FunctionCall& call);
 // exec.cpp
 int Exec_Function(FunctionCall& call);
 int Execstr_Function(FunctionCall& call);
+
+// numbers.cpp
+int Eval_Function(FunctionCall& call);
+int Inc_Function(FunctionCall& call);
+int Dec_Function(FunctionCall& call);
+int Abs_Function(FunctionCall& call);
+int Ceiling_Function(FunctionCall& call);
+int Floor_Function(FunctionCall& call);
+int Int_Function(FunctionCall& call);
+int Decimal_Function(FunctionCall& call);
+int Max_Function(FunctionCall& call);
+int Min_Function(FunctionCall& call);
+int Average_Function(FunctionCall& call);
+int Numeric_Function(FunctionCall& call);
+int Isfloat_Function(FunctionCall& call);
+int Comma_Function(FunctionCall& call);
+int Convert_Function(FunctionCall& call);
+int Formatn_Function(FunctionCall& call);
+int Formatnc_Function(FunctionCall& call);
+int Random_Function(FunctionCall& call);
+int If_Function(FunctionCall& call);

@@ -52,6 +52,7 @@ constexpr unsigned arrayIndex = 0x20000053;          // 3083
 constexpr unsigned tooManyCommands = 0x20000055;     // 3085
 constexpr unsigned nestedTooDeep = 0x20000057;       // 3087
 constexpr unsigned lineTooLong = 0x20000058;         // 3088
+constexpr unsigned numberTooLarge = 0x2000005B;      // 3091
 constexpr unsigned valueType = 0x20000078;           // 3120
 constexpr unsigned needsConsole = 0x20000079;        // 3121
 constexpr unsigned noAliasList = 0x20000059;         // 3089
