@@ -17,9 +17,11 @@
 #include "commands/delay.h"
 #include "commands/detach.h"
 #include "commands/directory.h"
+#include "commands/do.h"
 #include "commands/echo.h"
 #include "commands/eset.h"
 #include "commands/exit.h"
+#include "commands/for.h"
 #include "commands/function.h"
 #include "commands/goto_call.h"
 #include "commands/help.h"
@@ -32,6 +34,8 @@
 #include "commands/set.h"
 #include "commands/set_array.h"
 #include "commands/start.h"
+#include "commands/switch.h"
+#include "commands/text_block.h"
 #include "commands/title.h"
 #include "commands/true_false.h"
 #include "commands/type.h"
@@ -60,8 +64,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"CALLER", Caller_Command, 0x402047, 1, u"", &callerHelp},
     {u"CANCEL", Cancel_Command, 0x402047, 1, u"", &cancelHelp},
     {u"CAPTURE", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"CASE", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
-    {u"CASEALL", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
+    {u"CASE", Case_Command, 0x402044, 1, u"", &switchHelp},
+    {u"CASEALL", Endswitch_Command, 0x402044, 1, u"", &switchHelp},
     {u"CD", Cd_Command, 0x686307, 1, u"dirs", &cdHelp},
     {u"CDD", Cdd_Command, 0x486307, 1, u"dirs", &cddHelp},
     {u"CHCP", Chcp_Command, 0x2107, 1, u"", &chcpHelp},
@@ -72,7 +76,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"CLS", Cls_Command, 0x202007, 1, u"", &clsHelp},
     {u"COLOR", Color_Command, 0x202007, 1, u"", &colorHelp},
     {u"COMMANDS", Cmds_Command, 0x7, 1, u"", &commandsHelp},
-    {u"COMMENT", Unbuilt_Command, 0x10, 1, u"", &unbuiltHelp},
+    {u"COMMENT", Comment_Command, 0x10, 1, u"", &commentHelp},
     {u"COPY", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
     {u"COPYDIR", Unbuilt_Command, 0x82107, 1, u"dirs", &unbuiltHelp},
     {u"DATE", Date_Command, 0x202007, 1, u"", &dateHelp},
@@ -80,7 +84,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DEBUGMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"DEBUGSTRING", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"DEDUPE", Unbuilt_Command, 0x2107, 1, u"dirs", &unbuiltHelp},
-    {u"DEFAULT", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
+    {u"DEFAULT", Case_Command, 0x402044, 1, u"", &switchHelp},
     {u"DEFER", Defer_Command, 0x402064, 1, u"", &deferHelp},
     {u"DEL", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
     {u"DELAY", Delay_Command, 0x2007, 1, u"", &delayHelp},
@@ -94,7 +98,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DIRS", Dirs_Command, 0x2107, 1, u"", &dirsHelp},
     {u"DISKMONITOR", Unbuilt_Command, 0x1082117, 1, u"dirs", &unbuiltHelp},
     {u"DNS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"DO", Unbuilt_Command, 0x400014, 1, u"", &unbuiltHelp},
+    {u"DO", Do_Command, 0x400014, 1, u"", &doHelp},
     {u"DRAWBOX", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"DRAWHLINE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"DRAWVLINE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
@@ -106,7 +110,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"ECHOXERR", Echoxerr_Command, 0x0, 1, u"", &echoxerrHelp},
     {u"EJECTMEDIA", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ENDLOCAL", Endlocal_Command, 0x600007, 1, u"", &endlocalHelp},
-    {u"ENDSWITCH", Unbuilt_Command, 0x402044, 1, u"", &unbuiltHelp},
+    {u"ENDSWITCH", Endswitch_Command, 0x402044, 1, u"", &switchHelp},
     {u"ENUMPROCESSES", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ENUMSERVERS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ENUMSHARES", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -125,7 +129,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"FIREWIREMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"FOLDERMONITOR", Unbuilt_Command, 0x1082117, 1, u"dirs", &unbuiltHelp},
     {u"FONT", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"FOR", Unbuilt_Command, 0x600030, 1, u"", &unbuiltHelp},
+    {u"FOR", For_Command, 0x600030, 1, u"", &forHelp},
     {u"FREE", Unbuilt_Command, 0x2007, 1, u"dirs", &unbuiltHelp},
     {u"FSEARCH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"FTYPE", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
@@ -252,7 +256,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SSHEXEC", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"START", Start_Command, 0x680127, 1, u"", &startHelp},
     {u"STATUSBAR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"SWITCH", Unbuilt_Command, 0x402045, 1, u"", &unbuiltHelp},
+    {u"SWITCH", Switch_Command, 0x402045, 1, u"", &switchHelp},
     {u"SYNC", Unbuilt_Command, 0x2107, 1, u"dirs", &unbuiltHelp},
     {u"TABCOMPLETE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"TAIL", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
@@ -262,7 +266,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TASKEND", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"TASKLIST", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"TEE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"TEXT", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
+    {u"TEXT", Text_Command, 0x402047, 1, u"", &textHelp},
     {u"THREAD", Unbuilt_Command, 0x1002007, 1, u"", &unbuiltHelp},
     {u"TIME", Time_Command, 0x202007, 1, u"", &timeHelp},
     {u"TIMER", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},

@@ -118,12 +118,22 @@ constexpr unsigned noEscapes = 128;
 constexpr unsigned resultsNotRescanned = 512; // of variable functions
 } // namespace expansion_mask
 
-// The block state word: how deep the open IFF blocks are, which are skipped, and DO.
+// The variable of a FOR loop that runs, "%%x".
+struct LoopVariable {
+    char16_t name;
+    CString value;
+};
+
+// What a word inside a loop's body tells the loop.
+enum class LoopSignal : std::uint8_t { None, EndPass, Iterate, Leave, LeaveFor };
+
+// The block state word: how deep the open IFF blocks are, which are skipped, and the loops that run.
 struct BlockState {
     std::uint16_t iffNesting = 0;
     std::uint16_t iffSkipped = 0; // levels, from the innermost outward, whose branch is skipped
     std::uint32_t iffTaken = 0;   // bit per level (level & 31): a branch of it has already run
-    std::uint8_t doRunning = 0;
+    std::uint16_t doRunning = 0;
+    std::uint16_t forRunning = 0;
 };
 
 // What a standard handle was last seen to lead to.
@@ -154,6 +164,10 @@ struct TLS_VARIABLES {
     bool typedLine = false;       // the line came from the prompt
     bool pipeChild = false;       // this shell is the right side of a pipe
     BlockState blocks;
+    std::vector<LoopVariable> loopVariables; // innermost last
+    LoopSignal loopSignal = LoopSignal::None;
+    int loopsToLeave = 0;  // LEAVE n
+    CString loopCondition; // what followed ENDDO
     std::vector<BATCH_FRAME> frames;
     int batchIndex = -1;                              // current frame, -1 outside batch files
     int batchFloor = -1;                              // frames at or below belong to an outer invocation
