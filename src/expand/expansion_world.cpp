@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr char16_t loopMark = u'\x01';         // begins the names of loop variables in the environment
 constexpr char16_t emptyParameter[] = u"\x01"; // what a subroutine's missing parameter is kept as
 
 // "drahscotl", a "-" in the place of each that is not set.
@@ -97,8 +96,14 @@ public:
 
     bool LoopVariable(char16_t name, CString& value) override
     {
-        const char16_t full[] = {loopMark, name};
-        return ReadEnvironment({full, 2}, value);
+        const std::vector<::LoopVariable>& running = Tls().loopVariables;
+        for (auto variable = running.rbegin(); variable != running.rend(); ++variable) {
+            if (variable->name == name) {
+                value = variable->value;
+                return true;
+            }
+        }
+        return false;
     }
 
     bool BatchParameters(Parameters& parameters) override
