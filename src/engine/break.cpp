@@ -34,6 +34,10 @@ void MarkBreak(unsigned event)
     unsigned seen = mark.waiting;
     while (seen < event + 1 && !mark.waiting.compare_exchange_weak(seen, event + 1)) {
     }
+}
+
+void WakeForBreak()
+{
     if (mark.thread)
         QueueUserAPC(WakeUp, mark.thread.Get(), 0);
 }

@@ -19,12 +19,13 @@ constexpr unsigned shutDown = 6;
 constexpr bool EndsShell(unsigned event) { return event >= close; }
 } // namespace break_event
 
-// Breaks are for the calling thread from now on; it is the one that marking wakes.
+// Breaks are for the calling thread from now on.
 void TakeBreaksHere();
 
-// From any thread: sets the mark and wakes the waits of the thread that takes breaks. A later event replaces
-// one of a lower number that nobody has looked at yet.
+// From any thread: sets the mark. A later event replaces one of a lower number that nobody has looked at yet.
 void MarkBreak(unsigned event = break_event::controlC);
+// From any thread: ends the waits of the thread that takes breaks, so that it looks at the mark.
+void WakeForBreak();
 bool QueryBreak(); // whether a break waits
 // Forgets a break that waits, and that one has happened. The end of the console is not forgotten.
 void ClearBreak();

@@ -83,7 +83,9 @@ int ConsoleBreakHandler(unsigned long event)
     if (endsShell)
         ReleaseModifiers();
     MarkBreak(event);
-    EndTypedLine();
+    // A queued call would do a console that is reading a line no good.
+    if (!EndTypedLine())
+        WakeForBreak();
     if (!endsShell)
         return 1;
     WaitForSingleObject(MainThread().Get(), shutDownTime);

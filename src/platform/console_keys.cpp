@@ -69,6 +69,19 @@ bool WaitForKeyPress(HANDLE keyboard, WaitPoll poll)
     return true;
 }
 
+// Tells the event thread that a line is being typed, for as long as it lives.
+class Typing {
+public:
+    Typing()
+    {
+        endRequested = false;
+        typing = true;
+    }
+    Typing(const Typing&) = delete;
+    Typing& operator=(const Typing&) = delete;
+    ~Typing() { typing = false; }
+};
+
 INPUT_RECORD EnterKey(bool down)
 {
     INPUT_RECORD record = {};
@@ -127,11 +140,12 @@ TypedLine ReadTypedLine(CString& line, WaitPoll poll)
     if (!ConsoleKeyboard() || !WaitForKeyPress(ConsoleKeyboard(), poll))
         return TypedLine::Ended;
     TypedLine state = TypedLine::Complete;
-    endRequested = false;
-    typing = true;
-    while (ReadPiece(line, state)) {
+    {
+        const Typing now;
+        poll();
+        while (ReadPiece(line, state)) {
+        }
     }
-    typing = false;
     if (endRequested.exchange(false) && state == TypedLine::Complete)
         state = TypedLine::Cut;
     if (state == TypedLine::Complete)
@@ -141,16 +155,19 @@ TypedLine ReadTypedLine(CString& line, WaitPoll poll)
     return state;
 }
 
-void EndTypedLine()
+bool EndTypedLine()
 {
     constexpr DWORD step = 10;
     constexpr DWORD moment = 60;
+    if (!typing)
+        return false;
     for (DWORD waited = 0; typing && waited < moment; waited += step)
         Sleep(step);
     if (!typing)
-        return;
+        return true;
     endRequested = true;
     const INPUT_RECORD keys[] = {EnterKey(true), EnterKey(false)};
     DWORD written = 0;
     WriteConsoleInputW(ConsoleKeyboard(), keys, 2, &written);
+    return true;
 }

@@ -32,5 +32,6 @@ enum class TypedLine {
 TypedLine ReadTypedLine(CString& line, WaitPoll poll);
 
 // For any other thread: ends the line that is being typed in ReadTypedLine, if one is, unless the console
-// does so by itself within a moment.
-void EndTypedLine();
+// does so by itself within a moment. False when none is; whoever asks has then set what `poll` looks at
+// before a line can be typed.
+bool EndTypedLine();

@@ -1,11 +1,13 @@
 """A real console around the shell: a tmux pane of fixed size. README.md tells how cases use it."""
 
+import os
 import shutil
 import subprocess
+import termios
 import time
 
 ROWS, COLUMNS = 30, 80
-PATIENCE = 10.0
+PATIENCE = 20.0
 
 
 class Failure(Exception):
@@ -41,6 +43,18 @@ class Console:
             "start-server", ";", "set", "-g", "remain-on-exit", "on", ";", "set", "-g", "remain-on-exit-format", "", ";",
             "set", "-g", "status", "off", ";", "new-session", "-d", *size, *settings, "-c", str(self.folder), "--", *shell,
         )
+        self.wait(self.takes_keys, ["a terminal in raw mode"], self.rows)
+
+    def takes_keys(self):
+        """Keys that come before the console is ready are echoed by the terminal, and Enter becomes a line feed."""
+        try:
+            terminal = os.open(self.facts("#{pane_tty}"), os.O_RDONLY | os.O_NOCTTY)
+        except OSError:
+            return False
+        try:
+            return not termios.tcgetattr(terminal)[3] & (termios.ICANON | termios.ECHO)
+        finally:
+            os.close(terminal)
 
     def text(self, text):
         self.tmux("send-keys", "-l", "--", text)
