@@ -187,6 +187,10 @@ private:
 
 bool MatchesRegex(std::u16string_view expression, std::u16string_view name, RegexSyntax syntax, int& result)
 {
+    if (expression.starts_with(u"\"::")) { // quoted, because it holds blanks
+        expression.remove_prefix(1);
+        expression.remove_suffix(expression.ends_with(u'"') ? 1 : 0);
+    }
     if (!expression.starts_with(u"::"))
         return false;
     const Regex regex(expression.substr(2), syntax, RegexMatch::Whole);

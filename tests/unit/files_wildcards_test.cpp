@@ -149,6 +149,7 @@ TEST(Wildcards, RegularExpressions)
     EXPECT_EQ(WildcardComparisonEx(u"::x;y", u"x;y", true, true), 0);
     EXPECT_EQ(WildcardComparison(u"::.*", u"\xD800 lone", true, true), 0);
     EXPECT_EQ(WildcardComparison(u"::", u"", true, true), 0);
+    EXPECT_EQ(WildcardComparison(u"\"::a b+\"", u"A BB", true, true), 0);
 }
 
 TEST(Wildcards, HardPatternsStayBounded)
