@@ -68,8 +68,9 @@ void Check(const std::vector<Case>& cases, ConditionRules rules)
         FakeWorld world;
         CString text(one.text);
         EXPECT_EQ(ParseCondition(text, rules, world), one.answer) << ToUtf8(one.text);
-        if (one.answer != condition::syntaxError)
+        if (one.answer != condition::syntaxError) {
             EXPECT_EQ(ToUtf8(text), ToUtf8(one.rest)) << ToUtf8(one.text);
+        }
     }
 }
 
