@@ -68,23 +68,24 @@ int RecogniseFile(HANDLE file)
     return FlagsOf(found.encoding) | next_line::notPipe;
 }
 
-// Only the mark of UTF-16 has to be known before the first line is read; it is taken out of the pipe.
+// Whether it is UTF-16 has to be known before the first line is read; a mark of that is taken out of the pipe.
 int RecognisePipe(HANDLE pipe)
 {
-    constexpr DWORD step = 5;
+    constexpr DWORD step = 5;    // milliseconds
     constexpr int patience = 40; // steps to wait for the second byte, which may never come
-    char head[2] = {};
+    char head[512];
     DWORD got = 0;
     for (int steps = 0; steps < patience; steps += static_cast<int>(got)) {
-        if (!PeekNamedPipe(pipe, head, 2, &got, nullptr, nullptr) || got == 2)
+        if (!PeekNamedPipe(pipe, head, sizeof head, &got, nullptr, nullptr) || got > 1)
             break;
         ThrowIfBroken();
         SleepEx(step, TRUE);
     }
     const RecognisedEncoding found = RecogniseEncoding({head, got});
-    if (found.encoding != TextEncoding::Utf16 || found.markLength != 2)
+    if (found.encoding != TextEncoding::Utf16)
         return 0;
-    ReadFile(pipe, head, 2, &got, nullptr);
+    if (found.markLength > 0)
+        ReadFile(pipe, head, static_cast<DWORD>(found.markLength), &got, nullptr);
     return next_line::utf16;
 }
 
