@@ -68,7 +68,8 @@ int RecogniseFile(HANDLE file)
     return FlagsOf(found.encoding) | next_line::notPipe;
 }
 
-// Whether it is UTF-16 has to be known before the first line is read; a mark of that is taken out of the pipe.
+// Whether it is UTF-16 has to be known before the first line is read; a mark of that is taken out of the
+// pipe.
 int RecognisePipe(HANDLE pipe)
 {
     constexpr DWORD step = 5;    // milliseconds

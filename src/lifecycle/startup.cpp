@@ -10,8 +10,10 @@
 #include "engine/batch_entry.h"
 #include "engine/break.h"
 #include "engine/command_state.h"
+#include "engine/console_entry.h"
 #include "engine/inifile.h"
 #include "engine/language_library.h"
+#include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "expand/lists.h"
@@ -90,6 +92,8 @@ int StartEngine(std::u16string_view iniName)
     LoadLanguage();
     InitializeLocalGlobalLists();
     DisableInternalCommand(u"DDEEXEC");
+    if (IsConsole(1))
+        ConsoleANSI();
     InstallBreakHandler();
     return result::success;
 }
