@@ -129,7 +129,7 @@ int RunBatchFile(std::vector<CString> arguments, std::u16string_view invokedAs,
     TLS_VARIABLES& tls = Tls();
     unsigned mode = std::exchange(tls.batchStartMode, 0u);
     if (tls.batchIndex >= maximumBatchFrames - 1)
-        return MVError(errors::batchNesting, arguments.front());
+        return tls.errorLevel = MVError(errors::batchNesting, arguments.front());
     // Made before the old frame ends: the texts may belong to it.
     BATCH_FRAME frame = NewFrame(std::move(arguments), invokedAs, argumentText);
     bool nestedChain = false;
@@ -147,6 +147,8 @@ int RunBatchFile(std::vector<CString> arguments, std::u16string_view invokedAs,
         return result::abandonLine;
     if (answer == result::success)
         answer = RunFrame(tls);
+    else
+        tls.errorLevel = answer; // it could not start
     if (tls.batchIndex == index) {
         if (BATCH_FRAME* caller = FrameBelow(tls); caller && (mode & batch_start::callLabel) != 0)
             HandOverFile(*tls.Frame(), *caller);
