@@ -153,9 +153,10 @@ bool Expander::InFirstWord()
 {
     if (!topLevel || firstWordDone)
         return false;
+    constexpr std::size_t longestAlias = 1000; // no alias has a longer name
     const View done = line.Done();
-    const Word word = NextWord(done, 0, settings.syntax);
-    firstWordDone = word.length != 0 && word.end() != done.size();
+    const Word word = NextWord(done.substr(0, longestAlias), 0, settings.syntax);
+    firstWordDone = done.size() > longestAlias || (word.length != 0 && word.end() != done.size());
     return !firstWordDone;
 }
 

@@ -1,11 +1,12 @@
 #include "expand/path_modifiers.h"
 
+#include <algorithm>
+
 #include "text/compare.h"
+#include "text/path_names.h"
 #include "text/words.h"
 
 namespace {
-
-bool IsSlash(char16_t unit) { return unit == u'\\' || unit == u'/'; }
 
 bool Holds(std::u16string_view letters, char16_t upper)
 {
@@ -16,7 +17,7 @@ std::size_t DriveLength(std::u16string_view path)
 {
     if (path.size() >= 2 && path[1] == u':')
         return 2;
-    if (path.size() < 3 || !IsSlash(path[0]) || !IsSlash(path[1]))
+    if (path.size() < 3 || !IsPathSeparator(path[0]) || !IsPathSeparator(path[1]))
         return 0;
     // A share's name belongs to its server's.
     const std::size_t server = path.find_first_of(u"\\/", 2);
@@ -52,17 +53,11 @@ void AppendWord(CString& text, std::u16string_view word)
 
 PathParts SplitPath(std::u16string_view path)
 {
-    PathParts parts;
-    parts.drive = path.substr(0, DriveLength(path));
-    path.remove_prefix(parts.drive.size());
-    const std::size_t slash = path.find_last_of(u"\\/");
-    const std::size_t nameStart = slash == path.npos ? 0 : slash + 1;
-    parts.directory = path.substr(0, nameStart);
-    path.remove_prefix(nameStart);
-    const std::size_t period = path.rfind(u'.');
-    parts.name = path.substr(0, period);
-    parts.extension = period == path.npos ? std::u16string_view() : path.substr(period);
-    return parts;
+    const std::size_t drive = DriveLength(path);
+    const std::size_t name = std::max(FileNameStart(path), drive);
+    const std::size_t extension = std::max(ExtensionStart(path), name);
+    return {path.substr(0, drive), path.substr(drive, name - drive), path.substr(name, extension - name),
+            path.substr(extension)};
 }
 
 CString ApplyPathModifiers(std::u16string_view value, const PathModifiers& modifiers, PathSource& source)

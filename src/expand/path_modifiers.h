@@ -44,7 +44,8 @@ bool ReadPathModifiers(std::u16string_view text, IsTarget isTarget, PathModifier
         ++end;
     modifiers.letters = text.substr(0, end);
     if (end < text.size() && text[end] == u'$') {
-        const std::size_t colon = text.find(u':', end);
+        // A variable's name is no longer than that.
+        const std::size_t colon = text.substr(0, end + 1024).find(u':', end);
         if (colon == text.npos || colon == end + 1 || colon + 1 >= text.size() || !isTarget(colon + 1))
             return false;
         modifiers.searchList = text.substr(end + 1, colon - end - 1);

@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr int widest = 100000; // units that a width or precision may ask for
+
 struct Directive {
     bool left = false;
     bool zero = false;
@@ -66,7 +68,8 @@ private:
         }
         if (at < pattern.size() && pattern[at] == u'.') {
             ++at;
-            d.precision = std::max(0, Number());
+            // A negative one counts as none.
+            d.precision = std::max(-1, Number());
         }
         if (pattern.substr(at, 3) == u"I64")
             at += 3;
@@ -81,11 +84,12 @@ private:
     {
         if (at < pattern.size() && pattern[at] == u'*') {
             ++at;
-            return next == end ? 0 : static_cast<int>(static_cast<std::int64_t>((next++)->number));
+            const std::int64_t given = next == end ? 0 : static_cast<std::int64_t>((next++)->number);
+            return static_cast<int>(std::clamp<std::int64_t>(given, -widest, widest));
         }
         int value = 0;
         for (; at < pattern.size() && IsDigit(pattern[at]); ++at)
-            value = std::min(value * 10 + (pattern[at] - u'0'), 100000);
+            value = std::min(value * 10 + (pattern[at] - u'0'), widest);
         return value;
     }
 

@@ -16,13 +16,14 @@ int DigitValue(char16_t unit)
 
 std::optional<std::int64_t> Read(std::u16string_view text, bool prefixes, std::size_t* used)
 {
-    constexpr std::uint64_t limit = std::numeric_limits<std::int64_t>::max();
     std::size_t at = 0;
     while (at < text.size() && (IsBlank(text[at]) || text[at] == u'\r' || text[at] == u'\n'))
         ++at;
     const bool negative = at < text.size() && text[at] == u'-';
     if (at < text.size() && (text[at] == u'-' || text[at] == u'+'))
         ++at;
+    // The least number has no positive counterpart.
+    const std::uint64_t limit = std::uint64_t{std::numeric_limits<std::int64_t>::max()} + (negative ? 1 : 0);
     unsigned base = 10;
     if (prefixes && at < text.size() && text[at] == u'0') {
         const bool hexadecimal =
@@ -40,7 +41,7 @@ std::optional<std::int64_t> Read(std::u16string_view text, bool prefixes, std::s
         return std::nullopt;
     if (used)
         *used = at;
-    return negative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value);
+    return static_cast<std::int64_t>(negative ? 0 - value : value);
 }
 
 } // namespace

@@ -32,7 +32,7 @@ std::size_t PassQuote(std::u16string_view text, std::size_t at, const Syntax& sy
 } // namespace
 
 std::size_t FindClosing(std::u16string_view text, std::size_t open, std::u16string_view quoting,
-                        const Syntax& syntax)
+                        const Syntax& syntax, int deepest)
 {
     const char16_t opening = text[open];
     const char16_t closing = ClosingOf(opening);
@@ -47,6 +47,8 @@ std::size_t FindClosing(std::u16string_view text, std::size_t open, std::u16stri
                 return npos;
         } else {
             depth += unit == opening ? 1 : 0;
+            if (depth > deepest)
+                return npos;
             if (unit == closing && --depth == 0)
                 return at;
             ++at;

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <string_view>
 
 #include "text/syntax.h"
@@ -27,6 +28,7 @@ std::size_t scan(std::u16string_view text, std::u16string_view targets, std::u16
                  const Syntax& syntax, std::size_t from = 0, char16_t* unclosed = nullptr);
 
 // The place of the bracket that closes the one standing at `open` ('(', '[' or '{'), nested ones counted and
-// quoted text (by `quoting`) passed over; npos when it is never closed.
+// quoted text (by `quoting`) passed over; npos when it is never closed or when more than `deepest` brackets
+// stand inside each other.
 std::size_t FindClosing(std::u16string_view text, std::size_t open, std::u16string_view quoting,
-                        const Syntax& syntax);
+                        const Syntax& syntax, int deepest = std::numeric_limits<int>::max());

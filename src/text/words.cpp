@@ -6,6 +6,10 @@ namespace {
 
 constexpr std::size_t npos = std::u16string_view::npos;
 
+// Brackets within brackets that still hold a word together. Without a limit a line of nothing but opening
+// brackets would be searched to its end for each of them.
+constexpr int deepestBrackets = 32;
+
 std::size_t PassWord(std::u16string_view text, std::size_t at, const Syntax& syntax)
 {
     const std::u16string_view delimiters = Delimiters(syntax);
@@ -17,7 +21,7 @@ std::size_t PassWord(std::u16string_view text, std::size_t at, const Syntax& syn
         else if (unit == u'"' || unit == u'`')
             closing = text.find(unit, at + 1);
         else if (unit == u'[')
-            closing = FindClosing(text, at, quotes::both, syntax);
+            closing = FindClosing(text, at, quotes::both, syntax, deepestBrackets);
         // A lone double quote takes the rest; a lone bracket or back-quote is an ordinary character.
         if (closing == npos && unit == u'"')
             return text.size();
