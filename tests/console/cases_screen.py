@@ -55,3 +55,17 @@ def clear(console):
     console.line("cls bright yellow on red")
     console.shows(">")
     console.has_colors("\x1b[93m\x1b[41m")
+
+
+@case("StdColors are the colours from the start, and those that COLOR goes back to")
+def standard_colors(console):
+    console.file("colors.ini", "StdColors=Bright White on Blue")
+    console.start("@colors.ini")
+    console.has_colors("\x1b[97m\x1b[44m>")
+    console.line("color 4e")
+    console.has_colors("\x1b[93m\x1b[41m")
+    console.line("color")
+    console.wait(lambda: "\x1b[41m" not in console.colors(), ["no red"], lambda: [repr(console.colors())])
+    console.has_colors("\x1b[97m\x1b[44m>")
+    console.line("cls bri gre on cya")
+    console.has_colors("\x1b[92m\x1b[46m")
