@@ -131,7 +131,11 @@ def engine_ring(pattern):
     wine = str(debian_wine) if debian_wine.exists() else "wine"
     report = BUILD / "mingw/engine_tests.json"
     environment = wine_environment(BUILD / "wine/engine")
-    return run_google_tests([wine, windows_path(program)], report, windows_path(report), pattern, environment)
+    outcome = run_google_tests([wine, windows_path(program)], report, windows_path(report), pattern, environment)
+    if not pattern:
+        binaries = [BUILD / "mingw/bin" / name for name in ("ORV.exe", "Movacore.dll")]
+        outcome += run_counted([sys.executable, "tools/check_imports.py", *binaries])
+    return outcome
 
 
 def scripts_ring(pattern):

@@ -441,7 +441,10 @@ Step CommandLine::Redirect()
 
 Step CommandLine::Execute()
 {
-    command.TrimLeft(u", \t\n\f\r").TrimRight(u" \t\r\n");
+    command.TrimLeft(u", \t\n\f\r");
+    // Scripts end the question of SET /P in a blank.
+    const bool question = syntax.openQuotes && BeginsNoCase(command, u"set /p");
+    command.TrimRight(question ? u"\r\n" : u" \t\r\n");
     if (command.front() == u'`') {
         // A command in back-quotes is taken as written; the marks have protected it until here.
         const std::size_t closing = command.Find(u'`', 1);

@@ -7,6 +7,7 @@
 #include "internals/values.h"
 #include "platform/handle.h"
 #include "platform/process_family.h"
+#include "platform/process_rights.h"
 #include "platform/system_version.h"
 #include "platform/user_name.h"
 
@@ -103,16 +104,4 @@ bool X64_Variable(CString& value)
     return AnswerFlag(value, system.wProcessorArchitecture != PROCESSOR_ARCHITECTURE_INTEL);
 }
 
-// Whether the process has the full rights of an administrator.
-bool Elevated_Variable(CString& value)
-{
-    const OwnedHandle token = [] {
-        HANDLE opened = nullptr;
-        OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened);
-        return OwnedHandle(opened);
-    }();
-    TOKEN_ELEVATION elevation = {};
-    DWORD size = sizeof elevation;
-    const bool known = token && GetTokenInformation(token.Get(), TokenElevation, &elevation, size, &size);
-    return AnswerFlag(value, known && elevation.TokenIsElevated != 0);
-}
+bool Elevated_Variable(CString& value) { return AnswerFlag(value, IsElevated()); }
