@@ -50,9 +50,14 @@ set(MOVACORE_PURE_ROOMS
   src/expand/variable_names.cpp
   src/expand/whole_evaluator.cpp
   src/expand/work_line.cpp
+  src/files/attribute_masks.cpp
   src/files/dates.cpp
   src/files/directory_name.cpp
+  src/files/name_pattern.cpp
+  src/files/range_reading.cpp
+  src/files/ranges.cpp
   src/files/regex.cpp
+  src/files/target_names.cpp
   src/files/text_pieces.cpp
   src/files/wildcards.cpp
   src/functions/arguments.cpp

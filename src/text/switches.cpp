@@ -25,17 +25,6 @@ bool EndsSwitches(std::u16string_view word, const Syntax& syntax)
            word[2] == syntax.switchChar;
 }
 
-// Cuts `count` units out together with the blanks that would be left doubled.
-void Cut(CString& text, std::size_t at, std::size_t count)
-{
-    text.Erase(at, count);
-    const bool blankBefore = at == 0 || IsBlank(text[at - 1]);
-    while (blankBefore && at < text.size() && IsBlank(text[at]))
-        text.Erase(at, 1);
-    if (at == text.size())
-        text.TrimRight();
-}
-
 // Calls `take(word)` for each switch word until it answers true, which means the word was dealt with and
 // the text changed; then goes on at the same place. Stops at "///", and before the first other word when
 // only leading switches count.
@@ -65,7 +54,7 @@ void RemoveEndMark(CString& arguments, SwitchPlace place, const Syntax& syntax)
     for (Word word = NextWord(arguments, 0, syntax); word.length > 0;
          word = NextWord(arguments, word.end(), syntax)) {
         if (EndsSwitches(arguments.view().substr(word.start, word.length), syntax))
-            return Cut(arguments, word.start, word.length);
+            return CutSwitch(arguments, word.start, word.length);
         if (place == SwitchPlace::Leading)
             return;
     }
@@ -89,6 +78,16 @@ std::size_t BitOf(std::u16string_view letters, char16_t letter, bool& takesText)
 
 } // namespace
 
+void CutSwitch(CString& text, std::size_t at, std::size_t count)
+{
+    text.Erase(at, count);
+    const bool blankBefore = at == 0 || IsBlank(text[at - 1]);
+    while (blankBefore && at < text.size() && IsBlank(text[at]))
+        text.Erase(at, 1);
+    if (at == text.size())
+        text.TrimRight();
+}
+
 SwitchRead GetSwitches(CString& arguments, std::u16string_view letters, SwitchPlace place,
                        const Syntax& syntax)
 {
@@ -109,7 +108,7 @@ SwitchRead GetSwitches(CString& arguments, std::u16string_view letters, SwitchPl
             read.flags |= std::uint64_t{1} << bit;
             at = one.end();
         }
-        Cut(arguments, word.start, word.length);
+        CutSwitch(arguments, word.start, word.length);
         return true;
     });
     RemoveEndMark(arguments, place, syntax);
@@ -123,7 +122,7 @@ bool GetMultiCharSwitch(CString& arguments, std::u16string_view name, const Synt
         for (std::size_t at = word.start; at < word.end();) {
             const Word one = NextSwitch(arguments, at, word.end(), syntax);
             if (EqualNoCase(arguments.view().substr(one.start + 1, one.length - 1), name)) {
-                Cut(arguments, one.start, one.length);
+                CutSwitch(arguments, one.start, one.length);
                 found = true;
                 return true;
             }
@@ -150,7 +149,7 @@ bool GetStringSwitch(CString& arguments, std::u16string_view name, CString& valu
             if (!text.empty() && (text[0] == u':' || text[0] == u'='))
                 text.remove_prefix(1);
             value = WithoutOuterQuotes(text);
-            Cut(arguments, one.start, word.end() - one.start);
+            CutSwitch(arguments, one.start, word.end() - one.start);
             found = true;
             return true;
         }

@@ -31,3 +31,6 @@ bool GetMultiCharSwitch(CString& arguments, std::u16string_view name, const Synt
 // Removes the first switch that begins with `name` and takes text: "/Nvalue", "/N:value", "/N=value",
 // "/N"quoted text"". True when it was there; `value` receives the text, without quotes around it.
 bool GetStringSwitch(CString& arguments, std::u16string_view name, CString& value, const Syntax& syntax);
+
+// Cuts `count` units out of the arguments, together with the blanks that would be left doubled.
+void CutSwitch(CString& arguments, std::size_t at, std::size_t count);
