@@ -11,10 +11,10 @@
 #include "core/program_start.h"
 #include "core/shell_line.h"
 #include "engine/batch_entry.h"
+#include "engine/expansion_entry.h"
 #include "engine/help_entry.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "expand/lists.h"
 #include "platform/file_facts.h"
 #include "platform/process.h"
 #include "platform/process_line.h"
@@ -126,6 +126,17 @@ void AimAtFile(Target& target, const CString& file, std::u16string_view argument
     target.windowed = program_type::IsWindowed(type);
 }
 
+// In the folder where the program is to start, then as usual.
+CString FindProgram(const CString& name, const CString& directory)
+{
+    if (QueryIsURL(name))
+        return CString();
+    CString file;
+    if (!directory.empty() && !IsAbsolutePath(name))
+        file = SearchPaths(JoinPath(directory, name));
+    return file.empty() ? SearchPaths(name) : file;
+}
+
 // Looks the command's name up as the shell itself would.
 Target FindTarget(const StartSwitches& switches)
 {
@@ -137,13 +148,11 @@ Target FindTarget(const StartSwitches& switches)
     const CString name = named ? switches.program : command.Substr(word.start, word.length);
     const std::u16string_view arguments = named ? command.view() : command.view().substr(word.end());
     const CString bare = WithoutQuotes(name);
-    CString value;
-    if (bare.empty() || (!named && (FindInternalCommand(command, false) >= 0 || GetAlias(bare, value) ||
-                                    command.front() == u'('))) {
+    if (bare.empty() || (!named && (FindInternalCommand(command, false) >= 0 || command.front() == u'('))) {
         AimAtShell(target, switches, command);
         return target;
     }
-    const CString file = QueryIsURL(bare) ? CString() : SearchPaths(bare);
+    const CString file = FindProgram(bare, switches.directory);
     if (file.empty()) {
         target.document = bare;
         target.arguments = CString(arguments).Trim();
@@ -245,5 +254,15 @@ int Start_Command(CString& arguments)
         return MVError(code, place);
     if (!switches.directory.empty() && !QueryIsDirectory(switches.directory))
         return MVError(ERROR_PATH_NOT_FOUND, switches.directory);
-    return StartTarget(FindTarget(switches), switches);
+    if (!switches.program.empty())
+        return StartTarget(FindTarget(switches), switches);
+    const CString asWritten(switches.command);
+    if (const int code = ExpandAliases(switches.command); code != 0)
+        return code;
+    if (switches.command == asWritten)
+        return StartTarget(FindTarget(switches), switches);
+    // What an alias stands for may be anything that a line can hold.
+    Target shell;
+    AimAtShell(shell, switches, switches.command);
+    return StartTarget(shell, switches);
 }

@@ -16,9 +16,9 @@
 #include "engine/state.h"
 #include "platform/environment.h"
 #include "text/compare.h"
+#include "text/escapes.h"
 #include "text/format.h"
 #include "text/path_names.h"
-#include "text/scanner.h"
 #include "text/words.h"
 
 namespace {
@@ -84,21 +84,16 @@ int RunInCmd(const Invocation& run)
     return External(cmd, Format(quoted ? u"/c \"%s\"" : u"/c %s", text));
 }
 
-int RunScript(const Invocation& run)
-{
-    Association association;
-    if (!MyFindExecutable(run.found.file, association))
-        return Tls().errorLevel = MVError(errors::noInterpreter, run.found.file);
-    return External(run.found.file, run.call.arguments);
-}
-
 int RunAssociated(const CString& command, const Invocation& run)
 {
     TLS_VARIABLES& tls = Tls();
     if (tls.associationDepth >= deepestAssociation)
         return tls.errorLevel = MVError(errors::associationLoop, run.found.file);
     ++tls.associationDepth;
-    const CString line = Format(u"%s %s %s", command, AddQuotes(run.found.file), run.call.arguments);
+    // File and arguments have been expanded; the variable's text has not.
+    const Syntax syntax = CurrentSyntax();
+    const CString line = Format(u"%s %s %s", command, ProtectText(AddQuotes(run.found.file), syntax),
+                                ProtectText(run.call.arguments, syntax));
     int code = result::error;
     try {
         code = Command_S(line, line_flags::debugger);
@@ -116,6 +111,16 @@ int RunOther(const Invocation& run)
     if (!command.empty() && command.front() != u'*')
         return RunAssociated(command, run);
     return External(run.found.file, run.call.arguments, run.found.extraPaths);
+}
+
+// The languages have no interpreter of their own in the shell: what the user has set up for them runs them.
+int RunScript(const Invocation& run)
+{
+    Association association;
+    if (!FindExtensionCommand(EnvironmentEntries(), ExtensionPart(run.found.file)).empty() ||
+        MyFindExecutable(run.found.file, association))
+        return RunOther(run);
+    return Tls().errorLevel = MVError(errors::noInterpreter, run.found.file);
 }
 
 int RunFile(const Invocation& run)

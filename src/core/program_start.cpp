@@ -3,6 +3,7 @@
 #include "core/association_template.h"
 #include "core/associations.h"
 #include "core/executable_type.h"
+#include "core/path_search.h"
 #include "core/zone.h"
 #include "engine/batch_entry.h"
 #include "engine/break.h"
@@ -103,9 +104,8 @@ bool StartAssociated(ChildProcess& child, const CString& file, const CString& ar
     Association association;
     if (!MyFindExecutable(file, association) || association.needsShell)
         return false;
-    CString program = association.program;
-    if (!HasDirectory(program))
-        return false;
+    const CString program =
+        HasDirectory(association.program) ? association.program : SearchPaths(association.program);
     const int type = GetExeType(program);
     if (type == program_type::notAProgram || program_type::IsWindowed(type))
         return false;

@@ -168,7 +168,7 @@ int Runp(CString& command, bool)
     const CString asWritten(command);
     UnEscapeLine(command, syntax);
     int code = result::success;
-    if (RunExternal(command, name, true, code))
+    if (RunExternal(command, name, !Tls().pipeChild, code))
         return code;
     command = asWritten;
     return RunUnknown(command, name, syntax);

@@ -30,7 +30,7 @@ constexpr int ResultOfExitCode(unsigned exitCode)
 {
     const int code = static_cast<int>(exitCode);
     const bool reserved = EndsLine(code) || code == result::returned || code == result::handled ||
-                          code == result::keepErrorLevel;
+                          code == result::fromSubroutine || code == result::keepErrorLevel;
     return reserved ? result::error : code;
 }
 

@@ -54,3 +54,29 @@ void Resolve(CString& text, bool respectQuotes, const Syntax& syntax)
 
 void EscapeLine(CString& text, const Syntax& syntax) { Resolve(text, false, syntax); }
 void UnEscapeLine(CString& line, const Syntax& syntax) { Resolve(line, true, syntax); }
+
+CString ProtectText(std::u16string_view text, const Syntax& syntax)
+{
+    CString result;
+    result.Reserve(text.size() + 16);
+    char16_t quote = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char16_t unit = text[at];
+        const bool closed = text.find(unit, at + 1) != std::u16string_view::npos;
+        const bool special = std::u16string_view(u"&|<>()\"`\n\r").find(unit) != std::u16string_view::npos ||
+                             unit == syntax.commandSep || unit == syntax.escapeChar;
+        if (quote != 0) {
+            quote = unit == quote ? u'\0' : quote;
+        } else if ((unit == u'"' || unit == u'`') && closed) {
+            quote = unit;
+        } else if (special && syntax.escapes) {
+            result.Append(syntax.escapeChar);
+            result.Append(unit == u'\n' ? u'n' : unit == u'\r' ? u'r' : unit);
+            continue;
+        }
+        result.Append(unit);
+        if (unit == u'%' && quote != u'`')
+            result.Append(u'%');
+    }
+    return result;
+}

@@ -8,6 +8,8 @@
 #include "core/extension_variables.h"
 #include "core/invoked_name.h"
 #include "core/zone.h"
+#include "text/escapes.h"
+#include "text/scanner.h"
 
 namespace {
 
@@ -45,6 +47,19 @@ TEST(InvokedName, SwitchesWithoutBlank)
     EXPECT_FALSE(CutAtSwitch(quoted, Syntax()));
     InvokedName leading{u"/x", u""};
     EXPECT_FALSE(CutAtSwitch(leading, Syntax()));
+}
+
+TEST(ProtectText, ComesBackAsItWas)
+{
+    const Syntax syntax;
+    for (const char16_t* text : {u"a & b|c <d> (e)", u"^q ^^", u"\"x & y\" & z", u"lone \" quote & x",
+                                 u"`a & b` & `", u"a\nb\rc", u"", u"C:\\a b\\^x"}) {
+        CString line = ProtectText(text, syntax);
+        EXPECT_EQ(scan(line, u"&|<>\n", quotes::both, syntax), std::u16string_view::npos);
+        UnEscapeLine(line, syntax);
+        EXPECT_EQ(line, text);
+    }
+    EXPECT_EQ(ProtectText(u"100% \"%x%\" `%y`", syntax), u"100%% \"%%x%%\" `%y`");
 }
 
 TEST(ExtensionVariables, NameSeveralExtensions)
