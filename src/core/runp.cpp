@@ -174,7 +174,7 @@ int Runp(CString& command, bool)
     return RunUnknown(command, name, syntax);
 }
 
-int ExecuteInternalCommand(CommandHandler handler, const char16_t* arguments)
+int ExecuteInternalCommand(int (*handler)(CString&), const char16_t* arguments)
 {
     CString text(arguments);
     return handler(text);

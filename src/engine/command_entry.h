@@ -28,6 +28,9 @@ struct BUILTIN;
 // Runs an internal command with its argument text as if it had been typed, help and error level included.
 int RunInternalCommand(const BUILTIN& row, CString& arguments);
 
+// Calls a handler with a copy of the text, and nothing else: no help, no error level.
+int ExecuteInternalCommand(int (*handler)(CString&), const char16_t* arguments);
+
 // Reads lines and joins them on while `text` ends inside a parenthesised block; result::abandonBatch when
 // the input ends first (reported). `forSet` tells that the "(" behind IN of a FOR stands open.
 int CompleteBlock(CString& text, bool forSet = false);

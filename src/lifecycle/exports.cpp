@@ -30,6 +30,10 @@ template <typename Work> int Guarded(Work work)
     } catch (const Break&) {
         ClearBreak();
         ResetParsingFlags();
+        TLS_VARIABLES& tls = Tls();
+        tls.unknownCommandDepth = 0;
+        tls.associationDepth = 0;
+        tls.expansion = {};
         return brokenOff;
     }
 }
