@@ -1,6 +1,7 @@
 #include "core/separators.h"
 
 #include "text/compare.h"
+#include "text/references.h"
 #include "text/scanner.h"
 
 namespace {
@@ -56,7 +57,7 @@ Separator FindSeparator(std::u16string_view text, std::size_t from, CommandShape
                              (found.connector == Connector::And || found.connector == Connector::Or);
         if (found.connector != Connector::None && !belongs)
             return found;
-        from = at + (belongs ? found.length : 1);
+        from = belongs ? found.Behind() : text[at] == u'%' ? PassReference(text, at, syntax) : at + 1;
     }
     return {};
 }

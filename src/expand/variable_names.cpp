@@ -37,11 +37,12 @@ std::size_t FindClosingPercent(std::u16string_view text, std::size_t from, const
     return npos;
 }
 
-// A text between ":" and "%" that is more likely the road to another reference ("%drive:\dir\%name") than a
-// modifier that does nothing.
+// A text between ":" and "%" that is more likely the road to another reference ("%hour:%minute",
+// "%drive:\dir\%name") than a modifier that does nothing.
 bool IsPlainText(std::u16string_view modifier)
 {
-    return modifier.find_first_of(u"~=") == npos && modifier.find_first_of(u" \t\\/") != npos;
+    return modifier.empty() ||
+           (modifier.find_first_of(u"~=") == npos && modifier.find_first_of(u" \t\\/") != npos);
 }
 
 void Cut(NameReference& read)

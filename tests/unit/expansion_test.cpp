@@ -183,6 +183,7 @@ TEST(Expansion, Modifiers)
         {u"%abc:~2", u"ABCDEF:~2"},
         {u"%n:\\dir\\%a", u"2:\\dir\\one"},
         {u"%a: %b", u"one: two words"},
+        {u"%n:%a", u"2:one"},
         {u"%path:\\=/%", u"C:/x"},
     };
     world.settings.syntax.openQuotes = false;

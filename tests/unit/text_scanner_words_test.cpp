@@ -5,6 +5,7 @@
 
 #include "text/encoding.h"
 #include "text/escapes.h"
+#include "text/references.h"
 #include "text/scanner.h"
 #include "text/words.h"
 
@@ -92,6 +93,39 @@ TEST(TextScanner, ClosingBrackets)
     for (const auto& test : cases)
         EXPECT_EQ(FindClosing(test.text, 0, quotes::back, Syntax()), test.expected) << Shown(test.text);
     EXPECT_EQ(FindClosing(u"[\"]\"]", 0, quotes::both, Syntax()), 4u);
+}
+
+TEST(TextReferences, ArePassedOver)
+{
+    const struct {
+        const char16_t* text;
+        std::size_t expected;
+        std::size_t everyday;
+    } cases[] = {
+        {u"%", 1, 1},
+        {u"%%(a)", 2, 2},
+        {u"%a b", 1, 1},
+        {u"%(a & b) c", 8, 8},
+        {u"%{a & {b}} c", 10, 10},
+        {u"%[[a & b]] c", 10, 10},
+        {u"%[a]", 1, 1},
+        {u"%@f[a & b] c", 10, 10},
+        {u"%@f[a[&]b] c", 10, 10},
+        {u"%@f[`]`] c", 8, 8},
+        {u"%@f a[b]", 1, 1},
+        {u"%@f[a", 1, 1},
+        {u"%x:&=and% c", 9, 9},
+        {u"%x:~1,2% c", 8, 8},
+        {u"%x:^%=a% c", 8, 8},
+        {u"%x:y% c", 1, 1},
+        {u"%x:a & set y=%z%", 1, 14},
+        {u"%x:=", 1, 1},
+        {u"%:a=b%", 1, 1},
+    };
+    for (const auto& test : cases) {
+        EXPECT_EQ(PassReference(test.text, 0, Syntax()), test.expected) << Shown(test.text);
+        EXPECT_EQ(PassReference(test.text, 0, Everyday()), test.everyday) << Shown(test.text);
+    }
 }
 
 TEST(TextWords, Splitting)

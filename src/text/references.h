@@ -1,0 +1,13 @@
+// Passing over a variable reference that is not expanded yet, so that what stands in its brackets or modifier
+// neither ends a command nor begins a redirection.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "text/syntax.h"
+
+// Behind the reference that the "%" at `at` begins, as far as its brackets ("%@name[...]", "%(...)",
+// "%{...}",
+// "%[[...]]") or its modifier ("%name:a=b%") hide anything; else directly behind the "%", or behind "%%".
+std::size_t PassReference(std::u16string_view text, std::size_t at, const Syntax& syntax);
