@@ -121,7 +121,8 @@ int OpenDocument(const CString& file, const CString& arguments, unsigned reason)
         return Finish(child, false, file);
     TLS_VARIABLES& tls = Tls();
     tls.errorLevel = static_cast<int>(reason);
-    if (OpenWithShell(file, arguments) != 0)
+    // What is too long for one way is too long for the other.
+    if (reason == ERROR_FILENAME_EXCED_RANGE || OpenWithShell(file, arguments) != 0)
         return MVError(reason, file);
     return tls.errorLevel = result::success;
 }

@@ -8,7 +8,8 @@
 
 namespace {
 
-constexpr DWORD waitStep = 10; // milliseconds
+constexpr DWORD waitStep = 10;                    // milliseconds
+constexpr std::size_t longestCommandLine = 32766; // units; not every system refuses what it would cut off
 
 // The list of attributes that a start can carry.
 class AttributeList {
@@ -117,6 +118,8 @@ ChildProcess::ChildProcess(HANDLE taken) noexcept : process(taken), processId(ta
 
 unsigned ChildProcess::Start(const ProcessStart& start)
 {
+    if (start.commandLine.size() > longestCommandLine)
+        return ERROR_FILENAME_EXCED_RANGE;
     STARTUPINFOEXW info = {};
     info.StartupInfo.cb = sizeof info;
     PlaceWindow(info.StartupInfo, start);
