@@ -99,9 +99,8 @@ private:
             return false;
         const std::u16string_view word = Peek();
         at += word.size();
-        header.variable =
-            word.substr(word.find_first_not_of(u'%') == npos ? 1 : word.find_first_not_of(u'%'));
-        return true;
+        header.variable = word.substr(word[1] == u'%' ? 2 : 1);
+        return !header.variable.empty();
     }
 
     bool ReadSet()

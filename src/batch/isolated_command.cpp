@@ -16,6 +16,8 @@ IsolatedCommand::IsolatedCommand()
     }
     blocks = std::exchange(tls.blocks, BlockState());
     globals = aGlobals;
+    errorLevel = tls.errorLevel;
+    lastInternalResult = tls.lastInternalResult;
     BeginLocalEnvironment(environment);
 }
 
@@ -30,6 +32,8 @@ IsolatedCommand::~IsolatedCommand()
         frame->echo = frameEcho;
     }
     tls.blocks = blocks;
+    tls.errorLevel = errorLevel;
+    tls.lastInternalResult = lastInternalResult;
     aGlobals.exitRequested = globals.exitRequested;
     aGlobals.exitCode = globals.exitCode;
     aGlobals.echo = globals.echo;

@@ -18,6 +18,8 @@ private:
     std::int64_t frameOffset = 0;
     bool frameEcho = true;
     BlockState blocks;
+    int errorLevel;
+    int lastInternalResult;
     GLOBAL_VARIABLES globals;
     std::vector<LocalEnvironment> environment;
 };

@@ -521,7 +521,11 @@ CommandShape CommandLine::ShapeOf(std::u16string_view text) const
     FindInternalCommand(text.substr(start), false, &found);
     if (!found || (CommandFlags(*found) & command_flags::block) == 0)
         return CommandShape::Plain;
-    return EqualNoCase(found->name, u"IF") ? CommandShape::If : CommandShape::Parentheses;
+    const bool isIf = EqualNoCase(found->name, u"IF");
+    // Older scripts rely on it: "if errorlevel 1 echo failed & exit /b".
+    if (syntax.openQuotes && (isIf || EqualNoCase(found->name, u"FOR")))
+        return CommandShape::TextLine;
+    return isIf ? CommandShape::If : CommandShape::Parentheses;
 }
 
 // The end of the command that begins at `from`.

@@ -1,5 +1,6 @@
 #include "core/separators.h"
 
+#include "text/block_scanner.h"
 #include "text/compare.h"
 #include "text/references.h"
 #include "text/scanner.h"
@@ -32,11 +33,27 @@ Separator ReadSeparator(std::u16string_view text, std::size_t at, const Syntax& 
     return unit == syntax.commandSep ? Separator{at, 1, Connector::Sequence} : Separator{};
 }
 
+// The end of the text line, blocks over several lines passed over.
+Separator FindTextLineEnd(std::u16string_view text, std::size_t from, const Syntax& syntax)
+{
+    constexpr std::size_t npos = std::u16string_view::npos;
+    BlockScanner scanner(syntax);
+    for (std::size_t at = text.find(u'\n', from); at != npos; at = text.find(u'\n', at + 1)) {
+        while (scanner.Feed(text.substr(from, at - from)) != npos) {
+        }
+        if (!scanner.InBlock())
+            return {at, 1, Connector::Sequence};
+    }
+    return {};
+}
+
 } // namespace
 
 Separator FindSeparator(std::u16string_view text, std::size_t from, CommandShape shape, const Syntax& syntax,
                         char16_t* unclosed)
 {
+    if (shape == CommandShape::TextLine)
+        return FindTextLineEnd(text, from, syntax);
     const char16_t targets[] = {syntax.commandSep, u'&', u'|', u'\n', u'%', u'\0'};
     const std::u16string_view quoting =
         shape == CommandShape::Plain ? quotes::both : quotes::bothAndParentheses;

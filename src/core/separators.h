@@ -28,6 +28,7 @@ enum class CommandShape {
     Plain,
     Parentheses, // a group or a command that takes blocks: what stands in parentheses is its own
     If,          // the same, and with the compatibility switch on "&&" and "||" belong to it as well
+    TextLine,    // takes the rest of its text line: IF and FOR in .BAT and .CMD files
 };
 
 // The end of the first command at or after `from`. Quotes hide separators; `unclosed` as for scan.
