@@ -105,24 +105,6 @@ bool ClearScreen(ScreenPart part)
     return BlankCells(from, cells, info.wAttributes) && SetConsoleCursorPosition(ConsoleScreen(), from);
 }
 
-bool SetCursorSize(unsigned percent)
-{
-    CONSOLE_CURSOR_INFO cursor;
-    if (!HasConsole() || !GetConsoleCursorInfo(ConsoleScreen(), &cursor))
-        return false;
-    cursor.dwSize = std::clamp(percent, 1u, 100u);
-    cursor.bVisible = percent > 0;
-    return SetConsoleCursorInfo(ConsoleScreen(), &cursor) != FALSE;
-}
-
-std::optional<unsigned> CursorSize()
-{
-    CONSOLE_CURSOR_INFO cursor;
-    if (!HasConsole() || !GetConsoleCursorInfo(ConsoleScreen(), &cursor))
-        return std::nullopt;
-    return cursor.bVisible ? static_cast<unsigned>(cursor.dwSize) : 0u;
-}
-
 CString ConsoleTitle()
 {
     // Longer titles are cut; Windows itself shows no more than a few hundred characters.

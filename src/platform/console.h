@@ -38,10 +38,6 @@ enum class ScreenPart { Window, Buffer };
 // Blanks the part and puts the cursor at its beginning.
 bool ClearScreen(ScreenPart part);
 
-// Height in percent of a cell.
-bool SetCursorSize(unsigned percent);
-std::optional<unsigned> CursorSize();
-
 CString ConsoleTitle();
 bool ChangeConsoleTitle(const CString& title);
 
