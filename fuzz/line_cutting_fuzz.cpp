@@ -22,7 +22,8 @@ void Require(bool condition)
 
 void CheckSeparators(std::u16string_view text, const Syntax& syntax)
 {
-    for (const CommandShape shape : {CommandShape::Plain, CommandShape::Parentheses, CommandShape::If}) {
+    for (const CommandShape shape :
+         {CommandShape::Plain, CommandShape::Parentheses, CommandShape::If, CommandShape::TextLine}) {
         std::size_t from = 0;
         for (;;) {
             const Separator end = FindSeparator(text, from, shape, syntax);
