@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <limits>
 #include <numeric>
 #include <optional>
 #include <string>
@@ -24,11 +25,25 @@ constexpr std::size_t mostGuard = 2000;
 constexpr std::size_t mostPlaces = 100000; // that are calculated, whatever is asked for
 constexpr int deepestNesting = 200;        // brackets in brackets
 
-// A number, and whether it was rounded on the way.
+// A number, and how many of its places rounding on the way has left right at least.
 struct Value {
+    static constexpr std::int64_t all = std::numeric_limits<std::int64_t>::max();
+
     Decimal number;
-    bool exact = true;
+    std::int64_t good = all;
+
+    bool Exact() const { return good == all; }
 };
+
+// The places of a * b that are right: the error of each is as many times larger as the other is large.
+std::int64_t GoodPlacesOfProduct(const Value& a, const Value& b)
+{
+    const auto spoilt = [](const Value& rounded, const Value& by) {
+        return rounded.Exact() ? Value::all
+                               : rounded.good - static_cast<std::int64_t>(by.number.WholeDigits()) - 1;
+    };
+    return std::min(spoilt(a, b), spoilt(b, a));
+}
 
 struct ReportedError {
     int code;
@@ -58,12 +73,12 @@ public:
           names(known)
     {}
 
-    // The value, and whether it is exact.
     Value Run()
     {
         Value value = Comparison();
         if (!reader.AtEnd())
             Fail(errors::syntax);
+        value.good = uncertain ? 0 : value.good;
         value.number = Settled(value);
         return value;
     }
@@ -84,12 +99,21 @@ private:
     Value Divide(const Value& a, const Value& b);
     Value RaisePower(const Value& a, const Value& b);
     Value Shift(const Value& a, const Value& b, bool left);
-    // Whole numbers are taken from values that rounding may have pushed just below or above them.
-    Decimal Settled(const Value& value) const
+    // Whole numbers are taken from values that rounding may have pushed just below or above them. Whether
+    // that went well only a calculation with more places can tell.
+    Decimal Settled(const Value& value)
     {
-        return value.exact ? value.number : value.number.Rounded(places - guard / 2);
+        if (value.Exact())
+            return value.number;
+        uncertain = true;
+        return value.number.Rounded(places - guard / 2);
     }
-    std::int64_t Int64(const Value& value) const { return Settled(value).ToInt64(); }
+    // The good places of what was just rounded to all places; errors of its arguments are not followed.
+    std::int64_t RoundedOnce(bool exactArguments) const
+    {
+        return exactArguments ? static_cast<std::int64_t>(places) - 1 : 0;
+    }
+    std::int64_t Int64(const Value& value) { return Settled(value).ToInt64(); }
 
     ExpressionReader reader;
     std::size_t places; // that are calculated
@@ -97,9 +121,10 @@ private:
     char16_t decimalChar;
     EvaluatorNames& names;
     int depth = 0;
+    bool uncertain = false;
 };
 
-Value FromInt64(std::int64_t number) { return {Decimal(number), true}; }
+Value FromInt64(std::int64_t number) { return {Decimal(number)}; }
 
 // Bits, comparisons and shifts share one level, from left to right.
 Value Evaluator::Comparison()
@@ -141,7 +166,7 @@ Value Evaluator::Sum()
             return left;
         const Value right = Product();
         left.number = plus ? left.number + right.number : left.number - right.number;
-        left.exact = left.exact && right.exact;
+        left.good = left.Exact() && right.Exact() ? Value::all : std::min(left.good, right.good) - 1;
     }
 }
 
@@ -155,22 +180,24 @@ Value Evaluator::Product()
         reader.Skip(1);
         const Value right = PowerLevel();
         if (sign == u'*') {
-            left = {left.number * right.number, left.exact && right.exact};
+            left = {left.number * right.number, GoodPlacesOfProduct(left, right)};
             // What was rounded already needs no more places than it had.
-            if (!left.exact)
+            if (!left.Exact())
                 left.number = left.number.Rounded(places + guard);
         } else if (sign == u'/') {
             left = Divide(left, right);
         } else if (right.number.Sign() == 0) {
             Fail(errors::divisionByZero);
-        } else if (sign == u'\\') {
-            const Value quotient = Divide(left, right);
-            left = {quotient.exact || (left.exact && right.exact)
-                        ? Decimal::Quotient(left.number, right.number)
-                        : Settled(quotient).Truncated(),
-                    true};
         } else {
-            left = {Decimal::Remainder(left.number, right.number), left.exact && right.exact};
+            const bool exact = left.Exact() && right.Exact();
+            const Decimal quotient = exact ? Decimal::Quotient(left.number, right.number)
+                                           : Settled(Divide(left, right)).Truncated();
+            if (sign == u'\\')
+                left = {quotient};
+            else if (exact)
+                left = {Decimal::Remainder(left.number, right.number)};
+            else
+                left = {left.number - quotient * right.number, 0};
         }
     }
 }
@@ -182,7 +209,10 @@ Value Evaluator::Divide(const Value& a, const Value& b)
     bool exact = false;
     Value result;
     result.number = Decimal::Divide(a.number, b.number, places, exact);
-    result.exact = exact && a.exact && b.exact;
+    if (!a.Exact() || !b.Exact())
+        result.good = 0;
+    else if (!exact)
+        result.good = static_cast<std::int64_t>(places);
     return result;
 }
 
@@ -212,14 +242,14 @@ Value Evaluator::RaisePower(const Value& a, const Value& b)
     const bool fewPlaces =
         a.number.Places() == 0 || count <= mostExactPlaces / static_cast<std::int64_t>(a.number.Places());
     const bool one = Decimal::Compare(a.number.Abs(), Decimal(1)) == 0;
-    if (whole && a.exact && fewPlaces && (exponent.Sign() > 0 || count <= mostExactPlaces || one)) {
+    if (whole && a.Exact() && fewPlaces && (exponent.Sign() > 0 || count <= mostExactPlaces || one)) {
         if (count > static_cast<std::int64_t>(Decimal::mostDigits * 4) && !one)
             Fail(errors::numberTooLarge);
         const unsigned long turns = static_cast<unsigned long>(one ? count % 2 + 2 : count);
-        const Value power{a.number.PowerOfWhole(turns), true};
+        const Value power{a.number.PowerOfWhole(turns)};
         return exponent.Sign() > 0 ? power : Divide(FromInt64(1), power);
     }
-    return {Power(a.number, exponent, places), false};
+    return {Power(a.number, exponent, places), RoundedOnce(a.Exact() && b.Exact())};
 }
 
 Value Evaluator::Shift(const Value& a, const Value& b, bool left)
@@ -229,7 +259,7 @@ Value Evaluator::Shift(const Value& a, const Value& b, bool left)
     if (!number.IsWhole() || b.number.Sign() < 0)
         Fail(errors::syntax);
     const unsigned long count = static_cast<unsigned long>(std::min(Int64(b), longest));
-    return {left ? number.TimesPowerOfTwo(count) : number.DividedByPowerOfTwo(count), true};
+    return {left ? number.TimesPowerOfTwo(count) : number.DividedByPowerOfTwo(count)};
 }
 
 Value Evaluator::Unary()
@@ -264,7 +294,7 @@ Value Evaluator::Primary()
     if (reader.TakePrefixed(value.number))
         return value;
     if (reader.AtNumber(decimalChar))
-        return {reader.TakeDecimal(decimalChar), true};
+        return {reader.TakeDecimal(decimalChar)};
     return Name();
 }
 
@@ -291,7 +321,7 @@ Value Evaluator::Name()
     if (next != u'(') {
         if (!EqualNoCase(name, u"pi"))
             Fail(errors::syntax);
-        return {Pi(places), false};
+        return {Pi(places), RoundedOnce(true)};
     }
     if (EqualNoCase(name, u"gcd") || EqualNoCase(name, u"lcm") || EqualNoCase(name, u"ror") ||
         EqualNoCase(name, u"rol"))
@@ -306,24 +336,23 @@ std::optional<Value> Evaluator::ApplyFunction(View name, const Value& argument)
 {
     const Decimal& number = argument.number;
     if (EqualNoCase(name, u"abs"))
-        return Value{number.Abs(), argument.exact};
+        return Value{number.Abs(), argument.good};
     if (EqualNoCase(name, u"floor"))
-        return Value{Settled(argument).Floor(), true};
+        return Value{Settled(argument).Floor()};
     if (EqualNoCase(name, u"ceil"))
-        return Value{-(-Settled(argument)).Floor(), true};
+        return Value{-(-Settled(argument)).Floor()};
     if (EqualNoCase(name, u"recip"))
         return Divide(FromInt64(1), argument);
     if (EqualNoCase(name, u"fact")) {
         const Decimal whole = Settled(argument);
         if (!whole.IsWhole() || whole.Sign() < 0)
             Fail(errors::invalidNumber);
-        return Value{
-            Decimal::Factorial(static_cast<unsigned long>(std::min<std::int64_t>(whole.ToInt64(), 1u << 30))),
-            true};
+        return Value{Decimal::Factorial(
+            static_cast<unsigned long>(std::min<std::int64_t>(whole.ToInt64(), 1u << 30)))};
     }
     for (const FunctionName& row : endlessFunctions) {
         if (EqualNoCase(name, row.name))
-            return Value{Apply(row.function, number, places), false};
+            return Value{Apply(row.function, number, places), RoundedOnce(argument.Exact())};
     }
     return std::nullopt;
 }
@@ -357,10 +386,10 @@ Value Evaluator::PairFunction(View name)
     const std::uint64_t b = magnitude(pair[1]);
     const std::uint64_t divisor = std::gcd(a, b);
     if (EqualNoCase(name, u"gcd"))
-        return {Decimal::FromUnsigned(divisor), true};
+        return {Decimal::FromUnsigned(divisor)};
     if (divisor == 0)
         return FromInt64(0);
-    return {Decimal::FromUnsigned(a / divisor) * Decimal::FromUnsigned(b), true};
+    return {Decimal::FromUnsigned(a / divisor) * Decimal::FromUnsigned(b)};
 }
 
 Value Evaluator::ArrayElement(View name)
@@ -384,7 +413,7 @@ CString Calculate(View expression, const NumberFormat& format, char16_t decimalC
     for (std::size_t guard = firstGuard; guard <= mostGuard; guard = guard * 2 + 10) {
         const Value value = Evaluator(expression, places, guard, decimalChar, names).Run();
         const CString text = FormatNumber(value.number, format, decimalChar);
-        if (value.exact || text == last)
+        if (value.good > static_cast<std::int64_t>(places + guard / 2) || text == last)
             return text;
         last = text;
     }
