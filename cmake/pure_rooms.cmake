@@ -52,11 +52,14 @@ set(MOVACORE_PURE_ROOMS
   src/expand/work_line.cpp
   src/files/attribute_masks.cpp
   src/files/dates.cpp
+  src/files/description_list.cpp
   src/files/directory_name.cpp
+  src/files/file_walk.cpp
   src/files/name_pattern.cpp
   src/files/range_reading.cpp
   src/files/ranges.cpp
   src/files/regex.cpp
+  src/files/search_names.cpp
   src/files/target_names.cpp
   src/files/text_pieces.cpp
   src/files/wildcards.cpp
