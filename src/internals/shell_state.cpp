@@ -7,6 +7,7 @@
 #include "engine/output.h"
 #include "engine/state.h"
 #include "engine/version.h"
+#include "files/descriptions.h"
 #include "internals/values.h"
 #include "movacore_version.h"
 #include "platform/codepage.h"
@@ -97,10 +98,7 @@ bool Startpath_Variable(CString& value) { return AnswerText(value, aTexts.startD
 bool Orvrun_Variable(CString& value) { return AnswerText(value, DirectoryOf(aTexts.executable)); }
 
 // The name of the files that descriptions are kept in.
-bool Dname_Variable(CString& value)
-{
-    return AnswerText(value, aIniFile.DescriptionName ? aIniFile.DescriptionName : u"DESCRIPT.ION");
-}
+bool Dname_Variable(CString& value) { return AnswerText(value, DescriptionFileName()); }
 
 bool Version_Variable(CString& value)
 {

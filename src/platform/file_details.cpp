@@ -13,7 +13,7 @@ constinit LazyFunction<decltype(GetNamedSecurityInfoW)>
 constinit LazyFunction<decltype(LookupAccountSidW)> lookupAccountSid(libraries::advapi32,
                                                                      "LookupAccountSidW");
 
-constexpr std::uint64_t ticksPerHour = 36'000'000'000;
+constexpr std::uint64_t ticksPerSlot = 9'000'000'000; // a quarter of an hour
 
 class LocalMemory {
 public:
@@ -67,11 +67,11 @@ std::uint64_t FileTimeNow()
 
 std::uint64_t LocalFileTimes::Convert(std::uint64_t fileTime)
 {
-    // Clocks change on the hour.
-    const std::uint64_t asked = fileTime / ticksPerHour;
-    if (asked != hour) {
-        difference = LocalDifference(asked * ticksPerHour);
-        hour = asked;
+    // Clocks are put forward and back on the quarter at most.
+    const std::uint64_t asked = fileTime / ticksPerSlot;
+    if (asked != slot) {
+        difference = LocalDifference(asked * ticksPerSlot);
+        slot = asked;
     }
     return fileTime + static_cast<std::uint64_t>(difference);
 }
@@ -81,9 +81,9 @@ CString FileOwner(std::u16string_view name)
     CString path = SystemPath(name);
     PSID owner = nullptr;
     PSECURITY_DESCRIPTOR descriptor = nullptr;
-    const DWORD code = getNamedSecurityInfo(const_cast<wchar_t*>(path.w()), SE_FILE_OBJECT,
-                                            OWNER_SECURITY_INFORMATION, &owner, nullptr, nullptr, nullptr,
-                                            &descriptor);
+    const DWORD code =
+        getNamedSecurityInfo(const_cast<wchar_t*>(path.w()), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION,
+                             &owner, nullptr, nullptr, nullptr, &descriptor);
     if (code != ERROR_SUCCESS || !descriptor)
         return {};
     const LocalMemory keeper(descriptor);

@@ -1,5 +1,5 @@
-// What the system tells about a file only when it is asked specially: owner, identity, compressed size, streams;
-// and the local times of file times.
+// What the system tells about a file only when it is asked specially: owner, identity, compressed size,
+// streams; and the local times of file times.
 //
 // Names are taken as in file_facts.h. File times are 100 nanoseconds since 1601.
 #pragma once
@@ -27,7 +27,7 @@ public:
     std::uint64_t Convert(std::uint64_t fileTime);
 
 private:
-    std::uint64_t hour = UINT64_MAX; // that the difference was found for
+    std::uint64_t slot = UINT64_MAX; // of a quarter of an hour, that the difference was found for
     std::int64_t difference = 0;
 };
 
