@@ -15,6 +15,7 @@ set(MOVACORE_PURE_ROOMS
   src/config/colors.cpp
   src/config/directives.cpp
   src/config/ini_parser.cpp
+  src/config/ini_writer.cpp
   src/config/key_functions.cpp
   src/config/key_names.cpp
   src/config/protected_text.cpp

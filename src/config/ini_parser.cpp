@@ -43,19 +43,6 @@ int SectionBit(std::u16string_view name)
     return ini_section::unknown;
 }
 
-// A line cut into the name and what follows the blanks and "=" behind it.
-struct Item {
-    std::u16string_view name;
-    std::u16string_view value;
-};
-
-Item CutItem(std::u16string_view line)
-{
-    const std::size_t nameEnd = std::min(line.find_first_of(u" ;=\t"), line.size());
-    const std::size_t valueStart = std::min(line.find_first_not_of(u" =\t", nameEnd), line.size());
-    return {line.substr(0, nameEnd), line.substr(valueStart)};
-}
-
 int Refuse(IniError& error, unsigned code, std::u16string_view name)
 {
     error.code = code;
@@ -63,7 +50,7 @@ int Refuse(IniError& error, unsigned code, std::u16string_view name)
     return 1;
 }
 
-int SetKeyFunction(const Item& item, INIFILE& ini, IniError& error, IniReader& reader)
+int SetKeyFunction(const IniItem& item, INIFILE& ini, IniError& error, IniReader& reader)
 {
     const int function = KeyBindings::Find(item.name);
     if (function < 0)
@@ -201,13 +188,13 @@ CString FromUtf16(std::string_view bytes)
 int IniLine(CString& line, INIFILE* ini, int skip, int runtime, IniError& error, IniReader& reader)
 {
     if (line.front() == u'[')
-        return -SectionBit(SectionName(line));
+        return -IniSectionOf(line);
     if (skip == ini_skip::everything)
         return 0;
     if (line.Find(u'%') != CString::npos)
         reader.world.ExpandVariables(line);
 
-    const Item item = CutItem(line);
+    const IniItem item = CutIniItem(line);
     if (skip == ini_skip::settings && KeyBindings::Find(item.name) < 0 && !EqualNoCase(item.name, u"Include"))
         return 0;
     const int index = FindDirective(item.name);
@@ -237,6 +224,15 @@ int IniParse(const CString& file, INIFILE* ini, unsigned skipMask, IniReader& re
     --reader.depth;
     return 0;
 }
+
+IniItem CutIniItem(std::u16string_view line)
+{
+    const std::size_t nameEnd = std::min(line.find_first_of(u" ;=\t"), line.size());
+    const std::size_t valueStart = std::min(line.find_first_not_of(u" =\t", nameEnd), line.size());
+    return {line.substr(0, nameEnd), line.substr(valueStart)};
+}
+
+int IniSectionOf(std::u16string_view header) { return SectionBit(SectionName(header)); }
 
 int IniReset(std::u16string_view name, INIFILE* ini, IniError& error)
 {

@@ -86,5 +86,15 @@ int IniParse(const CString& file, INIFILE* ini, unsigned skipMask, IniReader& re
 // The named setting to its default; 1, with `error` filled, when there is none of that name.
 int IniReset(std::u16string_view name, INIFILE* ini, IniError& error);
 
+// A line cut into the name and what follows the blanks and "=" behind it.
+struct IniItem {
+    std::u16string_view name;
+    std::u16string_view value;
+};
+IniItem CutIniItem(std::u16string_view line);
+
+// The bit of ini_section that a header line names.
+int IniSectionOf(std::u16string_view header);
+
 // The text of a file in UTF-16, UTF-8 (each with or without its mark) or the ANSI code page.
 CString DecodeIniText(std::string_view bytes, IniWorld& world);

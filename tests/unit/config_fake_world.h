@@ -19,6 +19,9 @@ public:
         const std::size_t at = line.Find(u"%size%");
         if (at != CString::npos)
             line.Replace(at, 6, u"5000");
+        for (std::size_t i = 0; expandPercents && i + 1 < line.size(); ++i)
+            if (line[i] == u'%' && line[i + 1] == u'%')
+                line.Erase(i, 1);
     }
 
     bool ReadFile(const CString& name, std::string& bytes) override
@@ -61,6 +64,7 @@ public:
     std::vector<IniAnswer> answers;
     std::vector<std::u16string> asked;
     std::vector<Reported> reports;
+    bool expandPercents = false; // "%%" becomes "%"
     int expansions = 0;
     int filesRead = 0;
 };
