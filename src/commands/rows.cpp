@@ -27,6 +27,7 @@
 #include "commands/help.h"
 #include "commands/if.h"
 #include "commands/local.h"
+#include "commands/option.h"
 #include "commands/path.h"
 #include "commands/pause.h"
 #include "commands/prompt.h"
@@ -189,7 +190,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"NOTIFY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ODBC", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"ON", Unbuilt_Command, 0x402064, 1, u"", &unbuiltHelp},
-    {u"OPTION", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
+    {u"OPTION", Option_Command, 0x82007, 1, u"", &optionHelp},
     {u"OSD", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"PATH", Path_Command, 0x202007, 1, u"", &pathHelp},
     {u"PAUSE", Pause_Command, 0x202007, 1, u"", &pauseHelp},

@@ -8,6 +8,7 @@
 
 #include "config/ini_parser.h"
 #include "config/settings_area.h"
+#include "engine/break.h"
 #include "engine/command_state.h"
 #include "engine/console_entry.h"
 #include "engine/expansion_entry.h"
@@ -30,8 +31,6 @@
 INIFILE aIniFile;
 
 namespace {
-
-constexpr std::size_t largestIniFile = std::size_t{16} << 20; // bytes; more is no settings file
 
 // What this process keeps open for its settings.
 struct IniResources {
@@ -219,18 +218,33 @@ int SetINIDirective(std::u16string_view text, SettingOrigin origin)
 {
     Syntax syntax = CurrentSyntax();
     syntax.cmdDelimiters = false; // "=" belongs to the directive
-    CString line = GetNthArgument(text.substr(std::min<std::size_t>(text.size(), 2)), 0, syntax);
+    return ObeyIniLine(GetNthArgument(text.substr(std::min<std::size_t>(text.size(), 2)), 0, syntax), origin);
+}
+
+int ObeyIniLine(std::u16string_view text, SettingOrigin origin)
+{
     ShellWorld world;
     IniReader reader{world, aKeyBindings, aSettingSources, {origin, 0, 0}};
     IniError error;
+    CString line(text);
     const int answer = IniLine(line, &aIniFile, ini_skip::nothing, 1, error, reader);
     if (answer > 0)
-        return MVError(error.code, error.name);
+        return MVError(error.code, Format(u"\"%s\": %s", error.name, text));
     if (answer == iniInclude && ProcessINI(line) != 0)
         return MVError(errors::iniInclude, line);
     SaveIniData();
     return 0;
 }
+
+void ResetSetting(int directive)
+{
+    const auto row = static_cast<std::size_t>(directive);
+    ResetValue(aDirectives[row], aIniFile);
+    aSettingSources.rows[row] = {};
+    SaveIniData();
+}
+
+NamedLock::Guard LockIniFiles() { return resources.lock.Take(ThrowIfBroken); }
 
 int GetOptionValue(std::u16string_view name, CString& value)
 {

@@ -10,7 +10,10 @@
 
 #include "config/provenance.h"
 #include "engine/inifile.h"
+#include "platform/named_lock.h"
 #include "text/cstring.h"
+
+constexpr std::size_t largestIniFile = std::size_t{16} << 20; // bytes; more is no settings file
 
 // Every setting to its default, or to the parent shell's when this shell is to inherit: it shares the
 // parent's console, or stands at the right side of the parent's pipe (Tls().pipeChild), and
@@ -33,6 +36,16 @@ void SaveIniData();
 // Obeys the directive in the first argument of `text` behind its first two characters ("//Name=value").
 // 0, or 2 when it is refused, which is reported.
 int SetINIDirective(std::u16string_view text, SettingOrigin origin = SettingOrigin::Command);
+
+// Obeys one line as if it stood in an INI file. 0, or 2 when it is refused; the report names the setting and
+// the line.
+int ObeyIniLine(std::u16string_view line, SettingOrigin origin);
+
+// The setting of that index back to its default.
+void ResetSetting(int directive);
+
+// Held while an INI file is changed, by all shells.
+NamedLock::Guard LockIniFiles();
 
 // The value of the named setting as text, passwords always empty. 0, or 87 (the invalid parameter code) for
 // an unknown name, an Include and a choice outside its list.

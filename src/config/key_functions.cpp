@@ -194,6 +194,12 @@ void KeyBindings::Reset()
     keys.fill(CString());
 }
 
+void KeyBindings::Reset(int function)
+{
+    changed[Index(function)] = false;
+    keys[Index(function)] = CString();
+}
+
 int KeyBindings::FindKeyFunction(unsigned categories, std::u16string_view key) const
 {
     for (int function = 0; function < static_cast<int>(nKeyFunctions); ++function)

@@ -44,6 +44,7 @@ public:
     void SetKeys(int function, std::u16string_view keys); // empty: no key performs it any more
     bool IsDefault(int function) const { return !changed[static_cast<std::size_t>(function)]; }
     void Reset();
+    void Reset(int function); // to the keys of the table
 
     // The first function of the categories that has the key; -1 when none has.
     int FindKeyFunction(unsigned categories, std::u16string_view key) const;

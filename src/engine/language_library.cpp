@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "engine/inifile.h"
 #include "engine/results.h"
 
 namespace {
@@ -55,4 +56,18 @@ CString LoadMessage(unsigned number)
     for (unsigned i = 0; i < number % 16; ++i)
         units += 1 + units[0];
     return CString(std::u16string_view(units + 1, units[0]));
+}
+
+void LoadLanguageOfSettings()
+{
+    if (aIniFile.LanguageDLL) {
+        const CString path(aIniFile.LanguageDLL);
+        if (LoadLanguageLibrary(path))
+            return;
+        const DWORD code = GetLastError();
+        LoadEnglish();
+        ErrorMsgBox(code, path);
+    } else if (languageModule) {
+        LoadEnglish();
+    }
 }

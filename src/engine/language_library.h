@@ -8,3 +8,6 @@
 // one. Until the first call, or the first text, English.dll beside the engine is used.
 bool LoadLanguageLibrary(const CString& path);
 bool LoadEnglish();
+// The library that the setting LanguageDLL names, or English while there is none. One that cannot be loaded
+// is reported.
+void LoadLanguageOfSettings();

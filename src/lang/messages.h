@@ -66,6 +66,7 @@ constexpr unsigned iniInclude = 0x20000074;          // 3116
 constexpr unsigned iniIncludeDepth = 0x20000075;     // 3117
 constexpr unsigned noInterpreter = 0x2000005F;       // 3095
 constexpr unsigned invalidCodePage = 0x20000060;     // 3096
+constexpr unsigned noIniFile = 0x20000096;           // 3150
 } // namespace errors
 
 namespace message {

@@ -55,18 +55,6 @@ int LoadConfiguration(std::u16string_view iniName)
     return result::success;
 }
 
-void LoadLanguage()
-{
-    if (!aIniFile.LanguageDLL)
-        return;
-    const CString path(aIniFile.LanguageDLL);
-    if (LoadLanguageLibrary(path))
-        return;
-    const DWORD code = GetLastError();
-    LoadEnglish();
-    ErrorMsgBox(code, path);
-}
-
 } // namespace
 
 void ApplyStartOptions(const StartOptions& options)
@@ -89,7 +77,7 @@ int StartEngine(std::u16string_view iniName)
         return configured;
     TakeWorkingSwitches();
     CountNestedShell();
-    LoadLanguage();
+    LoadLanguageOfSettings();
     InitializeLocalGlobalLists();
     DisableInternalCommand(u"DDEEXEC");
     if (IsConsole(1))

@@ -1,11 +1,17 @@
-// Reading a file that is wanted as a whole and not large: settings, small lists.
+// Reading and replacing a file that is wanted as a whole and not large: settings, small lists.
 #pragma once
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "text/cstring.h"
 
 // The bytes of the file, at most `most` of them. Nobody may write to it meanwhile. False, with the reason in
 // the thread's last error, when it cannot be opened or read.
 bool ReadWholeFile(const CString& name, std::string& bytes, std::size_t most);
+
+// Puts `bytes` in the place of the file's contents, all or nothing: they are written to a temporary file
+// beside it, which then takes its name. Attributes and rights of the old file stay. False, with the reason in
+// the thread's last error, leaves the old file as it was.
+bool ReplaceWholeFile(const CString& name, std::string_view bytes);

@@ -44,6 +44,17 @@ Word NextWord(std::u16string_view text, std::size_t from, const Syntax& syntax)
     return {from, PassWord(text, from, syntax) - from};
 }
 
+Word NextBlankWord(std::u16string_view text, std::size_t from)
+{
+    constexpr std::u16string_view blanks = u" \t\r\n";
+    while (from < text.size() && blanks.find(text[from]) != npos)
+        ++from;
+    std::size_t end = from;
+    for (bool quoted = false; end < text.size() && (quoted || blanks.find(text[end]) == npos); ++end)
+        quoted = quoted != (text[end] == u'"');
+    return {from, end - from};
+}
+
 CString GetNthArgument(std::u16string_view text, int n, const Syntax& syntax, std::size_t* start)
 {
     Word word = NextWord(text, 0, syntax);

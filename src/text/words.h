@@ -27,6 +27,10 @@ struct Word {
 // The word at or after `from`; its length is 0 at the end of the text, and only there.
 Word NextWord(std::u16string_view text, std::size_t from, const Syntax& syntax);
 
+// The same, parted by blanks and tabs outside double quotes alone: for texts in which every other delimiter
+// may be a value.
+Word NextBlankWord(std::u16string_view text, std::size_t from);
+
 // Argument `n` (from 0) as it stands, quotes and all; empty when there are fewer. `start`, if given,
 // receives its place, or npos when it is missing.
 CString GetNthArgument(std::u16string_view text, int n, const Syntax& syntax, std::size_t* start = nullptr);
