@@ -44,7 +44,7 @@ IniResources resources;
 class ShellWorld final : public IniWorld {
 public:
     bool IsDirectory(std::u16string_view path) override { return QueryIsDirectory(path); }
-    void ExpandVariables(CString& line) override { VariableExpansion(line); }
+    void ExpandVariables(CString& line) override { VariableExpansion(line, true); }
     bool ReadFile(const CString& name, std::string& bytes) override
     {
         return ReadWholeFile(name, bytes, largestIniFile);

@@ -91,7 +91,7 @@ CString ExpandPrompt(std::u16string_view pattern)
     const bool variables = pattern.find(u'%') != std::u16string_view::npos;
     CString prompt = ExpandPromptCodes(pattern, facts, variables);
     if (variables)
-        VariableExpansion(prompt);
+        VariableExpansion(prompt, true);
     return prompt;
 }
 
