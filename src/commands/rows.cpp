@@ -34,6 +34,7 @@
 #include "commands/remark.h"
 #include "commands/set.h"
 #include "commands/set_array.h"
+#include "commands/setdos.h"
 #include "commands/start.h"
 #include "commands/switch.h"
 #include "commands/text_block.h"
@@ -242,7 +243,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SERVICES", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"SET", Set_Command, 0x680007, 1, u"[/r] * [1] variables [2*] *", &setHelp},
     {u"SETARRAY", Setarray_Command, 0x2007, 1, u"", &setarrayHelp},
-    {u"SETDOS", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
+    {u"SETDOS", Setdos_Command, 0x82007, 1, u"", &setdosHelp},
     {u"SETERROR", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"SETLOCAL", Setlocal_Command, 0x602107, 1, u"", &setlocalHelp},
     {u"SETP", Unbuilt_Command, 0x2007, 1, u"[1] variables [2*] *", &unbuiltHelp},
