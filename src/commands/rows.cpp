@@ -21,6 +21,7 @@
 #include "commands/echo.h"
 #include "commands/eset.h"
 #include "commands/exit.h"
+#include "commands/expr.h"
 #include "commands/for.h"
 #include "commands/function.h"
 #include "commands/goto_call.h"
@@ -124,7 +125,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"EXCEPT", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
     {u"EXEC", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"EXIT", Exit_Command, 0x202007, 1, u"", &exitHelp},
-    {u"EXPR", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"EXPR", Expr_Command, 0x2107, 1, u"", &exprHelp},
     {u"FALSE", False_Command, 0x400100, 1, u"", &falseHelp},
     {u"FFIND", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"FILELOCK", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
