@@ -23,6 +23,8 @@ set(MOVACORE_PURE_ROOMS
   src/config/provenance.cpp
   src/config/setting_values.cpp
   src/config/settings_area.cpp
+  src/console/history_block.cpp
+  src/console/history_rules.cpp
   src/console/prompt_codes.cpp
   src/core/alias_substitution.cpp
   src/core/association_template.cpp
