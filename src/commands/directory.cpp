@@ -1,5 +1,6 @@
 #include "commands/directory.h"
 
+#include "console/history.h"
 #include "core/command_switches.h"
 #include "engine/directory_entry.h"
 #include "engine/output.h"
@@ -81,6 +82,15 @@ CString MeantDirectory(std::u16string_view name)
     return FullPathName(target);
 }
 
+void NoteMove(const CString& old)
+{
+    const CString now = CurrentDirectory();
+    if (EqualNoCase(now, old))
+        return;
+    aTexts.previousDirectory = old;
+    NoteDirectoryChange(old, now);
+}
+
 int GoTo(std::u16string_view name, OtherDrive otherDrive)
 {
     const CString target = MeantDirectory(name);
@@ -92,8 +102,7 @@ int GoTo(std::u16string_view name, OtherDrive otherDrive)
         return MakeDirectoryOfDrive(target) ? result::success : MVError(0, name);
     if (!MakeCurrent(target))
         return MVError(0, name);
-    if (!EqualNoCase(CurrentDirectory(), old))
-        aTexts.previousDirectory = old;
+    NoteMove(old);
     return result::success;
 }
 
@@ -106,8 +115,7 @@ int GoToDrive(char16_t letter)
     // The directory it was left in may be gone by now.
     if (!DriveExists(letter) || (!MakeCurrent(kept) && !MakeCurrent(drive + u"\\")))
         return MVError(0, drive);
-    if (!EqualNoCase(CurrentDirectory(), old))
-        aTexts.previousDirectory = old;
+    NoteMove(old);
     return result::success;
 }
 

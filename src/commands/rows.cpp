@@ -26,8 +26,10 @@
 #include "commands/function.h"
 #include "commands/goto_call.h"
 #include "commands/help.h"
+#include "commands/history.h"
 #include "commands/if.h"
 #include "commands/local.h"
+#include "commands/log.h"
 #include "commands/option.h"
 #include "commands/path.h"
 #include "commands/pause.h"
@@ -97,7 +99,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DIFFER", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"DIR", Unbuilt_Command, 0x286307, 1, u"", &unbuiltHelp},
     {u"DIRENV", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"DIRHISTORY", Unbuilt_Command, 0x2007, 1, u"[/a] dirs [/r] * [1*] dirs", &unbuiltHelp},
+    {u"DIRHISTORY", Dirhistory_Command, 0x2007, 1, u"[/a] dirs [/r] * [1*] dirs", &dirhistoryHelp},
     {u"DIRS", Dirs_Command, 0x2107, 1, u"", &dirsHelp},
     {u"DISKMONITOR", Unbuilt_Command, 0x1082117, 1, u"dirs", &unbuiltHelp},
     {u"DNS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -144,7 +146,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"HASH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"HEAD", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"HELP", Help_Command, 0x2007, 1, u"", &helpHelp},
-    {u"HISTORY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"HISTORY", History_Command, 0x2007, 1, u"", &historyHelp},
     {u"IDE", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"IF", If_Command, 0x600010, 1, u"", &ifHelp},
     {u"IFF", Iff_Command, 0x400010, 1, u"", &iffHelp},
@@ -169,7 +171,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"LOADMEDIA", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"LOCAL", Local_Command, 0x402047, 1, u"", &localHelp},
     {u"LOCKMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
-    {u"LOG", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"LOG", Log_Command, 0x2007, 1, u"", &logHelp},
     {u"LOOKUPERRORS", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"LUA", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"MD", Unbuilt_Command, 0x282327, 1, u"dirs", &unbuiltHelp},

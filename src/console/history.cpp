@@ -1,11 +1,111 @@
-// What the shell remembers of typed lines: the text that quick substitution edits and the word that "%!"
-// gives. Both belong to the line before the newest one, which is the one that runs.
+#include "console/history.h"
+
+#include <algorithm>
+
+#include "console/history_rules.h"
 #include "core/substitution.h"
+#include "engine/break.h"
 #include "engine/console_entry.h"
+#include "engine/inifile.h"
 #include "engine/state.h"
+#include "expand/list_blocks.h"
+#include "files/text_lines.h"
+#include "platform/environment.h"
 #include "text/words.h"
 
 namespace {
+
+constexpr std::size_t npos = std::u16string_view::npos;
+constexpr std::size_t longestFileLine = 32767; // units; what is longer is cut there
+
+class HeldSignals {
+public:
+    HeldSignals() : before(Tls().signalsHeld) { HoldSignals(); }
+    HeldSignals(const HeldSignals&) = delete;
+    HeldSignals& operator=(const HeldSignals&) = delete;
+    ~HeldSignals() { Tls().signalsHeld = before; }
+
+private:
+    bool before;
+};
+
+NamedLock& HistoryLock()
+{
+    NamedLock& lock = Lists().historyLock;
+    if (!lock)
+        lock = NamedLock(u"MVHistorySemaphore");
+    return lock;
+}
+
+ListBlock BlockInUse(ListKind kind)
+{
+    const ListBlock local = QueryListBlock(kind, ListScope::Local);
+    return local ? local : QueryListBlock(kind, ListScope::Global);
+}
+
+// The block of a list with everybody else kept out, put right if its last writer died.
+class HistoryAccess {
+public:
+    explicit HistoryAccess(const HistoryList& list) : guard(HistoryLock().Take(ThrowIfShellEnds))
+    {
+        block = list.scope ? QueryListBlock(list.kind, *list.scope) : BlockInUse(list.kind);
+        if (block)
+            RepairIfNeeded(block);
+    }
+
+    explicit operator bool() const { return static_cast<bool>(block); }
+    const ListBlock& Block() const { return block; }
+
+private:
+    HeldSignals held;
+    NamedLock::Guard guard;
+    ListBlock block;
+};
+
+EqualLines EqualLinesOf(ListKind kind)
+{
+    if (kind == ListKind::DirHistory)
+        return EqualLines::KeepLast;
+    switch (aIniFile.HistDups) {
+    case choice::histDups::first: return EqualLines::KeepFirst;
+    case choice::histDups::last: return EqualLines::KeepLast;
+    default: return EqualLines::Keep;
+    }
+}
+
+void Append(const HistoryList& list, std::span<const CString> lines, EqualLines equalLines)
+{
+    const HistoryAccess access(list);
+    if (access)
+        AppendHistoryLines(access.Block(), lines, equalLines);
+}
+
+// The list that `start` begins.
+std::u16string_view ListAt(const char16_t* start, const ListBlock& inUse)
+{
+    if (start == inUse.units)
+        return inUse.View();
+    std::size_t size = 0;
+    while (start[size] != u'\0')
+        size += std::u16string_view(start + size).size() + 1;
+    return {start, size + 1};
+}
+
+using HistoryStep = std::size_t (*)(std::u16string_view list, std::size_t at, bool wrap);
+
+const char16_t* Step(HistoryStep step, const char16_t* entry, bool directories, const char16_t* start)
+{
+    const HistoryAccess access({directories ? ListKind::DirHistory : ListKind::History, {}});
+    if (!start)
+        start = access.Block().units;
+    if (!start)
+        return nullptr;
+    const std::u16string_view list = ListAt(start, access.Block());
+    const bool inside = entry >= start && entry < start + list.size();
+    const std::size_t at = inside ? static_cast<std::size_t>(entry - start) : npos;
+    const std::size_t found = step(list, at, !directories && aIniFile.HistWrap);
+    return found == npos ? nullptr : start + found;
+}
 
 // As it stands, quotes and all; "" when the line has no word.
 CString LastArgumentOf(std::u16string_view line)
@@ -15,16 +115,115 @@ CString LastArgumentOf(std::u16string_view line)
     return count == 0 ? CString() : GetNthArgument(line, count - 1, syntax);
 }
 
-} // namespace
-
-void AddToHistory(CString& line, bool force)
+// The line is what quick substitution edits next, and "%!" takes its word from, once it has run.
+void NoteNewestLine(const CString& line)
 {
-    line.TrimRight();
-    if (line.empty() && !force)
-        return;
     aTexts.substitutionLine = aTexts.newestLine;
     aTexts.lastArgument = LastArgumentOf(aTexts.newestLine);
     aTexts.newestLine = line;
     // What a substitution makes is the line to go on from.
     QuickSubstitution(aTexts.newestLine, aTexts.substitutionLine);
+}
+
+bool IsKept(std::u16string_view line, std::size_t listSize)
+{
+    CString excluded;
+    ReadEnvironment(u"HistoryExclude", excluded);
+    return IsKeptInHistory(line, {aIniFile.HistMin, listSize, excluded}, CurrentSyntax());
+}
+
+} // namespace
+
+void AddToHistory(CString& line, bool force)
+{
+    line.TrimRight();
+    const bool wanted = !Tls().lineNotSaved;
+    Tls().lineNotSaved = false;
+    if (!line.empty() || force)
+        NoteNewestLine(line);
+    const std::size_t size = HistorySize();
+    if (size == 0 || (!force && (!wanted || !IsKept(line, size))))
+        return;
+    Append({}, std::span(&line, 1), force ? EqualLines::Keep : EqualLinesOf(ListKind::History));
+}
+
+const char16_t* HistoryStart() { return BlockInUse(ListKind::History).units; }
+
+const char16_t* DirHistoryStart() { return BlockInUse(ListKind::DirHistory).units; }
+
+std::size_t HistorySize() { return BlockInUse(ListKind::History).capacity; }
+
+std::size_t DirHistorySize() { return BlockInUse(ListKind::DirHistory).capacity; }
+
+const char16_t* PreviousHistoryEntry(const char16_t* entry, bool directories, const char16_t* start)
+{
+    return Step(OlderHistoryLine, entry, directories, start);
+}
+
+const char16_t* NextHistoryEntry(const char16_t* entry, bool directories, const char16_t* start)
+{
+    return Step(NewerHistoryLine, entry, directories, start);
+}
+
+bool DeleteFromHistory(const char16_t* entry)
+{
+    for (const ListKind kind : {ListKind::History, ListKind::DirHistory}) {
+        const HistoryAccess access({kind, {}});
+        const char16_t* const start = access.Block().units;
+        if (start && entry >= start && entry < start + access.Block().capacity)
+            return DeleteHistoryLine(access.Block(), static_cast<std::size_t>(entry - start));
+    }
+    return false;
+}
+
+void NoteDirectoryChange(std::u16string_view left, std::u16string_view entered)
+{
+    const CString directory(aIniFile.DirHistoryOnEntry ? entered : left);
+    if (DirHistorySize() != 0)
+        AddHistoryLines({ListKind::DirHistory, {}}, std::span(&directory, 1));
+}
+
+bool HistoryExists(const HistoryList& list)
+{
+    return static_cast<bool>(list.scope ? QueryListBlock(list.kind, *list.scope) : BlockInUse(list.kind));
+}
+
+std::vector<CString> HistoryLines(const HistoryList& list)
+{
+    const HistoryAccess access(list);
+    return access ? AllHistoryLines(access.Block().View()) : std::vector<CString>();
+}
+
+void AddHistoryLines(const HistoryList& list, std::span<const CString> lines)
+{
+    Append(list, lines, EqualLinesOf(list.kind));
+}
+
+void ClearHistory(const HistoryList& list)
+{
+    const HistoryAccess access(list);
+    if (access)
+        ClearHistoryLines(access.Block());
+}
+
+void RemoveEqualLines(const HistoryList& list)
+{
+    const HistoryAccess access(list);
+    if (access)
+        RemoveEqualHistoryLines(access.Block());
+}
+
+bool ReadHistoryFile(const HistoryList& list, std::u16string_view name)
+{
+    TextLines file;
+    if (!file.Open(name, OtherWriters::Refused))
+        return false;
+    std::vector<CString> lines;
+    std::u16string_view line;
+    while (file.Next(line)) {
+        lines.emplace_back(line.substr(0, longestFileLine));
+        ThrowIfBroken();
+    }
+    AddHistoryLines(list, lines);
+    return true;
 }

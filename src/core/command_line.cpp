@@ -13,6 +13,7 @@
 #include "engine/console_entry.h"
 #include "engine/expansion_entry.h"
 #include "engine/inifile.h"
+#include "engine/logs.h"
 #include "engine/output.h"
 #include "engine/state.h"
 #include "platform/environment.h"
@@ -65,6 +66,7 @@ private:
     void DropFirstCommand();
     void SkipRestOfTextLine();
     bool FirstWordIs(std::u16string_view word) const;
+    CString CommandsByLine() const;
     CommandShape ShapeOf(std::u16string_view text) const;
     Separator FindEnd(std::size_t from) const;
     void CutPipe();
@@ -79,6 +81,7 @@ private:
     const BUILTIN* row = nullptr;
     unsigned rowFlags = command_flags::expand | command_flags::redirect;
     bool echoing = false;    // this line is to be echoed
+    bool logging = false;    // this line, or each of its commands, goes to the logs
     bool echoCommand = true; // the current command has no "@"
     int commandsRun = 0;
     int flags;
@@ -139,6 +142,7 @@ void CommandLine::NoteLine()
 {
     echoing = (flags & line_flags::echo) != 0 && QueryEcho();
     const bool fromOutside = (flags & (line_flags::typed | line_flags::echo)) != 0 || Tls().lineDepth == 1;
+    logging = fromOutside && (aIniFile.LogOn || aIniFile.LogAll);
     if (fromOutside && rest.front() != u'@')
         WriteEnvironment(u"CMDLINE2", rest);
 }
@@ -402,16 +406,29 @@ Step CommandLine::Expand()
 // Shown once per line, before its first command; without the compatibility switch command by command.
 Step CommandLine::EchoAndLog()
 {
-    if (!echoing)
+    if (!echoing && !logging)
         return Step::Go;
+    const bool shows = echoing && echoCommand;
     if (!syntax.duplicateBugs) {
-        if (echoCommand && !command.empty())
+        if (shows && !command.empty())
             PrintLine(command);
+        if (logging)
+            LogCommand(command);
         return Step::Go;
     }
+    const CString text = shows || logging ? CommandsByLine() : CString();
+    if (shows)
+        PrintLine(text);
+    if (logging)
+        LogCommand(text);
     echoing = false;
-    if (!echoCommand)
-        return Step::Go;
+    logging = false;
+    return Step::Go;
+}
+
+// What is left of the line, each command separator as a line end.
+CString CommandLine::CommandsByLine() const
+{
     const CString line = command + tail;
     CString shown;
     std::size_t from = 0;
@@ -425,8 +442,7 @@ Step CommandLine::EchoAndLog()
             shown.Append(u"\r\n");
         from = end.Behind();
     }
-    PrintLine(shown);
-    return Step::Go;
+    return shown;
 }
 
 Step CommandLine::Redirect()
@@ -556,8 +572,11 @@ int Command_S(CString line, int flags)
     const LineDepth depth;
     if (Tls().lineDepth > deepestLine)
         return MVError(errors::nestedTooDeep);
-    if ((flags & line_flags::typed) != 0)
+    if ((flags & line_flags::typed) != 0) {
+        if (!line.empty())
+            WriteLogLine(Log::TypedLines, line);
         Tls().typedLine = true;
+    }
     return CommandLine(std::move(line), flags).Run();
 }
 

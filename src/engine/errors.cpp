@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include "engine/inifile.h"
+#include "engine/logs.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -67,6 +68,7 @@ int MVError(unsigned code, std::u16string_view argument)
     if ((static_cast<unsigned>(aIniFile.Debug) & debugShowsSystemCodes) != 0)
         line = Format(u"ORV: %s", IsOwnCode(code) ? u"" : u"(Sys) ");
     line.Append(WithArgument(ErrorText(code), argument));
+    WriteLogLine(Log::Errors, line.view().substr(0, line.view().find_last_not_of(u"\r\n") + 1));
     if (line.back() != u'\n')
         line.Append(u"\r\n");
     PrintError(line);

@@ -1,6 +1,7 @@
 #include "engine/output.h"
 
 #include "engine/inifile.h"
+#include "engine/logs.h"
 #include "engine/state.h"
 #include "platform/standard_handles.h"
 #include "platform/text_output.h"
@@ -20,6 +21,8 @@ HandleKind KindOf(int number, HANDLE handle)
 
 bool Write(int number, std::u16string_view text)
 {
+    if (aIniFile.LogAll)
+        LogOutput(text);
     const HANDLE handle = StandardHandle(number);
     if (KindOf(number, handle) == HandleKind::Console)
         return WriteTextToConsole(handle, text);

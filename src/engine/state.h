@@ -162,6 +162,7 @@ struct TLS_VARIABLES {
     CString commandName;          // the internal command that runs
     bool aliasBypass = false;     // "*name": no alias, no library function
     bool typedLine = false;       // the line came from the prompt
+    bool lineNotSaved = false;    // the line typed next stays out of the history
     bool pipeChild = false;       // this shell is the right side of a pipe
     BlockState blocks;
     std::vector<LoopVariable> loopVariables; // innermost last
@@ -248,6 +249,7 @@ extern GlobalTexts aTexts;
 struct GlobalRooms {
     std::shared_ptr<struct VariableLists> lists; // expand/lists.cpp
     std::shared_ptr<class ArrayTable> arrays;    // expand/arrays.h
+    std::shared_ptr<struct LogFiles> logs;       // engine/logs.cpp
     std::shared_ptr<class OwnedHandle> nul;      // the device NUL, kept open for redirections
 };
 extern GlobalRooms aRooms;

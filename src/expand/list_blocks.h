@@ -18,6 +18,7 @@ struct VariableLists {
 
     Kind kinds[static_cast<int>(ListKind::Count)];
     NamedLock lock;
+    NamedLock historyLock;                  // for console/history.cpp, which makes it on first use
     std::atomic<int> environmentChanges{0}; // not announced yet
 };
 

@@ -6,7 +6,10 @@
 class TextLines {
 public:
     // False when the file cannot be opened; the reason is the thread's last error.
-    bool Open(std::u16string_view name) { return reader.Open(name); }
+    bool Open(std::u16string_view name, OtherWriters others = OtherWriters::Allowed)
+    {
+        return reader.Open(name, others);
+    }
 
     // The next line without its end (CR LF or LF); false at the end. Valid until the next call.
     bool Next(std::u16string_view& line);

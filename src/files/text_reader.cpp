@@ -29,10 +29,11 @@ CString Decode(std::string_view bytes, TextEncoding encoding)
 
 } // namespace
 
-bool TextReader::Open(std::u16string_view name)
+bool TextReader::Open(std::u16string_view name, OtherWriters others)
 {
-    file = OwnedHandle(CreateFileW(SystemPath(name).w(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                   nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    const DWORD sharing = FILE_SHARE_READ | (others == OtherWriters::Allowed ? FILE_SHARE_WRITE : 0);
+    file = OwnedHandle(CreateFileW(SystemPath(name).w(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING,
+                                   FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!file || !Fill())
         return false;
     encoding = RecogniseEncoding(block);

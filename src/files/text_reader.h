@@ -10,10 +10,13 @@
 #include "platform/handle.h"
 #include "text/encoding.h"
 
+// Whether other programs may write to the file while it is open here.
+enum class OtherWriters { Allowed, Refused };
+
 class TextReader {
 public:
-    // False when the file cannot be opened. Other programs may read and write it meanwhile.
-    bool Open(std::u16string_view name);
+    // False when the file cannot be opened. Other programs may read it meanwhile.
+    bool Open(std::u16string_view name, OtherWriters others = OtherWriters::Allowed);
 
     const RecognisedEncoding& Encoding() const noexcept { return encoding; }
 

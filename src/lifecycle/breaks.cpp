@@ -47,16 +47,16 @@ bool RunsForService()
     return ProcessIdToSessionId(GetCurrentProcessId(), &session) && session == 0;
 }
 
-void EndChildren(TLS_VARIABLES& tls)
+} // namespace
+
+void EndChildren()
 {
-    for (void*& process : tls.runningProcesses) {
+    for (void*& process : Tls().runningProcesses) {
         if (process && WaitForSingleObject(process, childTime) == WAIT_TIMEOUT)
             TerminateProcess(process, breakCode);
         process = nullptr;
     }
 }
-
-} // namespace
 
 void InstallBreakHandler()
 {
@@ -117,6 +117,6 @@ void BreakHandler(unsigned event)
 
 void BreakOut(int code)
 {
-    EndChildren(Tls());
+    EndChildren();
     throw Break{code};
 }

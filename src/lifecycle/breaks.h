@@ -5,6 +5,9 @@
 // From now on events are ours, and the calling thread takes breaks.
 void InstallBreakHandler();
 
+// Ends the children of the current command, with exit code 3, unless they end by themselves in half a second.
+void EndChildren();
+
 // Puts everything back as after InstallBreakHandler, whatever a command or a child has changed.
 void ResetBreakHandling();
 

@@ -18,6 +18,7 @@
 #include "engine/state.h"
 #include "expand/lists.h"
 #include "lifecycle/breaks.h"
+#include "lifecycle/history_files.h"
 #include "lifecycle/start_options.h"
 #include "platform/file_facts.h"
 #include "platform/module.h"
@@ -83,6 +84,7 @@ int StartEngine(std::u16string_view iniName)
     if (IsConsole(1))
         ConsoleANSI();
     InstallBreakHandler();
+    ReadHistoryFiles();
     return result::success;
 }
 
@@ -94,5 +96,7 @@ void StopEngine()
         aGlobals.exitFileRun = 1;
         RunStartupFiles(u"MVEXIT", {});
     }
+    WriteHistoryFiles();
     DeleteTemporaryDevices();
+    EndChildren();
 }

@@ -1,0 +1,127 @@
+#include "engine/logs.h"
+
+#include <windows.h>
+
+#include "engine/inifile.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "platform/clock.h"
+#include "platform/environment.h"
+#include "platform/file_facts.h"
+#include "platform/handle.h"
+#include "platform/text_output.h"
+#include "text/encoding.h"
+#include "text/format.h"
+#include "text/words.h"
+
+struct LogFile {
+    CString setting; // that `name` was made from
+    CString name;
+    OwnedHandle file;
+};
+
+struct LogFiles {
+    LogFile rows[static_cast<int>(Log::Count)];
+};
+
+namespace {
+
+struct LogSettings {
+    SettingChoice INIFILE::*on;
+    SettingText INIFILE::*name;
+    const char16_t* usualName;
+};
+
+// In the order of Log.
+constexpr LogSettings logSettings[] = {
+    {&INIFILE::LogOn, &INIFILE::LogName, u"MovaCommands.log"},
+    {&INIFILE::HistLogOn, &INIFILE::HistLogName, u"MovaHistory.log"},
+    {&INIFILE::LogErrors, &INIFILE::LogErrorsName, u"MovaErrors.log"},
+    {&INIFILE::LogAll, &INIFILE::LogAllName, u"MovaOutput.log"},
+};
+static_assert(std::size(logSettings) == static_cast<std::size_t>(Log::Count));
+
+const LogSettings& SettingsOf(Log log) { return logSettings[static_cast<int>(log)]; }
+
+CString UsualFolder()
+{
+    CString folder;
+    for (const char16_t* name : {u"LOCALAPPDATA", u"USERPROFILE", u"TEMP"})
+        if (ReadEnvironment(name, folder) && !folder.empty())
+            return folder;
+    return aTexts.startDirectory;
+}
+
+// A relative name is taken from the directory that is current when the log is first used.
+LogFile& FileOf(Log log)
+{
+    if (!aRooms.logs)
+        aRooms.logs = std::make_shared<LogFiles>();
+    LogFile& row = aRooms.logs->rows[static_cast<int>(log)];
+    const CString setting(aIniFile.*SettingsOf(log).name);
+    if (!row.name.empty() && row.setting == setting)
+        return row;
+    const CString named = WithoutQuotes(setting);
+    row.setting = setting;
+    row.file.Reset();
+    row.name =
+        named.empty() ? Format(u"%s\\%s", UsualFolder(), SettingsOf(log).usualName) : FullPathName(named);
+    return row;
+}
+
+// A handle that may only append writes behind what others have written since.
+bool Open(LogFile& row)
+{
+    row.file = OwnedHandle(CreateFileW(SystemPath(row.name).w(), FILE_APPEND_DATA,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                       OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return static_cast<bool>(row.file);
+}
+
+bool Append(Log log, std::u16string_view text)
+{
+    LogFile& row = FileOf(log);
+    const bool written = (row.file || Open(row)) && WriteBytes(row.file.Get(), ToUtf8(text));
+    const DWORD code = GetLastError();
+    // Opening costs more than writing, which tells where output comes in many small pieces. Elsewhere a log
+    // that is not held open can be moved or deleted at any time.
+    if (!written || log != Log::Everything)
+        row.file.Reset();
+    if (written)
+        return true;
+    aIniFile.*SettingsOf(log).on = 0;
+    MVError(code, row.name);
+    return false;
+}
+
+CString Stamped(std::u16string_view text)
+{
+    const ClockTime now = LocalTime();
+    return Format(u"[%04d-%02d-%02d %02d:%02d:%02d] %s\r\n", now.year, now.month, now.day, now.hour,
+                  now.minute, now.second, text);
+}
+
+} // namespace
+
+bool IsLogOn(Log log) { return aIniFile.*SettingsOf(log).on != 0; }
+
+CString LogFileName(Log log) { return FileOf(log).name; }
+
+bool OpenLog(Log log) { return Append(log, {}); }
+
+bool WriteLogLine(Log log, std::u16string_view text)
+{
+    if (!IsLogOn(log))
+        return true;
+    return Append(log, log == Log::TypedLines ? Format(u"%s\r\n", text) : Stamped(text));
+}
+
+void LogCommand(std::u16string_view command)
+{
+    WriteLogLine(Log::Commands, command);
+    WriteLogLine(Log::Everything, command);
+}
+
+void LogOutput(std::u16string_view text) { Append(Log::Everything, text); }
+
+void CloseLogs() { aRooms.logs.reset(); }

@@ -1,0 +1,117 @@
+#include "lifecycle/history_files.h"
+
+#include <windows.h>
+
+#include "console/history.h"
+#include "engine/command_entry.h"
+#include "engine/inifile.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "platform/file_facts.h"
+#include "platform/handle.h"
+#include "platform/standard_handles.h"
+#include "text/format.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+namespace {
+
+struct HistoryFile {
+    ListKind kind;
+    SettingText INIFILE::*name;
+    const char16_t* command; // that prints the list, whatever aliases there are
+};
+
+constexpr HistoryFile historyFiles[] = {
+    {ListKind::History, &INIFILE::HistFile, u"*history"},
+    {ListKind::DirHistory, &INIFILE::DirHistFile, u"*dirhistory"},
+};
+
+// A relative name is taken from the directory that the shell was started in: it may be in another by the time
+// it ends.
+CString NameOf(const HistoryFile& file)
+{
+    const CString name = WithoutQuotes(CString(aIniFile.*file.name));
+    if (name.empty() || IsDeviceName(name) || name[1] == u':' || name[0] == u'\\' || name[0] == u'/')
+        return name;
+    return FullPathName(Format(u"%s\\%s", aTexts.startDirectory, name));
+}
+
+// Text of any language survives, and redirection is not switched off, for as long as this lives.
+class PlainOutput {
+public:
+    PlainOutput() : utf8(aIniFile.UTF8Output), mask(aGlobals.expansionMask)
+    {
+        aIniFile.UTF8Output = 1;
+        aGlobals.expansionMask = 0;
+    }
+    PlainOutput(const PlainOutput&) = delete;
+    PlainOutput& operator=(const PlainOutput&) = delete;
+    ~PlainOutput()
+    {
+        aIniFile.UTF8Output = utf8;
+        aGlobals.expansionMask = mask;
+    }
+
+private:
+    SettingChoice utf8;
+    unsigned mask;
+};
+
+bool WriteTo(const HistoryFile& file, const CString& name)
+{
+    return Command_S(Format(u"%s >! \"%s\"", file.command, name), 0) == result::success;
+}
+
+bool MakeFile(const CString& name)
+{
+    return static_cast<bool>(OwnedHandle(CreateFileW(SystemPath(name).w(), GENERIC_WRITE, 0, nullptr,
+                                                     CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr)));
+}
+
+// Writes a new file and puts it in the place of the old one, where the folder and the old file allow that.
+void Write(const HistoryFile& file, const CString& name)
+{
+    const CString unfinished = Format(u"%s.%u", name, unsigned{GetCurrentProcessId()});
+    const auto facts = ReadFileAttributes(name);
+    const bool plain = !facts || (*facts & (FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_READONLY)) == 0;
+    if (!plain || IsDeviceName(name) || !MakeFile(unfinished)) {
+        WriteTo(file, name);
+        return;
+    }
+    if (WriteTo(file, unfinished)) {
+        if (MoveFileExW(SystemPath(unfinished).w(), SystemPath(name).w(), MOVEFILE_REPLACE_EXISTING))
+            return;
+        MVError(GetLastError(), name);
+    }
+    DeleteFileW(SystemPath(unfinished).w());
+}
+
+} // namespace
+
+void ReadHistoryFiles()
+{
+    if (Tls().pipeChild)
+        return;
+    for (const HistoryFile& file : historyFiles) {
+        const CString name = NameOf(file);
+        const HistoryList list{file.kind, {}};
+        if (name.empty() || IsDeviceName(name) || !HistoryLines(list).empty() || ReadHistoryFile(list, name))
+            continue;
+        const DWORD code = GetLastError();
+        if (code != ERROR_FILE_NOT_FOUND && code != ERROR_PATH_NOT_FOUND)
+            MVError(code, name);
+    }
+}
+
+void WriteHistoryFiles()
+{
+    if (Tls().pipeChild || KindOfHandle(StandardHandle(1)) == HandleKind::Pipe)
+        return;
+    const PlainOutput plain;
+    for (const HistoryFile& file : historyFiles) {
+        const CString name = NameOf(file);
+        if (!name.empty() && HistoryExists({file.kind, {}}))
+            Write(file, name);
+    }
+}

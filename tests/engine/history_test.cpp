@@ -1,0 +1,247 @@
+// The histories with the real system beneath: what is kept, one history of two processes, writers that die.
+#include "console/history.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+#include <string>
+
+#include <windows.h>
+
+#include "config/setting_values.h"
+#include "engine/break.h"
+#include "engine/console_entry.h"
+#include "engine/inifile.h"
+#include "engine/state.h"
+#include "expand/list_blocks.h"
+#include "platform/environment.h"
+#include "platform/process.h"
+#include "text/format.h"
+
+namespace {
+
+constexpr std::u16string_view childMark = u"MOVA_HISTORY_CHILD";
+
+void Use(ListScope scope)
+{
+    IniClear(&aIniFile);
+    aIniFile.LocalHistory = scope == ListScope::Local;
+    aIniFile.LocalDirHistory = scope == ListScope::Local;
+    InitializeLocalGlobalLists();
+    for (const ListKind kind : {ListKind::History, ListKind::DirHistory})
+        ClearHistory({kind, scope});
+}
+
+void Add(const char16_t* text, bool force = false)
+{
+    CString line(text);
+    AddToHistory(line, force);
+}
+
+// The lines, each followed by '|'.
+std::u16string Text(ListKind kind = ListKind::History)
+{
+    std::u16string all;
+    for (const CString& line : HistoryLines({kind, {}}))
+        all.append(line.view()).append(u"|");
+    return all;
+}
+
+class LocalHistory : public testing::Test {
+protected:
+    void SetUp() override { Use(ListScope::Local); }
+    void TearDown() override { RemoveEnvironment(u"HistoryExclude"); }
+};
+
+TEST_F(LocalHistory, KeepsWhatTheRulesAllow)
+{
+    aIniFile.HistMin = 5;
+    WriteEnvironment(u"HistoryExclude", u"secret*");
+    for (const char16_t* line : {u"four", u"fifth \t ", u"@fifth", u"*@fifth", u"secret thing", u"a secret"})
+        Add(line);
+    EXPECT_EQ(Text(), u"fifth|a secret|");
+    for (const char16_t* line : {u"four", u"@five", u"secret"})
+        Add(line, true);
+    EXPECT_EQ(Text(), u"fifth|a secret|four|@five|secret|");
+}
+
+TEST_F(LocalHistory, LeavesMarkedLinesOutOnce)
+{
+    Tls().lineNotSaved = true;
+    Add(u"first");
+    Add(u"second");
+    Tls().lineNotSaved = true;
+    Add(u"third", true);
+    Add(u"fourth");
+    EXPECT_EQ(Text(), u"second|third|fourth|");
+}
+
+TEST_F(LocalHistory, ForcedLinesIgnoreEqualOnes)
+{
+    aIniFile.HistDups = choice::histDups::first;
+    Add(u"dir");
+    Add(u"DIR");
+    EXPECT_EQ(Text(), u"dir|");
+    Add(u"DIR", true);
+    EXPECT_EQ(Text(), u"dir|DIR|");
+}
+
+TEST_F(LocalHistory, IsWalkedBothWays)
+{
+    EXPECT_EQ(PreviousHistoryEntry(nullptr, false), nullptr);
+    Add(u"one");
+    Add(u"two");
+    AddHistoryLines({ListKind::DirHistory, {}}, std::vector<CString>{u"C:\\a", u"C:\\b"});
+    const char16_t* const two = PreviousHistoryEntry(nullptr, false);
+    const char16_t* const one = PreviousHistoryEntry(two, false);
+    EXPECT_STREQ(reinterpret_cast<const wchar_t*>(two), L"two");
+    EXPECT_STREQ(reinterpret_cast<const wchar_t*>(one), L"one");
+    EXPECT_EQ(one, HistoryStart());
+    EXPECT_EQ(PreviousHistoryEntry(one, false), two);
+    EXPECT_EQ(NextHistoryEntry(two, false), one);
+    aIniFile.HistWrap = 0;
+    EXPECT_EQ(PreviousHistoryEntry(one, false), one);
+    EXPECT_EQ(NextHistoryEntry(two, false), two);
+    aIniFile.HistWrap = 1; // counts for the command history alone
+    EXPECT_EQ(PreviousHistoryEntry(DirHistoryStart(), true), DirHistoryStart());
+    const char16_t own[] = u"x\0yy\0";
+    EXPECT_EQ(PreviousHistoryEntry(nullptr, false, own), own + 2);
+    EXPECT_EQ(NextHistoryEntry(own, false, own), own + 2);
+}
+
+TEST_F(LocalHistory, EntriesAreDeleted)
+{
+    Add(u"one");
+    Add(u"two");
+    AddHistoryLines({ListKind::DirHistory, {}}, std::vector<CString>{u"C:\\a"});
+    EXPECT_FALSE(DeleteFromHistory(HistoryStart() + 1));
+    EXPECT_TRUE(DeleteFromHistory(HistoryStart()));
+    EXPECT_TRUE(DeleteFromHistory(DirHistoryStart()));
+    EXPECT_FALSE(DeleteFromHistory(u"elsewhere"));
+    EXPECT_EQ(Text(), u"two|");
+    EXPECT_EQ(Text(ListKind::DirHistory), u"");
+}
+
+TEST_F(LocalHistory, DirectoriesStandInItOnce)
+{
+    NoteDirectoryChange(u"C:\\a", u"C:\\b");
+    NoteDirectoryChange(u"C:\\b", u"C:\\A");
+    NoteDirectoryChange(u"C:\\A", u"C:\\c");
+    EXPECT_EQ(Text(ListKind::DirHistory), u"C:\\b|C:\\A|");
+    aIniFile.DirHistoryOnEntry = 1;
+    NoteDirectoryChange(u"C:\\c", u"C:\\d");
+    EXPECT_EQ(Text(ListKind::DirHistory), u"C:\\b|C:\\A|C:\\d|");
+}
+
+TEST_F(LocalHistory, SignalsAreHeldNoLongerThanBefore)
+{
+    Add(u"one");
+    EXPECT_FALSE(Tls().signalsHeld);
+    HoldSignals();
+    Add(u"two");
+    EXPECT_TRUE(Tls().signalsHeld);
+    EnableSignals();
+}
+
+// Raised by one side, awaited by the other.
+class Signal {
+public:
+    explicit Signal(const CString& name) : event(CreateEventW(nullptr, TRUE, FALSE, name.w())) {}
+    void Raise() { SetEvent(event.Get()); }
+    bool Await() { return WaitForSingleObject(event.Get(), 20000) == WAIT_OBJECT_0; }
+
+private:
+    OwnedHandle event;
+};
+
+class SharedHistory : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (IsChild()) {
+            IniClear(&aIniFile);
+            InitializeLocalGlobalLists();
+        } else {
+            Use(ListScope::Global);
+        }
+        CString serial;
+        if (!ReadEnvironment(childMark, serial))
+            serial = Format(u"%u", unsigned{GetCurrentProcessId()});
+        ready = std::make_unique<Signal>(CString(u"MovaHistoryReady") + serial);
+    }
+
+    static bool IsChild() { return IsInEnvironment(childMark); }
+
+    // The same test in a second process; it finds IsChild() true.
+    static ChildProcess StartChild()
+    {
+        WriteEnvironment(childMark, Format(u"%u", unsigned{GetCurrentProcessId()}));
+        CString program;
+        program.SetLength(
+            GetModuleFileNameW(nullptr, reinterpret_cast<wchar_t*>(program.Edit(32768)), 32768));
+        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+        const std::string name = std::string(test->test_suite_name()) + "." + test->name();
+        ProcessStart start;
+        start.program = program;
+        start.commandLine = Format(u"\"%s\" --gtest_filter=%s", program,
+                                   std::u16string_view(std::u16string(name.begin(), name.end())));
+        ChildProcess child;
+        EXPECT_EQ(child.Start(start), 0u);
+        RemoveEnvironment(childMark);
+        return child;
+    }
+
+    std::unique_ptr<Signal> ready;
+};
+
+TEST_F(SharedHistory, TwoProcessesLoseNothing)
+{
+    constexpr int rounds = 150;
+    const char16_t side = IsChild() ? u'c' : u'p';
+    ChildProcess child = IsChild() ? ChildProcess() : StartChild();
+    for (int i = 0; i < rounds; ++i)
+        Add(Format(u"%c line %d", side, i).c_str());
+    if (IsChild())
+        return;
+    ASSERT_TRUE(child.Wait([] {}));
+    std::set<std::u16string> seen;
+    int last[2] = {-1, -1}; // each side's lines stand in their order
+    for (const CString& line : HistoryLines({})) {
+        seen.insert(std::u16string(line.view()));
+        int& before = last[line[0] == u'c' ? 1 : 0];
+        const int number = std::stoi(std::string(line.view().begin() + 7, line.view().end()));
+        EXPECT_EQ(number, before + 1);
+        before = number;
+    }
+    EXPECT_EQ(seen.size(), 2u * rounds);
+}
+
+TEST_F(SharedHistory, OutlivesAWriterThatDiesWithTheLock)
+{
+    if (IsChild()) {
+        HistoryLines({}); // makes the lock
+        const NamedLock::Guard guard = Lists().historyLock.Take();
+        const ListBlock block = QueryListBlock(ListKind::History, ListScope::Global);
+        const std::size_t end = EndOfList(block.View());
+        ListChange change(block, end, end, 0, std::u16string_view(u"torn\0", 5));
+        change.Step();
+        change.Step();
+        std::fill_n(block.units + end, 5, u'x'); // the line without its end
+        ready->Raise();
+        Sleep(20000);
+        return;
+    }
+    Add(u"one");
+    ChildProcess child = StartChild();
+    ASSERT_TRUE(ready->Await());
+    ASSERT_TRUE(child.Terminate(1));
+    ASSERT_TRUE(child.Wait([] {}));
+    const ULONGLONG start = GetTickCount64();
+    Add(u"two");
+    // A second is the aim; the rest is for a machine that is busy with other tests.
+    EXPECT_LT(GetTickCount64() - start, 5000u);
+    EXPECT_EQ(Text(), u"one|two|");
+}
+
+} // namespace
