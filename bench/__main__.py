@@ -3,8 +3,9 @@
     python3 bench [-n ROUNDS] [NAME...]
 
 Each round runs every contestant once, in turn, so that whatever slows the machine slows all of them; medians
-are compared. Where a job's own cost is wanted, the contestant's median start-up is subtracted. Nothing here
-fails: the figures are for reading. Build first (./run /C ver), with nothing else running.
+are compared; the last column is the speed in relation to the command prompt's. Where a job's own cost is wanted, the
+contestant's median start-up in the same rounds is subtracted. Nothing here fails: the figures are for reading, and
+worth something only when nothing else runs.
 """
 import argparse
 import os
@@ -71,6 +72,7 @@ BENCHES = {"start_up": start_up, "echo_line": echo_line, "batch_lines": batch_li
 
 
 def measure(machine, jobs, folder, rounds):
+    """The median seconds of each job, every round running each of them once."""
     times = {name: [] for name in jobs}
     for name, arguments in jobs.items():
         machine.seconds(arguments, folder)  # warms the caches
@@ -80,18 +82,22 @@ def measure(machine, jobs, folder, rounds):
     return {name: statistics.median(values) for name, values in times.items()}
 
 
-def report(title, medians, count, base):
+def net_seconds(machine, jobs, count, folder, rounds):
+    """The jobs' own cost: where they repeat something, the start-up measured in the same rounds is taken away."""
+    if not count:
+        return measure(machine, jobs, folder, rounds)
+    starts = {f"start of {name}": arguments for name, arguments in start_up(folder)[0].items() if name in jobs}
+    medians = measure(machine, jobs | starts, folder, rounds)
+    return {name: medians[name] - medians[f"start of {name}"] for name in jobs}
+
+
+def report(title, seconds, count):
     print(f"\n{title}")
-    reference = None
-    for name, seconds in medians.items():
-        net = seconds - (base.get(name, 0) if count else 0)
-        per = f"  {net / count * 1e6:9.1f} us each" if count else ""
-        reference = net if name == "command prompt" else reference
-        print(f"  {name:16} {net * 1e3:9.1f} ms{per}")
-    if reference:
-        for name, seconds in medians.items():
-            net = seconds - (base.get(name, 0) if count else 0)
-            print(f"  {name:16} {reference / net if net > 0 else float('inf'):9.2f} x the command prompt's speed")
+    reference = seconds["command prompt"]
+    for name, value in seconds.items():
+        each = f"{value / count * 1e6:9.1f} us each" if count else ""
+        ratio = f"{reference / value:9.2f} x" if value > 0 else "   in the noise"
+        print(f"  {name:16} {value * 1e3:9.1f} ms {each:>17} {ratio}")
 
 
 def main():
@@ -103,11 +109,9 @@ def main():
     machine = Machine()
     folder = Path(tempfile.mkdtemp(prefix="movacore-bench-"))
     try:
-        base = measure(machine, start_up(folder)[0], folder, options.n)
         for name in options.names or BENCHES:
             jobs, count = BENCHES[name](folder)
-            medians = base if name == "start_up" else measure(machine, jobs, folder, options.n)
-            report(BENCHES[name].__doc__, medians, count, base)
+            report(BENCHES[name].__doc__, net_seconds(machine, jobs, count, folder, options.n), count)
     finally:
         shutil.rmtree(folder)
 
