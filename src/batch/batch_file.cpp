@@ -134,6 +134,7 @@ void CloseBatchFile()
     frame->file = batchFileClosed;
     frame->readAhead.clear();
     frame->readAheadOffset = -1;
+    frame->readAheadEnds = false;
 }
 
 int LoadBatchIntoMemory()

@@ -52,6 +52,7 @@ void HandOverFile(BATCH_FRAME& from, BATCH_FRAME& to)
         to.file = std::exchange(from.file, batchFileClosed);
         to.readAhead = std::move(from.readAhead);
         to.readAheadOffset = std::exchange(from.readAheadOffset, -1);
+        to.readAheadEnds = from.readAheadEnds;
     }
 }
 

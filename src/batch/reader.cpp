@@ -16,6 +16,7 @@
 namespace {
 
 constexpr std::size_t blockBytes = 65536;
+constexpr std::size_t keptBytes = 4 * blockBytes; // of what was read already, for jumps back
 constexpr std::size_t longestLineEnd = 3;
 
 HANDLE OsHandle(std::intptr_t file) { return reinterpret_cast<HANDLE>(file); }
@@ -49,12 +50,21 @@ bool ReadAhead(BATCH_FRAME& frame)
 {
     std::vector<char>& held = frame.readAhead;
     const std::size_t left = AtHand(frame).size();
-    held.erase(held.begin(), held.end() - static_cast<std::ptrdiff_t>(left));
-    frame.readAheadOffset = frame.readOffset;
-    held.resize(left + blockBytes);
-    const std::size_t got = ReadAt(OsHandle(frame.file), frame.readOffset + static_cast<std::int64_t>(left),
-                                   held.data() + left, blockBytes);
-    held.resize(left + got);
+    const std::int64_t end = frame.readAheadOffset + static_cast<std::int64_t>(held.size());
+    const bool adjacent = frame.readAheadOffset >= 0 && (left > 0 || frame.readOffset == end);
+    if (adjacent && frame.readAheadEnds)
+        return false;
+    if (!adjacent || held.size() > keptBytes) {
+        held.erase(held.begin(), held.end() - static_cast<std::ptrdiff_t>(left));
+        frame.readAheadOffset = frame.readOffset;
+    }
+    const std::size_t old = held.size();
+    held.resize(old + blockBytes);
+    const std::size_t got =
+        ReadAt(OsHandle(frame.file), frame.readAheadOffset + static_cast<std::int64_t>(old),
+               held.data() + old, blockBytes);
+    held.resize(old + got);
+    frame.readAheadEnds = got < blockBytes;
     return got > 0;
 }
 
@@ -229,6 +239,7 @@ std::string_view FirstBlock(BATCH_FRAME& frame)
 {
     const std::int64_t place = std::exchange(frame.readOffset, 0);
     frame.readAheadOffset = -1;
+    frame.readAhead.clear();
     ReadAhead(frame);
     frame.readOffset = place;
     return {frame.readAhead.data(), frame.readAhead.size()};

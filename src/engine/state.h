@@ -85,6 +85,7 @@ struct BATCH_FRAME {
     CString deferred;                                       // commands parted by line feeds
     std::vector<char> readAhead;                            // block of the file from readAheadOffset on
     std::int64_t readAheadOffset = -1;
+    bool readAheadEnds = false; // the file ends with the block
 
     BATCH_FRAME();
     BATCH_FRAME(BATCH_FRAME&&) noexcept;
