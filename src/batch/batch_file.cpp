@@ -107,6 +107,17 @@ void AppendCtrlZ(const BATCH_FRAME& frame, std::vector<char>& bytes)
 
 } // namespace
 
+void CloseFrameFile(BATCH_FRAME& frame)
+{
+    if (frame.file == batchFileClosed || frame.file == batchFileInMemory)
+        return;
+    OwnedHandle(OsHandle(frame.file)).Reset();
+    frame.file = batchFileClosed;
+    frame.readAhead.clear();
+    frame.readAheadOffset = -1;
+    frame.readAheadEnds = false;
+}
+
 bool OpenBatchFile()
 {
     BATCH_FRAME* frame = Tls().Frame();
@@ -125,16 +136,12 @@ bool OpenBatchFile()
     return true;
 }
 
+// The files of the callers too: whoever is about to write, or to run a program that may, can mean any of
+// them.
 void CloseBatchFile()
 {
-    BATCH_FRAME* frame = Tls().Frame();
-    if (!frame || frame->file == batchFileClosed || frame->file == batchFileInMemory)
-        return;
-    OwnedHandle(OsHandle(frame->file)).Reset();
-    frame->file = batchFileClosed;
-    frame->readAhead.clear();
-    frame->readAheadOffset = -1;
-    frame->readAheadEnds = false;
+    for (BATCH_FRAME& frame : Tls().frames)
+        CloseFrameFile(frame);
 }
 
 int LoadBatchIntoMemory()
@@ -147,7 +154,7 @@ int LoadBatchIntoMemory()
     auto bytes = std::make_shared<std::vector<char>>();
     const bool read = ReadWhole(OsHandle(frame.file), *bytes);
     const unsigned code = read ? UnpackInPlace(frame, *bytes) : GetLastError();
-    CloseBatchFile();
+    CloseFrameFile(frame);
     if (code != 0)
         return MVError(code, frame.fileName);
     AppendCtrlZ(frame, *bytes);

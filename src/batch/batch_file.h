@@ -2,6 +2,11 @@
 // whole file into memory (.BTM files, LOADBTM, subroutines in packed files).
 #pragma once
 
+struct BATCH_FRAME;
+
+// Closes this frame's file alone; CloseBatchFile closes those of all frames.
+void CloseFrameFile(BATCH_FRAME& frame);
+
 // Moves the current frame's text into memory and closes the file; packed texts are unpacked on the way. The
 // next line stays the same. 0, or result::error after reporting.
 int LoadBatchIntoMemory();

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include "batch/batch_file.h"
 #include "batch/local_environment.h"
 #include "engine/batch_entry.h"
 #include "engine/command_entry.h"
@@ -22,7 +23,7 @@ void RunDeferredCommands(TLS_VARIABLES& tls)
     const CString commands = std::exchange(frame.deferred, CString());
     if (commands.empty())
         return;
-    CloseBatchFile();
+    CloseFrameFile(frame);
     frame.memoryText.reset();
     frame.file = batchFileClosed;
     frame.flags |= frame_flags::noFile | frame_flags::callsAlways;
@@ -73,7 +74,7 @@ int ExitBatchFile()
     RestoreSavedVariables(*tls.Frame());
     EndAllLocalEnvironments(tls.Frame()->localEnvironments);
     RestoreErrorMode(*tls.Frame());
-    CloseBatchFile();
+    CloseFrameFile(*tls.Frame());
     tls.frames.pop_back();
     --tls.batchIndex;
     UpdateTitleAndIcon({});

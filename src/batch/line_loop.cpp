@@ -120,7 +120,7 @@ int BatchLineLoop()
             continue;
         goesOn = false;
     }
-    CloseBatchFile();
+    // The file stays open: a subroutine goes on in it, and the end of the frame closes it.
     return goesOn ? result::success : answer;
 }
 

@@ -144,8 +144,6 @@ int RedirectionRecord::OpenOutput(const RedirectionRequest& request)
             Install(2, nul, HandleKind::Device);
         return result::success;
     }
-    // While the batch file is open nobody may write to it, and it may be the target.
-    CloseBatchFile();
     const bool append = request.kind == RedirectionKind::Append;
     CString path(request.name);
     auto device = PseudoDevice::Find(request.name);
@@ -157,8 +155,16 @@ int RedirectionRecord::OpenOutput(const RedirectionRequest& request)
     const DWORD disposition = device      ? OPEN_ALWAYS
                               : plainFile ? OutputDisposition(append, request.overrideNoClobber)
                                           : OPEN_EXISTING;
-    OwnedHandle file(CreateFileW(path.w(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inheritable,
-                                 disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+    auto open = [&] {
+        return OwnedHandle(CreateFileW(path.w(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                       &inheritable, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+    };
+    OwnedHandle file = open();
+    if (!file && GetLastError() == ERROR_SHARING_VIOLATION) {
+        // The target may be a batch file that runs: while it is open nobody may write to it.
+        CloseBatchFile();
+        file = open();
+    }
     if (!file)
         return ReportOpen(request.name);
     if (append)
