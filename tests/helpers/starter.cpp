@@ -210,24 +210,37 @@ std::string WaitForEnd(HANDLE process, HANDLE job, DWORD limit)
     return answer;
 }
 
-std::string Run(Request& request)
+// A crowded machine now and then refuses a start that works a moment later; nothing has run by then.
+bool StartSuspended(Request& request, const Streams& streams, PROCESS_INFORMATION& started)
 {
-    Streams streams = OpenStreams(request);
-    if (!streams)
-        return Failure("redirecting");
-    const Handle job = MakeJob();
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdInput = streams.in.Get();
     startup.hStdOutput = streams.out.Get();
     startup.hStdError = streams.err.Get();
-    PROCESS_INFORMATION started{};
-    std::wstring command = request.Value("command");
     const DWORD console = request.Value("console").empty() ? 0UL : CREATE_NO_WINDOW;
-    if (!CreateProcessW(request.Value("program").c_str(), command.data(), nullptr, nullptr, TRUE,
-                        CREATE_SUSPENDED | CREATE_UNICODE_ENVIRONMENT | console, request.environment.data(),
-                        request.Value("cwd").c_str(), &startup, &started))
+    for (int tries = 0; tries < 3; ++tries) {
+        std::wstring command = request.Value("command");
+        if (CreateProcessW(request.Value("program").c_str(), command.data(), nullptr, nullptr, TRUE,
+                           CREATE_SUSPENDED | CREATE_UNICODE_ENVIRONMENT | console,
+                           request.environment.data(), request.Value("cwd").c_str(), &startup, &started))
+            return true;
+        const DWORD error = GetLastError();
+        Sleep(200);
+        SetLastError(error);
+    }
+    return false;
+}
+
+std::string Run(Request& request)
+{
+    Streams streams = OpenStreams(request);
+    if (!streams)
+        return Failure("redirecting");
+    const Handle job = MakeJob();
+    PROCESS_INFORMATION started{};
+    if (!StartSuspended(request, streams, started))
         return Failure("starting");
     const Handle process(started.hProcess);
     const Handle thread(started.hThread);
