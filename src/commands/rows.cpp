@@ -16,6 +16,7 @@
 #include "commands/date_time.h"
 #include "commands/delay.h"
 #include "commands/detach.h"
+#include "commands/dir.h"
 #include "commands/directory.h"
 #include "commands/do.h"
 #include "commands/echo.h"
@@ -97,7 +98,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"DETACH", Detach_Command, 0x524, 1, u"", &detachHelp},
     {u"DIFFER", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
-    {u"DIR", Unbuilt_Command, 0x286307, 1, u"", &unbuiltHelp},
+    {u"DIR", Dir_Command, 0x286307, 1, u"", &dirHelp},
     {u"DIRENV", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"DIRHISTORY", Dirhistory_Command, 0x2007, 1, u"[/a] dirs [/r] * [1*] dirs", &dirhistoryHelp},
     {u"DIRS", Dirs_Command, 0x2107, 1, u"", &dirsHelp},

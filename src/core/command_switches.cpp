@@ -22,6 +22,18 @@ bool TakeSwitchText(CString& arguments, std::u16string_view name, CString& value
     return GetStringSwitch(arguments, name, value, CurrentSyntax());
 }
 
+bool TakeSwitchLetters(CString& arguments, std::u16string_view name, CString& value)
+{
+    if (!TakeSwitchText(arguments, name, value))
+        return false;
+    const std::size_t next = value.Find(CurrentSyntax().switchChar);
+    if (next != CString::npos) {
+        arguments.Insert(0, value.Substr(next) + u" ");
+        value.Truncate(next);
+    }
+    return true;
+}
+
 int UsageError()
 {
     const BUILTIN* row = nullptr;

@@ -13,6 +13,8 @@ int ReadSwitches(CString& arguments, std::u16string_view letters, std::uint64_t&
 // The readers of text/switches.h under the syntax in force.
 bool TakeSwitchWord(CString& arguments, std::u16string_view name);
 bool TakeSwitchText(CString& arguments, std::u16string_view name, CString& value);
+// As TakeSwitchText, for switches whose text holds no switch character: "/ad/b" is two switches.
+bool TakeSwitchLetters(CString& arguments, std::u16string_view name, CString& value);
 
 // Reports the usage of the command that runs and answers result::error.
 int UsageError();

@@ -110,4 +110,17 @@ constexpr unsigned whichExtension = 3556;
 constexpr unsigned whichAssociated = 3557;
 constexpr unsigned whichFile = 3558;
 constexpr unsigned whichUnknown = 3559;
+constexpr unsigned volumeLabel = 3600;
+constexpr unsigned volumeWithoutLabel = 3601;
+constexpr unsigned volumeSerial = 3602;
+constexpr unsigned directoryOf = 3603;
+constexpr unsigned fileCount = 3604;
+constexpr unsigned directoryCount = 3605;
+constexpr unsigned byteCount = 3606;
+constexpr unsigned bytesFree = 3607;
+constexpr unsigned totalListed = 3608;
+constexpr unsigned directoryMark = 3609;
+constexpr unsigned junctionMark = 3610;
+constexpr unsigned directoryLinkMark = 3611;
+constexpr unsigned fileLinkMark = 3612;
 } // namespace message

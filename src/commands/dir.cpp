@@ -1,0 +1,102 @@
+#include "commands/dir.h"
+
+#include <windows.h>
+
+#include "commands/dir_listing.h"
+#include "core/command_switches.h"
+#include "engine/output.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "platform/environment.h"
+#include "text/words.h"
+
+const CommandHelp dirHelp = {
+    u"Lists directories and the files in them.",
+    u"DIR [range ...] [/A[:]attributes] [/B] [/D] [/F] [/H] [/K] [/L] [/M] [/N] [/O[:]order] [/P] [/Q] [/R] "
+    u"[/S[levels]] [/T[:]time] [/W] [/X] [/-C] [name ...]",
+    u"/A  files with attributes: R read-only, H hidden, S system, D directory, A archive, L link, C "
+    u"compressed, "
+    u"E encrypted, O offline, T temporary, I not indexed; \"-\" in front for files without it, \"+\" for "
+    u"files "
+    u"with one of these; /A alone takes all files\n"
+    u"/B  names alone, with their directories when /S is given\n"
+    u"/-C  no separators between thousands (/C: with them, the default)\n"
+    u"/D  names in columns, sorted down\n"
+    u"/F  full names alone\n"
+    u"/H  leave out \".\" and \"..\"\n"
+    u"/K  no header\n"
+    u"/L  names in lower case\n"
+    u"/M  no totals\n"
+    u"/N  a line for each file (the default)\n"
+    u"/O  sort by: N name, E extension, S size, D date and time, T time of day, G directories first; \"-\" "
+    u"in "
+    u"front reverses; /O alone is GN\n"
+    u"/P  wait for a key after each screen\n"
+    u"/Q  owners\n"
+    u"/R  named streams\n"
+    u"/S  directories below as well; with a number, so many levels of them\n"
+    u"/T  which time is shown and sorted by: C creation, A last access, W last write\n"
+    u"/W  names in columns, sorted across\n"
+    u"/X  short names\n"
+    u"/4  years have four digits, as always\n"
+    u"Names may hold wildcards and sets of characters ([a-f]), be parted by \";\", be regular expressions "
+    u"(::expression), or come from a file, one per line (@file). Ranges pick files by date (/[d-3]), time "
+    u"(/[t8:00,12:00]), size (/[s10K,1M]), owner (/[oname]) and description (/I\"text\"), and leave out "
+    u"names "
+    u"(/[!*.bak *.tmp]). Hidden and system files are shown only with /A. The variable DIRCMD holds switches "
+    u"that DIR starts with; a \"-\" behind the slash takes one back.",
+    u"dir\n"
+    u"dir /s /b *.c;*.h\n"
+    u"dir /a:-d /o:-s \\temp\n"
+    u"dir /[d-7] /[s1M] *.log",
+};
+
+namespace {
+
+constexpr int outputRefused = -1;
+
+int ListArgument(const CString& name, DirOptions& options, DirListing& listing)
+{
+    FILESEARCH search;
+    search.attributes = options.attributes;
+    search.ranges = options.ranges;
+    search.deepest = options.deepest;
+    search.intoDirectories = true;
+    search.dots = options.dots && options.layout != DirLayout::Bare;
+    search.shortNames = options.shortNames;
+    SearchedDirectory directory;
+    for (StartSearch(search, name); NextDirectory(search, directory);)
+        if (!listing.Add(directory))
+            return outputRefused;
+    const bool found = listing.FoundAny();
+    if (!listing.EndArgument())
+        return outputRefused;
+    if (search.error != 0)
+        return MVError(search.error, search.failed);
+    return found ? result::success : MVError(ERROR_FILE_NOT_FOUND, name);
+}
+
+} // namespace
+
+int Dir_Command(CString& arguments)
+{
+    CString preset;
+    if (ReadEnvironment(u"DIRCMD", preset))
+        arguments.Insert(0, preset + u" ");
+    DirOptions options;
+    if (const int code = ReadDirOptions(arguments, options))
+        return code;
+    std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
+    if (names.empty())
+        names.push_back(u"*");
+    DirListing listing(options);
+    int code = result::success;
+    for (const CString& name : names) {
+        const int one = ListArgument(name, options, listing);
+        if (one == outputRefused)
+            return MVError(0);
+        if (one != result::success)
+            code = one;
+    }
+    return code;
+}

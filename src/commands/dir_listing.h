@@ -1,0 +1,70 @@
+// The lines that DIR writes: a listing of some directories, its headers, entries and totals.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "commands/dir_options.h"
+#include "commands/pager.h"
+#include "files/description_list.h"
+#include "files/directory_source.h"
+#include "files/file_search.h"
+#include "platform/national.h"
+
+class DirListing {
+public:
+    explicit DirListing(const DirOptions& what);
+
+    // The entries of one directory, put in order here. Directories in which nothing was found stay away.
+    // False when the output refused, the reason in the last error.
+    bool Add(SearchedDirectory& directory);
+    // After all directories of one argument. `found` tells whether there was any entry.
+    bool EndArgument();
+
+    bool FoundAny() const { return argumentCounts.files + argumentCounts.directories > 0; }
+
+private:
+    struct Counts {
+        std::uint64_t files = 0;
+        std::uint64_t directories = 0; // "." and ".." included
+        std::uint64_t bytes = 0;
+        std::uint64_t sections = 0; // directories shown
+    };
+
+    void Sort(std::vector<FoundFile>& files);
+    void Count(const std::vector<FoundFile>& files);
+    void WriteVolume(std::u16string_view directory);
+    void WriteDirectoryHeader(std::u16string_view directory);
+    void WriteBare(const SearchedDirectory& directory);
+    void WriteLong(const SearchedDirectory& directory);
+    void WriteColumns(const SearchedDirectory& directory);
+    void WriteStreams(std::u16string_view path, const CString& size);
+    void WriteCounts(const Counts& counts);
+    CString LongLine(const SearchedDirectory& directory, const FoundFile& file);
+    CString KindText(const EntryFacts& facts) const;
+    CString TimeText(std::uint64_t fileTime);
+    CString Number(std::uint64_t number) const;
+    CString ShownName(const FoundFile& file) const;
+    void Line(std::u16string_view text);
+    void Flush();
+
+    const DirOptions& options;
+    NationalSettings country;
+    Pager pager;
+    SystemDirectories questions;
+    SystemRangeClock clock;
+    DescriptionList descriptions; // of the directory that is written
+    CString waiting;              // lines that are not written yet
+    bool refused = false;
+    CString volume;        // whose header was written last
+    CString lastDirectory; // shown for the present argument
+    Counts counts;         // of the present directory
+    Counts argumentCounts;
+    struct Texts {
+        CString directory;
+        CString junction;
+        CString directoryLink;
+        CString fileLink;
+    } texts;
+};
