@@ -5,11 +5,10 @@
 #include "engine/inifile.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "platform/append_file.h"
 #include "platform/clock.h"
 #include "platform/environment.h"
 #include "platform/file_facts.h"
-#include "platform/handle.h"
-#include "platform/text_output.h"
 #include "text/encoding.h"
 #include "text/format.h"
 #include "text/words.h"
@@ -17,7 +16,7 @@
 struct LogFile {
     CString setting; // that `name` was made from
     CString name;
-    OwnedHandle file;
+    AppendFile file;
 };
 
 struct LogFiles {
@@ -63,30 +62,21 @@ LogFile& FileOf(Log log)
         return row;
     const CString named = WithoutQuotes(setting);
     row.setting = setting;
-    row.file.Reset();
+    row.file.Close();
     row.name =
         named.empty() ? Format(u"%s\\%s", UsualFolder(), SettingsOf(log).usualName) : FullPathName(named);
     return row;
 }
 
-// A handle that may only append writes behind what others have written since.
-bool Open(LogFile& row)
-{
-    row.file = OwnedHandle(CreateFileW(SystemPath(row.name).w(), FILE_APPEND_DATA,
-                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                       OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    return static_cast<bool>(row.file);
-}
-
 bool Append(Log log, std::u16string_view text)
 {
     LogFile& row = FileOf(log);
-    const bool written = (row.file || Open(row)) && WriteBytes(row.file.Get(), ToUtf8(text));
+    const bool written = (row.file.IsOpen() || row.file.Open(row.name)) && row.file.Append(ToUtf8(text));
     const DWORD code = GetLastError();
     // Opening costs more than writing, which tells where output comes in many small pieces. Elsewhere a log
     // that is not held open can be moved or deleted at any time.
     if (!written || log != Log::Everything)
-        row.file.Reset();
+        row.file.Close();
     if (written)
         return true;
     aIniFile.*SettingsOf(log).on = 0;

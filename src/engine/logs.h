@@ -1,6 +1,5 @@
 // The logs that the settings switch on: commands as they run, lines as they were typed, errors, and
-// everything that the shell writes. Several shells may write to one file: each record is one write behind
-// whatever the file holds then. Logs are in UTF-8.
+// everything that the shell writes. Several shells may write to one file. Logs are in UTF-8.
 //
 // A log whose file cannot be opened or written is reported once and switched off.
 #pragma once
