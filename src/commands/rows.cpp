@@ -39,6 +39,7 @@
 #include "commands/set.h"
 #include "commands/set_array.h"
 #include "commands/setdos.h"
+#include "commands/shralias.h"
 #include "commands/start.h"
 #include "commands/switch.h"
 #include "commands/text_block.h"
@@ -253,7 +254,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SETP", Unbuilt_Command, 0x2007, 1, u"[1] variables [2*] *", &unbuiltHelp},
     {u"SHIFT", Shift_Command, 0x602047, 1, u"", &shiftHelp},
     {u"SHORTCUT", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
-    {u"SHRALIAS", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"SHRALIAS", Shralias_Command, 0x2007, 1, u"", &shraliasHelp},
     {u"SMPP", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"SNMP", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"SNPP", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},

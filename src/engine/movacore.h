@@ -9,7 +9,7 @@
 
 // How the host was started.
 struct START_OPTIONS {
-    enum Mode { Interactive, RunAndExit, RunAndStay };
+    enum Mode { Interactive, RunAndExit, RunAndStay, KeepLists };
     int mode;                 // Mode
     const char16_t* commands; // what /C, /K or the bare command line asks to run, or null
     const char16_t* iniFile;  // named with "@", or null
@@ -18,6 +18,10 @@ struct START_OPTIONS {
 // Reads the host's own command line (program name included) and remembers its switches and directives for
 // InitializeDLL. 0, or 2 after reporting a switch that does not exist.
 MOVA_EXPORT int ReadStartOptions(const char16_t* commandLine, START_OPTIONS* options);
+
+// What the mode KeepLists asks for, in place of everything below: holds the global lists open until SHRALIAS
+// /U. Answers the exit code.
+MOVA_EXPORT int KeepGlobalLists();
 
 // Brings the engine up. 0, 2 when the INI file named (null for none) fails, 3 when a step broke down.
 MOVA_EXPORT int InitializeDLL(const char16_t* iniName);

@@ -138,6 +138,16 @@ ListBlock QueryListBlock(ListKind which, ListScope scope)
     return {units, capacity, reinterpret_cast<ListControl*>(units + capacity - listReserve)};
 }
 
+std::vector<SharedSection> OpenGlobalLists()
+{
+    const CString user = LoggedOnUser();
+    std::vector<SharedSection> sections;
+    for (const KindSettings& settings : kindSettings)
+        if (SharedSection section = SharedSection::Open(CString(settings.section).Append(user)))
+            sections.push_back(std::move(section));
+    return sections;
+}
+
 bool GrowLocalList(ListKind which)
 {
     GrowingMemory& local = Lists().kinds[static_cast<int>(which)].local;

@@ -27,6 +27,9 @@ VariableLists& Lists();
 // Makes a local list longer by a fixed step and its size setting with it; false when memory is out.
 bool GrowLocalList(ListKind kind);
 
+// The sections of this user's global lists that exist now. They live while somebody holds them open.
+std::vector<SharedSection> OpenGlobalLists();
+
 // Puts a list right that its writer left in the middle; the lock is held.
 void RepairIfNeeded(const ListBlock& block);
 

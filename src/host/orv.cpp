@@ -25,6 +25,8 @@ int wmain()
     START_OPTIONS options = {};
     if (ReadStartOptions(reinterpret_cast<const char16_t*>(GetCommandLineW()), &options) != 0)
         return 2;
+    if (options.mode == START_OPTIONS::KeepLists)
+        return KeepGlobalLists();
     if (const int failed = InitializeDLL(options.iniFile))
         return failed;
     if (options.mode != START_OPTIONS::RunAndExit)

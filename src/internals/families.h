@@ -20,6 +20,7 @@ bool Transient_Variable(CString& value);
 bool Pipe_Variable(CString& value);
 bool Shell_Variable(CString& value);
 bool Syserr_Variable(CString& value);
+bool Shralias_Variable(CString& value);
 bool Startpid_Variable(CString& value);
 bool Detachpid_Variable(CString& value);
 bool Cmdproc_Variable(CString& value);

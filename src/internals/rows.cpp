@@ -188,7 +188,7 @@ constexpr InternalVariableRow aInternalVariables[] = {
     {u"shells", nullptr},
     {u"shift", nullptr},
     {u"shortcut", nullptr},
-    {u"shralias", nullptr},
+    {u"shralias", Shralias_Variable},
     {u"startpath", Startpath_Variable},
     {u"startpid", Startpid_Variable},
     {u"stderr", Stderr_Variable},

@@ -7,6 +7,7 @@
 #include "engine/output.h"
 #include "engine/state.h"
 #include "engine/version.h"
+#include "expand/list_keeper.h"
 #include "files/descriptions.h"
 #include "internals/values.h"
 #include "movacore_version.h"
@@ -85,6 +86,8 @@ bool Transient_Variable(CString& value) { return AnswerFlag(value, aGlobals.tran
 bool Pipe_Variable(CString& value) { return AnswerFlag(value, Tls().pipeChild); }
 // 0 in a shell that no other shell started.
 bool Shell_Variable(CString& value) { return AnswerFlag(value, aGlobals.secondary != 0); }
+// Whether the global lists are kept when the last shell ends.
+bool Shralias_Variable(CString& value) { return AnswerFlag(value, QueryListKeeper()); }
 // The number of the last Windows error that was reported.
 bool Syserr_Variable(CString& value) { return AnswerNumber(value, Tls().lastSystemError); }
 // Process ids of the last START and the last DETACH, 0 before the first.

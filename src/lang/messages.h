@@ -68,6 +68,8 @@ constexpr unsigned iniIncludeDepth = 0x20000075;     // 3117
 constexpr unsigned noInterpreter = 0x2000005F;       // 3095
 constexpr unsigned invalidCodePage = 0x20000060;     // 3096
 constexpr unsigned noIniFile = 0x20000096;           // 3150
+constexpr unsigned noGlobalLists = 0x20000097;       // 3151
+constexpr unsigned nothingKept = 0x20000098;         // 3152
 } // namespace errors
 
 namespace message {

@@ -13,6 +13,7 @@
 #include "engine/movacore.h"
 #include "engine/output.h"
 #include "engine/state.h"
+#include "expand/list_keeper.h"
 #include "expand/lists.h"
 #include "lifecycle/start_options.h"
 #include "lifecycle/startup.h"
@@ -69,6 +70,8 @@ int ReadStartOptions(const char16_t* commandLine, START_OPTIONS* options)
     options->iniFile = aTexts.startIniFile.empty() ? nullptr : aTexts.startIniFile.c_str();
     return result::success;
 }
+
+int KeepGlobalLists() { return KeepLists(); }
 
 int InitializeDLL(const char16_t* iniName)
 {

@@ -1,5 +1,6 @@
 #include "lifecycle/start_options.h"
 
+#include "expand/list_keeper.h"
 #include "text/compare.h"
 #include "text/words.h"
 
@@ -97,7 +98,9 @@ private:
         const std::u16string_view name = word.view().substr(1);
         if (letter == u'L' && ReadLocalLists(name))
             return true;
-        if (EqualNoCase(name, u"X"))
+        if (EqualNoCase(word, listKeeperSwitch))
+            options.mode = StartOptions::Mode::KeepLists;
+        else if (EqualNoCase(name, u"X"))
             options.noInheritance = true;
         else if (EqualNoCase(name, u"U"))
             options.unicodeOutput = true;

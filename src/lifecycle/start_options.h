@@ -8,7 +8,7 @@
 #include "text/cstring.h"
 
 struct StartOptions {
-    enum class Mode { Interactive, RunAndExit, RunAndStay };
+    enum class Mode { Interactive, RunAndExit, RunAndStay, KeepLists };
     Mode mode = Mode::Interactive;
     CString commands; // as written behind /C, /K or the switches
     CString iniFile;

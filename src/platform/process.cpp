@@ -51,23 +51,26 @@ struct InheritedHandles {
     std::array<OwnedHandle, 3> copies;
     std::vector<HANDLE> list;
 
-    InheritedHandles(bool newConsole, bool noInput)
+    InheritedHandles(bool newConsole, const ProcessStart& start)
     {
-        for (int number = noInput ? 1 : 0; number < 3; ++number)
-            Take(number, newConsole);
-        if (noInput)
-            TakeNothing();
+        for (int number = 0; number < 3; ++number) {
+            if (start.noHandles || (start.noInput && number == 0))
+                TakeNothing(static_cast<std::size_t>(number));
+            else
+                Take(number, newConsole);
+        }
     }
 
 private:
-    void TakeNothing()
+    void TakeNothing(std::size_t number)
     {
         SECURITY_ATTRIBUTES inheritable = {sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
-        copies[0] = OwnedHandle(CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                            &inheritable, OPEN_EXISTING, 0, nullptr));
-        standard[0] = copies[0].Get();
-        if (standard[0])
-            list.push_back(standard[0]);
+        copies[number] = OwnedHandle(CreateFileW(L"NUL", number == 0 ? GENERIC_READ : GENERIC_WRITE,
+                                                 FILE_SHARE_READ | FILE_SHARE_WRITE, &inheritable,
+                                                 OPEN_EXISTING, 0, nullptr));
+        standard[number] = copies[number].Get();
+        if (standard[number])
+            list.push_back(standard[number]);
     }
 
     void Take(int number, bool newConsole)
@@ -128,7 +131,7 @@ unsigned ChildProcess::Start(const ProcessStart& start)
 
     const bool newConsole =
         (start.creation & (CREATE_NEW_CONSOLE | CREATE_NO_WINDOW | DETACHED_PROCESS)) != 0;
-    InheritedHandles handles(newConsole, start.noInput);
+    InheritedHandles handles(newConsole, start);
     AttributeList attributes;
     info.lpAttributeList = attributes.Get();
     if (!handles.list.empty()) {

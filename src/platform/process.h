@@ -30,6 +30,7 @@ struct ProcessStart {
     std::uint64_t affinity = 0;   // processors it may use, a bit each; 0 for all
     std::optional<unsigned> node; // preferred memory node
     bool noInput = false;         // standard input is at its end from the start
+    bool noHandles = false;       // all three standard handles lead nowhere
 };
 
 class ChildProcess {
