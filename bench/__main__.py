@@ -68,7 +68,34 @@ def batch_lines(folder):
     return {name: [*shell, "plain.cmd"] for name, shell in shells().items()}, 2000
 
 
-BENCHES = {"start_up": start_up, "echo_line": echo_line, "batch_lines": batch_lines}
+def walk_tree(folder, files):
+    """A tree of about that many files, 100 in each directory; bare recursive DIR by each shell."""
+    root = folder / f"tree{files}"
+    for number in range(files // 100):
+        leaf = root / f"directory{number // 10}" / f"part{number % 10}"
+        leaf.mkdir(parents=True, exist_ok=True)
+        for file in range(100):
+            (leaf / f"some_file_{file:03}.txt").touch()
+    return {name: [*shell, f"dir /s /b {windows(root)}"] for name, shell in shells().items()}, files
+
+
+def walk_10k(folder):
+    """DIR /S /B of 10,000 files"""
+    return walk_tree(folder, 10_000)
+
+
+def walk_100k(folder):
+    """DIR /S /B of 100,000 files"""
+    return walk_tree(folder, 100_000)
+
+
+BENCHES = {
+    "start_up": start_up,
+    "echo_line": echo_line,
+    "batch_lines": batch_lines,
+    "walk_10k": walk_10k,
+    "walk_100k": walk_100k,
+}
 
 
 def measure(machine, jobs, folder, rounds):
