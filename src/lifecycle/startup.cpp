@@ -56,6 +56,16 @@ int LoadConfiguration(std::u16string_view iniName)
     return result::success;
 }
 
+// One part of starting or stopping: a break ends it, and the next part has its turn.
+template <typename Work> void EndAtBreak(Work work)
+{
+    try {
+        work();
+    } catch (const Break&) {
+        ClearBreak();
+    }
+}
+
 } // namespace
 
 void ApplyStartOptions(const StartOptions& options)
@@ -84,19 +94,21 @@ int StartEngine(std::u16string_view iniName)
     if (IsConsole(1))
         ConsoleANSI();
     InstallBreakHandler();
-    ReadHistoryFiles();
+    EndAtBreak(ReadHistoryFiles);
     return result::success;
 }
 
 void StopEngine()
 {
-    while (ExitBatchFile() == result::success) {
-    }
+    EndAtBreak([] {
+        while (ExitBatchFile() == result::success) {
+        }
+    });
     if (aIniFile.ExitFile && !aGlobals.transient && !aGlobals.exitFileRun) {
         aGlobals.exitFileRun = 1;
-        RunStartupFiles(u"MVEXIT", {});
+        EndAtBreak([] { RunStartupFiles(u"MVEXIT", {}); });
     }
-    WriteHistoryFiles();
+    EndAtBreak(WriteHistoryFiles);
     DeleteTemporaryDevices();
     EndChildren();
 }
