@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/alias_extras.h"
 #include "engine/results.h"
 #include "platform/environment.h"
 #include "text/compare.h"
@@ -38,13 +39,29 @@ bool IsElement(std::u16string_view entry)
 
 } // namespace
 
-bool ListStore::Find(std::u16string_view name, NameMatch match, CString& entry) const
+bool ListStore::HoldsAliases() const
 {
-    const bool aliases = store == VariableStore::LocalAliases || store == VariableStore::GlobalAliases;
-    return FindByName(Entries(), name, aliases ? match : NameMatch::Plain, entry);
+    return store == VariableStore::LocalAliases || store == VariableStore::GlobalAliases;
 }
 
-int ListStore::Define(CString& entry, std::u16string_view) { return AddVariableToList(entry, store); }
+bool ListStore::Find(std::u16string_view name, NameMatch match, CString& entry) const
+{
+    const CString key = HoldsAliases() ? KeyAliasName(name) : CString();
+    return FindByName(Entries(), key.empty() ? name : key.view(), HoldsAliases() ? match : NameMatch::Plain,
+                      entry);
+}
+
+int ListStore::Define(CString& entry, std::u16string_view)
+{
+    if (!HoldsAliases() || !IsKeyAlias(entry) || !NormalizeEntry(entry, EntryKind::ListEntry))
+        return AddVariableToList(entry, store);
+    const std::size_t nameLength = NameLength(entry);
+    const CString name = KeyAliasName(EntryName(entry));
+    if (name.empty())
+        return MVError(errors::invalidKey, EntryName(entry));
+    entry.Replace(0, nameLength, name);
+    return AddVariableToList(entry, store);
+}
 
 std::vector<CString> EnvironmentStore::Entries() const
 {

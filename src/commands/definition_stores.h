@@ -32,6 +32,8 @@ public:
     int Define(CString& entry, std::u16string_view typeSpec) override;
 
 private:
+    bool HoldsAliases() const;
+
     VariableStore store;
 };
 

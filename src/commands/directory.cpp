@@ -1,6 +1,7 @@
 #include "commands/directory.h"
 
 #include "console/history.h"
+#include "core/alias_extras.h"
 #include "core/command_switches.h"
 #include "engine/directory_entry.h"
 #include "engine/output.h"
@@ -20,7 +21,9 @@ const CommandHelp cdHelp = {
     u"Without a directory the current one is shown, with a drive alone the one of that drive. A directory on "
     u"another drive becomes that drive's own, and you stay where you are. \"..\" is the parent, each further "
     u"period goes one higher, \"-\" is the directory you came from. Quotes around a name with blanks may be "
-    u"left out; wildcards go to the first directory that matches.",
+    u"left out; wildcards go to the first directory that matches. name: stands for the directory that the "
+    u"alias "
+    u"of that name holds.",
     u"cd ..\n"
     u"cd \\Program Files\n"
     u"cd ...\\tools\n"
@@ -68,7 +71,10 @@ enum class OtherDrive { StayHere, GoThere };
 // The full name that the person means; empty when wildcards match nothing (reported).
 CString MeantDirectory(std::u16string_view name)
 {
-    CString target = CleanDirectoryName(name);
+    CString target;
+    if (CDAliases(CleanDirectoryName(name), target) != result::success)
+        return {};
+    target = CleanDirectoryName(target);
     if (target == u"-" && !aTexts.previousDirectory.empty())
         return aTexts.previousDirectory;
     if (DriveLetter(target) && target.size() == 2)

@@ -1,5 +1,6 @@
 #include "core/blocks.h"
 
+#include "core/alias_extras.h"
 #include "engine/batch_entry.h"
 #include "engine/command_entry.h"
 #include "engine/console_entry.h"
@@ -12,8 +13,9 @@ namespace {
 CString ContinuationPrompt()
 {
     CString pattern;
-    if (ReadEnvironment(u"PROMPT2", pattern))
-        return ExpandPrompt(pattern);
+    CString meant;
+    if (ReadEnvironment(u"PROMPT2", pattern) && PromptAliases(pattern, meant) == result::success)
+        return ExpandPrompt(meant);
     return LoadMessage(message::more);
 }
 

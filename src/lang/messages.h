@@ -70,6 +70,7 @@ constexpr unsigned invalidCodePage = 0x20000060;     // 3096
 constexpr unsigned noIniFile = 0x20000096;           // 3150
 constexpr unsigned noGlobalLists = 0x20000097;       // 3151
 constexpr unsigned nothingKept = 0x20000098;         // 3152
+constexpr unsigned invalidKey = 0x20000099;          // 3153
 } // namespace errors
 
 namespace message {

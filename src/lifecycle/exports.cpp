@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "config/ini_file.h"
+#include "core/alias_extras.h"
 #include "core/command_lookup.h"
 #include "engine/batch_entry.h"
 #include "engine/break.h"
@@ -51,7 +52,10 @@ int Deliver(const CString& text, char16_t* buffer, int capacity)
 CString PromptPattern()
 {
     CString pattern;
-    return ReadEnvironment(u"PROMPT", pattern) ? pattern : CString(u"$P$G");
+    if (!ReadEnvironment(u"PROMPT", pattern))
+        return u"$P$G";
+    CString meant;
+    return PromptAliases(pattern, meant) == result::success ? meant : pattern;
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "config/key_functions.h"
 #include "config/key_names.h"
 #include "config/protected_text.h"
+#include "text/words.h"
 
 namespace {
 
@@ -168,6 +169,53 @@ TEST(ProtectedText, RoundTrip)
         EXPECT_EQ(Decipher(value), plain);
         EXPECT_EQ(Decipher(plain), plain);
     }
+}
+
+TEST(KeyNames, HaveOneSpelling)
+{
+    const struct {
+        std::u16string_view word;
+        std::u16string_view name;
+    } rows[] = {
+        {u"f5", u"F5"},
+        {u"ctrl-shift-left", u"Ctrl-Shift-Left"},
+        {u"SHIFT-win-ALT-ctrl-pagedown", u"Ctrl-Alt-Shift-Win-PgDn"},
+        {u"ctrl-a", u"Ctrl-A"},
+        {u"Ctrl--", u"Ctrl--"},
+        {u"Ctrl-5", u"Ctrl-5"},
+        {u"Alt-255", u"Alt-255"},
+        {u"F24", u"F24"},
+        {u"x", u"X"},
+        {u"F25", u""},
+        {u"F0", u""},
+        {u"F05", u""},
+        {u"F", u"F"},
+        {u"F1x", u""},
+        {u"Ctrl-255", u""},
+        {u"Alt-256", u""},
+        {u"Alt-1000", u""},
+        {u"Ctrl-", u""},
+        {u"Ctrl", u""},
+        {u"Meta-x", u""},
+        {u" ", u""},
+        {u"", u""},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(KeyName(row.word).view(), row.name) << std::string(row.word.begin(), row.word.end());
+    for (const KeyFunctionRow& row : aKeyFunctions) {
+        const CString keys(row.keys);
+        for (Word at = NextBlankWord(keys, 0); at.length > 0; at = NextBlankWord(keys, at.end()))
+            EXPECT_EQ(KeyName(keys.view().substr(at.start, at.length)).view(),
+                      keys.view().substr(at.start, at.length));
+    }
+}
+
+TEST(KeyNames, KeysThatType)
+{
+    for (const std::u16string_view key : {u"A", u"Shift-A", u"Space", u"-"})
+        EXPECT_TRUE(IsTypingKey(key));
+    for (const std::u16string_view key : {u"Ctrl-A", u"Alt-Space", u"Shift-F1", u"Tab", u"Ctrl--"})
+        EXPECT_FALSE(IsTypingKey(key));
 }
 
 } // namespace
