@@ -8,6 +8,7 @@
 #include "batch/batch_file.h"
 #include "batch/local_environment.h"
 #include "engine/batch_entry.h"
+#include "engine/break.h"
 #include "engine/command_entry.h"
 #include "engine/console_entry.h"
 #include "engine/inifile.h"
@@ -30,7 +31,12 @@ void RunDeferredCommands(TLS_VARIABLES& tls)
     frame.readOffset = 0;
     for (std::size_t start = 0; start < commands.size();) {
         const std::size_t end = std::min(commands.Find(u'\n', start), commands.size());
-        Command_S(commands.Substr(start, end - start), line_flags::batch);
+        try {
+            Command_S(commands.Substr(start, end - start), line_flags::batch);
+        } catch (const Break&) {
+            // The others are as dear to their author as this one was.
+            ClearBreak();
+        }
         start = end + 1;
     }
 }

@@ -8,6 +8,9 @@
 #include "engine/batch_entry.h"
 #include "engine/break.h"
 #include "engine/command_entry.h"
+#include "engine/console_entry.h"
+#include "engine/inifile.h"
+#include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "text/compare.h"
@@ -15,15 +18,44 @@
 
 namespace {
 
-// False when a break cut the line short: it ends every batch file that runs.
-bool RunLineUnlessBroken(CString line, int& answer)
+enum class AfterBreak { GoOn, EndFile, EndAll };
+
+AfterBreak AskAfterBreak(const BATCH_FRAME& frame)
 {
+    const bool decided = frame.readOffset < 0; // all are to end: asked further in
+    if (decided || aGlobals.exitRequested || aIniFile.AutoCancel || !IsConsole(0))
+        return AfterBreak::EndAll;
+    const char16_t answer = QueryInputChar(message::cancelBatch, frame.fileName, u"YNA", u'A');
+    if (answer == u'N')
+        return AfterBreak::GoOn;
+    return answer == u'Y' ? AfterBreak::EndFile : AfterBreak::EndAll;
+}
+
+// Runs one line of the loop that owns frame `index`. A break abandons the line, and the person decides about
+// the rest; false when the batch file is to end. A break that ends all of them goes on to the caller.
+bool RunLine(TLS_VARIABLES& tls, int index, CString line, int& answer)
+{
+    const int unknownDepth = tls.unknownCommandDepth;
+    const int associationDepth = tls.associationDepth;
     try {
         answer = Command_S(std::move(line), line_flags::batch);
         return true;
     } catch (const Break&) {
-        AbandonAllFrames();
-        return false;
+        ClearBreak();
+        ResetParsingFlags();
+        tls.unknownCommandDepth = unknownDepth;
+        tls.associationDepth = associationDepth;
+        tls.batchStartMode = 0;
+        tls.loopSignal = LoopSignal::None;
+        if (tls.batchIndex < index)
+            throw;
+        const AfterBreak after = AskAfterBreak(*tls.Frame());
+        if (after == AfterBreak::EndAll) {
+            AbandonAllFrames();
+            throw;
+        }
+        answer = after == AfterBreak::GoOn ? result::success : breakResult;
+        return after == AfterBreak::GoOn;
     }
 }
 
@@ -98,6 +130,25 @@ int RunFrame(TLS_VARIABLES& tls)
     return answer == 0 && tls.batchIndex == index ? ResultOfExitCode(tls.Frame()->exitCode) : answer;
 }
 
+// Ends the frame that RunBatchFile has begun, also when a break ends them all.
+struct FrameEnd {
+    TLS_VARIABLES& tls;
+    int index;
+    unsigned mode;
+    BlockState callersBlocks;
+
+    ~FrameEnd()
+    {
+        if (tls.batchIndex == index) {
+            if (BATCH_FRAME* caller = FrameBelow(tls); caller && (mode & batch_start::callLabel) != 0)
+                HandOverFile(*tls.Frame(), *caller);
+            ExitBatchFile();
+        }
+        if (mode != 0)
+            tls.blocks = callersBlocks;
+    }
+};
+
 } // namespace
 
 int BatchLineLoop()
@@ -114,9 +165,7 @@ int BatchLineLoop()
             answer = result::error;
         else if (!ReadBatchLine(line))
             answer = result::success;
-        else if (!RunLineUnlessBroken(std::move(line), answer))
-            answer = breakResult;
-        else if (answer != result::abandonBatch)
+        else if (RunLine(tls, index, std::move(line), answer) && answer != result::abandonBatch)
             continue;
         goesOn = false;
     }
@@ -143,22 +192,11 @@ int RunBatchFile(std::vector<CString> arguments, std::u16string_view invokedAs,
     const BlockState callersBlocks = std::exchange(tls.blocks, BlockState());
     PushFrame(std::move(frame));
     const int index = tls.batchIndex;
-    int answer = PrepareFrame(tls, mode);
+    const int answer = PrepareFrame(tls, mode);
     if (answer == result::success && mode == 0 && !nestedChain)
         return result::abandonLine;
+    const FrameEnd end{tls, index, mode, callersBlocks};
     if (answer == result::success)
-        answer = RunFrame(tls);
-    else
-        tls.errorLevel = answer; // it could not start
-    if (tls.batchIndex == index) {
-        if (BATCH_FRAME* caller = FrameBelow(tls); caller && (mode & batch_start::callLabel) != 0)
-            HandOverFile(*tls.Frame(), *caller);
-        ExitBatchFile();
-    }
-    if (mode != 0)
-        tls.blocks = callersBlocks;
-    // What stands behind the file's name on its caller's line is abandoned with it.
-    if (tls.breakHappened)
-        throw Break{breakResult};
-    return answer;
+        return RunFrame(tls);
+    return tls.errorLevel = answer; // it could not start
 }

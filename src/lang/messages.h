@@ -94,6 +94,7 @@ constexpr unsigned off = 3545;
 constexpr unsigned noPath = 3546;
 constexpr unsigned unbuiltCount = 3547;
 constexpr unsigned windowsVersion = 3548;
+constexpr unsigned cancelBatch = 3549;
 constexpr unsigned codePage = 3560;
 constexpr unsigned currentDate = 3561;
 constexpr unsigned newDate = 3562;

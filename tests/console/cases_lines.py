@@ -92,17 +92,6 @@ def previous_line(console):
     console.ends_with("three", ">")
 
 
-@case("a batch file ends at Ctrl+C")
-def broken_batch_file(console):
-    console.file("wait.btm", "@echo off", "echo waiting", "delay 60", "echo not reached")
-    console.start()
-    console.shows(">")
-    console.line("wait.btm & echo nor this")
-    console.ends_with("waiting")
-    console.keys("C-c")
-    console.shows(">wait.btm & echo nor this", "waiting", "^C", ">")
-
-
 @case("a program gets its own Ctrl+C, and the rest of the line is abandoned when it has ended")
 def broken_program(console):
     console.start()
