@@ -51,9 +51,20 @@ if(movacoreHostSources AND TARGET movacore)
   endif()
 endif()
 
-# Texts only: no code, no entry point, nothing to initialise when it is loaded.
+# Texts only: no code, no entry point, nothing to initialise when it is loaded. HELP shows the reference's pages from
+# it, each a resource of its own.
 if(EXISTS ${PROJECT_SOURCE_DIR}/src/lang/english.rc)
-  add_library(english SHARED ${PROJECT_SOURCE_DIR}/src/lang/english.rc)
+  file(GLOB referencePages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/reference/*.md)
+  set(referenceScript ${movacoreGenerated}/reference.rc)
+  set(referenceLines)
+  foreach(page IN LISTS referencePages)
+    get_filename_component(pageName ${page} NAME_WE)
+    string(APPEND referenceLines "${pageName} REFERENCE \"${page}\"\n")
+  endforeach()
+  file(CONFIGURE OUTPUT ${referenceScript} CONTENT "${referenceLines}" @ONLY)
+  set_source_files_properties(${referenceScript} PROPERTIES OBJECT_DEPENDS "${referencePages}")
+
+  add_library(english SHARED ${PROJECT_SOURCE_DIR}/src/lang/english.rc ${referenceScript})
   set_source_files_properties(${PROJECT_SOURCE_DIR}/src/lang/english.rc PROPERTIES
     OBJECT_DEPENDS "${movacoreTexts}")
   set_target_properties(english PROPERTIES OUTPUT_NAME English PREFIX "" LINKER_LANGUAGE C)

@@ -12,6 +12,7 @@ set(MOVACORE_PURE_ROOMS
   src/commands/definition_text.cpp
   src/commands/expr_reader.cpp
   src/commands/help_text.cpp
+  src/commands/reference_text.cpp
   src/commands/start_switches.cpp
   src/config/colors.cpp
   src/config/directives.cpp

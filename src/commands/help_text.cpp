@@ -42,25 +42,26 @@ void AppendLines(CString& text, std::u16string_view lines, size_t margin, size_t
     }
 }
 
-void AppendSection(CString& text, std::u16string_view title, std::u16string_view lines, size_t width)
+size_t Columns(int width) { return width > 0 ? static_cast<size_t>(width) : 0; }
+
+} // namespace
+
+void AppendHelpSection(CString& text, std::u16string_view title, std::u16string_view lines, int width)
 {
     if (lines.empty())
         return;
     text.Append(u"\r\n").Append(title).Append(u"\r\n");
-    AppendLines(text, lines, 2, width);
+    AppendLines(text, lines, 2, Columns(width));
 }
-
-} // namespace
 
 CString HelpText(std::u16string_view names, const CommandHelp& help, int width)
 {
-    const size_t columns = width > 0 ? static_cast<size_t>(width) : 0;
     CString text;
     CString head(names);
     head.Append(u": ").Append(help.summary);
-    AppendLines(text, head, 0, columns);
-    AppendSection(text, u"Usage", help.usage, columns);
-    AppendSection(text, u"Details", help.switches, columns);
-    AppendSection(text, u"Examples", help.examples, columns);
+    AppendLines(text, head, 0, Columns(width));
+    AppendHelpSection(text, u"Usage", help.usage, width);
+    AppendHelpSection(text, u"Details", help.switches, width);
+    AppendHelpSection(text, u"Examples", help.examples, width);
     return text;
 }

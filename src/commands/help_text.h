@@ -6,3 +6,7 @@
 // The whole help text, lines ended by "\r\n". `names` heads it: the command and what else it is called.
 // Lines are wrapped to `width` columns, with the words hanging below their own column; 0 leaves them whole.
 CString HelpText(std::u16string_view names, const CommandHelp& help, int width);
+
+// One of its sections: an empty line, the title, and the lines (ended or parted by '\n') below it; nothing
+// when there are none.
+void AppendHelpSection(CString& text, std::u16string_view title, std::u16string_view lines, int width);

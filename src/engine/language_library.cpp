@@ -4,6 +4,7 @@
 
 #include "engine/inifile.h"
 #include "engine/results.h"
+#include "text/encoding.h"
 
 namespace {
 
@@ -35,6 +36,18 @@ bool Install(HMODULE loaded)
         FreeLibrary(languageModule);
     languageModule = loaded;
     return true;
+}
+
+// Adds a page, which is UTF-8, to the vector behind `pages`.
+BOOL CALLBACK AddPage(HMODULE module, LPCWSTR type, LPWSTR name, LONG_PTR pages)
+{
+    const HRSRC found = FindResourceW(module, name, type);
+    const HGLOBAL block = found ? LoadResource(module, found) : nullptr;
+    if (const auto* bytes = static_cast<const char*>(block ? LockResource(block) : nullptr)) {
+        const std::string_view page(bytes, SizeofResource(module, found));
+        reinterpret_cast<std::vector<CString>*>(pages)->push_back(FromUtf8(page));
+    }
+    return TRUE;
 }
 
 } // namespace
@@ -70,4 +83,19 @@ void LoadLanguageOfSettings()
     } else if (languageModule) {
         LoadEnglish();
     }
+}
+
+std::vector<CString> ReferencePages()
+{
+    constexpr const wchar_t* type = L"REFERENCE";
+    std::vector<CString> pages;
+    const auto receiver = reinterpret_cast<LONG_PTR>(&pages);
+    if (languageModule || LoadEnglish())
+        EnumResourceNamesW(languageModule, type, AddPage, receiver);
+    if (pages.empty())
+        if (const HMODULE english = LoadAsData(EngineFolder() + u"English.dll")) {
+            EnumResourceNamesW(english, type, AddPage, receiver);
+            FreeLibrary(english);
+        }
+    return pages;
 }

@@ -2,6 +2,8 @@
 // whose loading would cost more than everything else at start-up.
 #pragma once
 
+#include <vector>
+
 #include "text/cstring.h"
 
 // Loads another language library in place of the one in use; false (the last error says why) leaves the old
@@ -11,3 +13,7 @@ bool LoadEnglish();
 // The library that the setting LanguageDLL names, or English while there is none. One that cannot be loaded
 // is reported.
 void LoadLanguageOfSettings();
+
+// The pages of the reference that the library in use holds, one after the other; English ones when it has
+// none.
+std::vector<CString> ReferencePages();

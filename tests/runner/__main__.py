@@ -13,6 +13,7 @@ from pathlib import Path
 
 import bless
 import case_file
+import reference_page
 import tokens
 from execute import Difference, Execution, Settings
 from machine import Machine, MachineError
@@ -22,7 +23,7 @@ ROOT = Path(__file__).resolve().parents[2]
 
 def read_arguments():
     parser = argparse.ArgumentParser(prog="tests/runner", description="Runs golden scripts through the shell.")
-    parser.add_argument("paths", nargs="*", type=Path, help="case files or folders (default: tests/scripts)")
+    parser.add_argument("paths", nargs="*", type=Path, help="case files or folders (default: tests/scripts and docs/reference)")
     parser.add_argument("-k", dest="pattern", default="", help="only cases with this in their file or name")
     parser.add_argument("-j", dest="workers", type=int, default=min(2, os.cpu_count() or 1))
     parser.add_argument("--bless", action="store_true", help="rewrite the expectations of failing cases")
@@ -38,12 +39,13 @@ def find_cases(paths, pattern):
     """All cases whose file or name has the pattern, and the messages of files that cannot be read."""
     files = []
     for path in paths:
-        files += sorted(path.rglob("*.case")) if path.is_dir() else [path]
+        files += sorted([*path.rglob("*.case"), *path.rglob("*.md")]) if path.is_dir() else [path]
     cases, errors = [], []
     for file in files:
         name = str(file.resolve().relative_to(ROOT)) if file.resolve().is_relative_to(ROOT) else str(file)
         try:
-            found = case_file.parse(name, file.read_text(encoding="utf-8"))
+            parse = reference_page.parse if file.suffix == ".md" else case_file.parse
+            found = parse(name, file.read_text(encoding="utf-8"))
         except (case_file.CaseError, UnicodeDecodeError) as error:
             errors.append(str(error))
             continue
@@ -126,13 +128,13 @@ class Run:
     def failing(self):
         """Cases that may be blessed, with their differences."""
         pairs = zip(self.cases, self.results)
-        return [(case, result) for case, result in pairs if result and not case.known_gap]
+        return [(case, result) for case, result in pairs if result and not (case.known_gap or case.is_reference)]
 
 
 def main():
     arguments = read_arguments()
     sys.stdout.reconfigure(errors="backslashreplace")
-    cases, errors = find_cases(arguments.paths or [ROOT / "tests/scripts"], arguments.pattern)
+    cases, errors = find_cases(arguments.paths or [ROOT / "tests/scripts", ROOT / "docs/reference"], arguments.pattern)
     for error in errors:
         print(f"FAILED {error}")
     run = Run(arguments, cases)

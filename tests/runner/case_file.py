@@ -80,6 +80,7 @@ class Case:
     files_after: list = field(default_factory=list)
     no_files: list = field(default_factory=list)
     last_line: int = 0  # where another section of the case would follow
+    is_reference: bool = False  # made of a page of the reference, whose text nobody rewrites
 
     @property
     def title(self):

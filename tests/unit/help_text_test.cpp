@@ -1,4 +1,5 @@
 #include "commands/help_text.h"
+#include "commands/reference_text.h"
 
 #include <gtest/gtest.h>
 
@@ -52,6 +53,22 @@ TEST(HelpText, WordsLongerThanTheLineAreNotLost)
     const std::string text = ToUtf8(HelpText(u"W", wide, 20));
     EXPECT_NE(text.find("AVERYLONGWORDWITHOUTANYBLANKINIT"), std::string::npos) << text;
     EXPECT_NE(text.find("and more"), std::string::npos) << text;
+}
+
+TEST(ReferenceText, ASectionEndsAtTheNextHeadingOutsideItsExamples)
+{
+    constexpr std::u16string_view page =
+        u"# Texts\n\n## @one, @two\n\n`%@one[text]`\n\nDoes `this`. Reads on\nhere.\n\n"
+        u"~~~orv\n> echo %@one[## @three]\n## @three of {{\\d+}} left\n~~~\n\n## @three\nLast.";
+    const std::u16string_view section = ReferenceSection(page, u"@TWO");
+    EXPECT_EQ(ToUtf8(ReferenceSummary(section)), "Does this");
+    EXPECT_EQ(ToUtf8(ReferenceText(u"@two", section, 0)), "@two\r\n"
+                                                          "\r\nUsage\r\n  %@one[text]\r\n"
+                                                          "\r\nDetails\r\n  Does this. Reads on here.\r\n"
+                                                          "\r\nExamples\r\n  > echo %@one[## @three]\r\n"
+                                                          "  ## @three of ... left\r\n");
+    EXPECT_EQ(ReferenceSection(page, u"@three"), u"Last.");
+    EXPECT_EQ(ReferenceSection(page, u"@on"), u"");
 }
 
 } // namespace

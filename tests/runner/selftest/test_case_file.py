@@ -1,6 +1,7 @@
 import unittest
 
 import case_file
+import reference_page
 
 EVERYTHING = r"""# A comment.
 
@@ -101,3 +102,17 @@ class Parsing(unittest.TestCase):
         for text in mistakes:
             with self.subTest(text=text), self.assertRaises(case_file.CaseError):
                 case_file.parse("x.case", text)
+
+
+class ReferencePage(unittest.TestCase):
+    def test_examples_become_one_script(self):
+        page = "# T\n~~~file a b.txt\n> x\n~~~\n## @x\n~~~orv\n> echo 1\n1\n>\n> echo 2\n~~~\n~~~orv\n> dir\n{{x+}}\n~~~\n"
+        (case,) = reference_page.parse("p.md", page)
+        self.assertEqual(case.script.lines, ["echo 1", "", "echo 2", "dir"])
+        self.assertEqual((case.stdout.lines, case.stdout.is_pattern), (["1", "{{x+}}"], True))
+        self.assertEqual([(file.name, file.lines) for file in case.files], [("a b.txt", ["> x"])])
+
+    def test_faults_are_told_with_their_line(self):
+        for page in ("~~~orv\n1\n~~~\n", "~~~orv\n> echo\n"):
+            with self.assertRaisesRegex(case_file.CaseError, "p.md:[12]: "):
+                reference_page.parse("p.md", page)
