@@ -9,8 +9,8 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "files/text_encoding.h"
 #include "platform/handle.h"
-#include "text/encoding.h"
 
 namespace {
 
@@ -91,7 +91,7 @@ unsigned UnpackInPlace(BATCH_FRAME& frame, std::vector<char>& bytes)
     // What the packed bytes looked like says nothing about the text.
     frame.flags = (frame.flags & ~(frame_flags::utf16 | frame_flags::utf8)) | frame_flags::packed;
     frame.readOffset = 0;
-    ApplyEncoding(frame, RecogniseEncoding({bytes.data(), bytes.size()}));
+    ApplyEncoding(frame, RecogniseTextFile({bytes.data(), bytes.size()}));
     return 0;
 }
 
@@ -132,7 +132,7 @@ bool OpenBatchFile()
         }
     }
     if (!frame->encodingKnown)
-        ApplyEncoding(*frame, RecogniseEncoding(FirstBlock(*frame)));
+        ApplyEncoding(*frame, RecogniseTextFile(FirstBlock(*frame)));
     return true;
 }
 

@@ -4,11 +4,13 @@
 #include "core/alias_extras.h"
 #include "core/command_switches.h"
 #include "engine/directory_entry.h"
+#include "engine/inifile.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/directory_name.h"
 #include "platform/directory.h"
+#include "platform/environment.h"
 #include "platform/file_facts.h"
 
 const CommandHelp cdHelp = {
@@ -68,6 +70,18 @@ namespace {
 
 enum class OtherDrive { StayHere, GoThere };
 
+// While DirEnv is on, a name that is no directory may be that of a variable that holds one.
+CString DirectoryOrVariable(const CString& name)
+{
+    CString full = FullPathName(name);
+    if (!aIniFile.DirEnv || QueryIsDirectory(full))
+        return full;
+    CString value;
+    if (ReadEnvironment(name, value))
+        value = FullPathName(CleanDirectoryName(value));
+    return value.empty() || !QueryIsDirectory(value) ? full : value;
+}
+
 // The full name that the person means; empty when wildcards match nothing (reported).
 CString MeantDirectory(std::u16string_view name)
 {
@@ -85,7 +99,7 @@ CString MeantDirectory(std::u16string_view name)
             MVError(0, name);
         return target;
     }
-    return FullPathName(target);
+    return DirectoryOrVariable(target);
 }
 
 void NoteMove(const CString& old)

@@ -5,11 +5,13 @@
 
 #include "config/directives.h"
 #include "config/ini_file.h"
+#include "console/console_look.h"
 #include "engine/language_library.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "expand/lists.h"
 #include "platform/console.h"
+#include "platform/system_folder_view.h"
 #include "text/compare.h"
 #include "text/format.h"
 
@@ -18,14 +20,21 @@ namespace {
 // Where lists are kept, and how large they are.
 bool ConcernsLists(std::u16string_view name)
 {
-    return BeginsNoCase(name, u"Local") || BeginsNoCase(name, u"Global") || EndsNoCase(name, u"LocalSize") ||
-           EndsNoCase(name, u"GlobalSize");
+    return BeginsNoCase(name, u"Local") || BeginsNoCase(name, u"Global") || EndsNoCase(name, u"Size") ||
+           name == u"History" || name == u"DirHistory";
 }
 
 bool IsDelayedExpansion(std::u16string_view name) { return name == u"DelayedExpansion"; }
 bool IsExtensions(std::u16string_view name) { return name == u"CMDExtensions"; }
 bool IsLanguage(std::u16string_view name) { return name == u"LanguageDLL"; }
 bool IsScreenColor(std::u16string_view name) { return name == u"StdColors"; }
+bool IsOpacity(std::u16string_view name) { return name == u"Transparency"; }
+bool IsSystemFolder(std::u16string_view name) { return name == u"Wow64FsRedirection"; }
+bool IsWindowPlace(std::u16string_view name)
+{
+    return name == u"WindowState" || name == u"WindowX" || name == u"WindowY" || name == u"WindowWidth" ||
+           name == u"WindowHeight";
+}
 
 void TakeDelayedExpansion() { aGlobals.delayedExpansion = aIniFile.DelayedExpansion; }
 void TakeExtensions() { aGlobals.cmdExtensions = aIniFile.CMDExtensions; }
@@ -35,6 +44,8 @@ void ColorWhatFollows()
     if (aIniFile.StdColors && HasConsole())
         SetTextAttributes(aIniFile.StdColors);
 }
+
+void TakeSystemFolder() { RedirectSystemFolder(aIniFile.Wow64FsRedirection != 0); }
 
 struct Effect {
     bool (*concerns)(std::u16string_view name);
@@ -46,6 +57,9 @@ constexpr Effect effects[] = {
     {IsExtensions, TakeExtensions},
     {IsLanguage, LoadLanguageOfSettings},
     {IsScreenColor, ColorWhatFollows},
+    {IsOpacity, MakeWindowAsOpaqueAsSet},
+    {IsWindowPlace, PlaceWindowAsSet},
+    {IsSystemFolder, TakeSystemFolder},
 };
 
 } // namespace

@@ -43,6 +43,8 @@ void ApplyAll(IniDocument& document, const SettingIndexes& what, IniSaving how)
 int SaveToIniFile(const SettingIndexes& what, IniSaving how)
 {
     const CString file = aTexts.iniFile;
+    if (!aIniFile.UpdateINI)
+        return MVError(errors::iniProtected, file);
     if (file.empty())
         return MVError(errors::noIniFile);
     const NamedLock::Guard guard = LockIniFiles();

@@ -9,13 +9,14 @@
 #include "engine/break.h"
 #include "engine/console_entry.h"
 #include "engine/country.h"
+#include "engine/inifile.h"
 #include "engine/output.h"
 #include "engine/state.h"
+#include "files/text_encoding.h"
 #include "platform/clock.h"
 #include "platform/console.h"
 #include "platform/console_keys.h"
 #include "platform/standard_handles.h"
-#include "text/encoding.h"
 
 namespace {
 
@@ -36,6 +37,7 @@ bool ReadFromConsole(CString& line, std::u16string_view prompt)
     UpdateTitleAndIcon({});
     QueryCountryInfo();
     WriteToConsole(prompt);
+    const PassingColors typed(aIniFile.InputColors);
     switch (ReadTypedLine(line, ThrowIfBroken)) {
     case TypedLine::Complete: line.Truncate(line.view().find(controlZ)); return true;
     case TypedLine::Cut: WaitForBreak(); return true;
@@ -62,7 +64,7 @@ int RecogniseFile(HANDLE file)
     DWORD got = 0;
     if (!ReadFile(file, block.data(), static_cast<DWORD>(block.size()), &got, &beginning))
         got = 0;
-    const RecognisedEncoding found = RecogniseEncoding(std::string_view(block).substr(0, got));
+    const RecognisedEncoding found = RecogniseTextFile(std::string_view(block).substr(0, got));
     place.QuadPart = std::max<LONGLONG>(place.QuadPart, static_cast<LONGLONG>(found.markLength));
     SetFilePointerEx(file, place, nullptr, FILE_BEGIN);
     return FlagsOf(found.encoding) | next_line::notPipe;
@@ -82,7 +84,7 @@ int RecognisePipe(HANDLE pipe)
         ThrowIfBroken();
         SleepEx(step, TRUE);
     }
-    const RecognisedEncoding found = RecogniseEncoding({head, got});
+    const RecognisedEncoding found = RecogniseTextFile({head, got});
     if (found.encoding != TextEncoding::Utf16)
         return 0;
     if (found.markLength > 0)

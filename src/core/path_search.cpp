@@ -112,6 +112,20 @@ SearchPlaces UsualPlaces(SearchKind kind)
     return places;
 }
 
+// The folder of the setting ScriptDirectory, where only batch files and scripts are looked for.
+SearchPlaces ScriptPlaces()
+{
+    SearchPlaces places;
+    if (!aIniFile.ScriptDirectory)
+        return places;
+    places.list = AddQuotes(aIniFile.ScriptDirectory);
+    places.extensions.assign(std::begin(batchExtensions), std::end(batchExtensions));
+    for (const ScriptExtension& script : scriptExtensions)
+        if (aIniFile.*script.setting)
+            places.extensions.emplace_back(script.extension);
+    return places;
+}
+
 // The program that is registered under the name, for the user or for the machine.
 bool FindApplicationPath(std::u16string_view name, FoundProgram& found)
 {
@@ -158,6 +172,8 @@ bool SearchPaths(std::u16string_view name, FoundProgram& found, SearchKind kind)
         return false;
     FileSystem files;
     found.file = SearchInOrder(name, UsualPlaces(kind), files);
+    if (found.file.empty() && !HasDirectory(WithoutQuotes(name)))
+        found.file = SearchInOrder(name, ScriptPlaces(), files);
     if (!found.file.empty())
         return true;
     return kind == SearchKind::Program && FindApplicationPath(WithoutQuotes(name), found);
@@ -183,6 +199,9 @@ std::vector<CString> SearchAllPaths(std::u16string_view name)
         return {};
     FileSystem files;
     std::vector<CString> all = SearchAll(name, UsualPlaces(SearchKind::Program), files);
+    if (!HasDirectory(WithoutQuotes(name)))
+        for (CString& script : SearchAll(name, ScriptPlaces(), files))
+            all.push_back(std::move(script));
     FoundProgram registered;
     if (FindApplicationPath(WithoutQuotes(name), registered))
         all.push_back(std::move(registered.file));

@@ -1,4 +1,5 @@
-// Finding programs and batch files by name: current directory, PATH, application paths of the registry.
+// Finding programs and batch files by name: current directory, PATH, the folder of scripts, application paths
+// of the registry.
 #pragma once
 
 #include <string_view>

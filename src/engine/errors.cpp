@@ -6,6 +6,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "lang/messages.h"
+#include "platform/console.h"
 #include "text/format.h"
 
 namespace {
@@ -51,6 +52,20 @@ CString WithArgument(CString text, std::u16string_view whole)
 
 constexpr unsigned debugShowsSystemCodes = 2; // bit of the Debug setting
 
+// The line end keeps the screen's own colours: a background would run on into the next line.
+void ShowError(const CString& line)
+{
+    if (!aIniFile.ErrorColors || !IsConsole(2)) {
+        PrintError(line + u"\r\n");
+        return;
+    }
+    {
+        const PassingColors colors(aIniFile.ErrorColors);
+        PrintError(line);
+    }
+    PrintError(u"\r\n");
+}
+
 } // namespace
 
 CString ErrorText(unsigned code)
@@ -68,10 +83,9 @@ int MVError(unsigned code, std::u16string_view argument)
     if ((static_cast<unsigned>(aIniFile.Debug) & debugShowsSystemCodes) != 0)
         line = Format(u"ORV: %s", IsOwnCode(code) ? u"" : u"(Sys) ");
     line.Append(WithArgument(ErrorText(code), argument));
-    WriteLogLine(Log::Errors, line.view().substr(0, line.view().find_last_not_of(u"\r\n") + 1));
-    if (line.back() != u'\n')
-        line.Append(u"\r\n");
-    PrintError(line);
+    line.TrimRight(u"\r\n");
+    WriteLogLine(Log::Errors, line);
+    ShowError(line);
     return result::error;
 }
 

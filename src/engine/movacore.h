@@ -39,7 +39,8 @@ MOVA_EXPORT int ReadPromptLine(char16_t* buffer, int capacity);
 MOVA_EXPORT int QueryExitRequested();
 // The code the host is to exit with: EXIT's argument, else the error level.
 MOVA_EXPORT int QueryExitCode();
-// Runs the user's start-up ("MVSTART") or exit file ("MVEXIT"), if there is one.
+// Runs the user's start-up ("MVSTART") or exit file ("MVEXIT"), if there is one; the AutoRun commands of the
+// registry come before the start-up file.
 MOVA_EXPORT void RunStartupFile(const char16_t* name, const char16_t* arguments);
 
 // Internal commands by name.

@@ -211,6 +211,8 @@ struct GLOBAL_VARIABLES {
     std::int32_t delayedExpansion = 0; // working switch; SETLOCAL and SETDOS change it
     std::int32_t cmdExtensions = 1;
     std::int32_t transient = 0;  // started with /C
+    std::int32_t showsName = 0;  // started without commands
+    std::int32_t noAutoRun = 0;  // /D
     std::int32_t localLists = 0; // start options: bit 0 alias, 1 function, 2 history, 3 directory history
     std::int32_t noInheritance = 0;
     std::int32_t secondary = 0;     // settings were inherited from a parent shell

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "config/directives.h"
 #include "engine/break.h"
 #include "engine/inifile.h"
 #include "engine/results.h"
@@ -17,13 +18,21 @@ constexpr std::size_t smallestList = 64;                        // units, whatev
 // A size setting; some are signed and some are not.
 class SizeSetting {
 public:
-    constexpr SizeSetting(std::int32_t INIFILE::*field) : number(field) {}
-    constexpr SizeSetting(std::uint32_t INIFILE::*field) : count(field) {}
+    constexpr SizeSetting(const char16_t* directive, std::int32_t INIFILE::*field)
+        : name(directive), number(field)
+    {}
+    constexpr SizeSetting(const char16_t* directive, std::uint32_t INIFILE::*field)
+        : name(directive), count(field)
+    {}
 
     std::size_t Units() const
     {
         const auto units = count ? std::int64_t{aIniFile.*count} : std::int64_t{aIniFile.*number};
         return static_cast<std::size_t>(std::max(units, static_cast<std::int64_t>(smallestList)));
+    }
+    bool IsStandard() const
+    {
+        return Units() == aDirectives[static_cast<std::size_t>(FindDirective(name))].standard;
     }
     void Set(std::size_t units) const
     {
@@ -34,6 +43,7 @@ public:
     }
 
 private:
+    const char16_t* name;
     std::int32_t INIFILE::*number = nullptr;
     std::uint32_t INIFILE::*count = nullptr;
 };
@@ -42,20 +52,43 @@ struct KindSettings {
     const char16_t* section; // the user's name follows
     SettingChoice INIFILE::*local;
     SettingChoice INIFILE::*global;
+    SizeSetting bothSizes; // counts where one of the next two has its default
     SizeSetting localSize;
     SizeSetting globalSize;
+
+    std::size_t Bytes(const SizeSetting& own) const
+    {
+        const bool general = own.IsStandard() && !bothSizes.IsStandard();
+        return (general ? bothSizes : own).Units() * sizeof(char16_t);
+    }
 };
 
 // In the order of ListKind; the bit of aGlobals.localLists that forces a local list is the row's number.
 constexpr KindSettings kindSettings[] = {
-    {u"SharememUAlias", &INIFILE::LocalAliases, &INIFILE::GlobalAliases, &INIFILE::AliasLocalSize,
-     &INIFILE::AliasGlobalSize},
-    {u"SharememUFunction", &INIFILE::LocalFunctions, &INIFILE::GlobalFunctions, &INIFILE::FunctionLocalSize,
-     &INIFILE::FunctionGlobalSize},
-    {u"SharememUHistory", &INIFILE::LocalHistory, &INIFILE::GlobalHistory, &INIFILE::HistoryLocalSize,
-     &INIFILE::HistoryGlobalSize},
-    {u"SharememUDirHistory", &INIFILE::LocalDirHistory, &INIFILE::GlobalDirHistory,
-     &INIFILE::DirHistoryLocalSize, &INIFILE::DirHistoryGlobalSize},
+    {u"SharememUAlias",
+     &INIFILE::LocalAliases,
+     &INIFILE::GlobalAliases,
+     {u"AliasSize", &INIFILE::AliasSize},
+     {u"AliasLocalSize", &INIFILE::AliasLocalSize},
+     {u"AliasGlobalSize", &INIFILE::AliasGlobalSize}},
+    {u"SharememUFunction",
+     &INIFILE::LocalFunctions,
+     &INIFILE::GlobalFunctions,
+     {u"FunctionSize", &INIFILE::FunctionSize},
+     {u"FunctionLocalSize", &INIFILE::FunctionLocalSize},
+     {u"FunctionGlobalSize", &INIFILE::FunctionGlobalSize}},
+    {u"SharememUHistory",
+     &INIFILE::LocalHistory,
+     &INIFILE::GlobalHistory,
+     {u"History", &INIFILE::History},
+     {u"HistoryLocalSize", &INIFILE::HistoryLocalSize},
+     {u"HistoryGlobalSize", &INIFILE::HistoryGlobalSize}},
+    {u"SharememUDirHistory",
+     &INIFILE::LocalDirHistory,
+     &INIFILE::GlobalDirHistory,
+     {u"DirHistory", &INIFILE::DirHistory},
+     {u"DirHistoryLocalSize", &INIFILE::DirHistoryLocalSize},
+     {u"DirHistoryGlobalSize", &INIFILE::DirHistoryGlobalSize}},
 };
 static_assert(std::size(kindSettings) == static_cast<std::size_t>(ListKind::Count));
 
@@ -68,7 +101,7 @@ void Require(bool allocated)
 
 void CreateLocalList(const KindSettings& settings, VariableLists::Kind& kind)
 {
-    const std::size_t bytes = settings.localSize.Units() * sizeof(char16_t);
+    const std::size_t bytes = settings.Bytes(settings.localSize);
     if (!kind.local) {
         kind.localControl.changes = 0;
         kind.local = GrowingMemory(bytes, std::max(bytes, longestLocalList));
@@ -83,7 +116,7 @@ void CreateGlobalList(const KindSettings& settings, VariableLists::Kind& kind, s
     // The old view is given up last: the section must not die with it.
     CString name(settings.section);
     name.Append(user);
-    kind.global = SharedSection::OpenOrCreate(name, settings.globalSize.Units() * sizeof(char16_t));
+    kind.global = SharedSection::OpenOrCreate(name, settings.Bytes(settings.globalSize));
     if (kind.global) {
         settings.globalSize.Set(kind.global.Size() / sizeof(char16_t));
         return;

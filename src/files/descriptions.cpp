@@ -6,12 +6,12 @@
 #include <windows.h>
 
 #include "engine/inifile.h"
+#include "files/text_encoding.h"
 #include "platform/codepage.h"
 #include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "platform/text_output.h"
 #include "platform/whole_file.h"
-#include "text/encoding.h"
 #include "text/format.h"
 #include "text/path_names.h"
 
@@ -55,7 +55,7 @@ std::string Encode(const CString& text, const RecognisedEncoding& wanted)
 RecognisedEncoding PresentEncoding(const CString& path)
 {
     std::string bytes;
-    return ReadWholeFile(path, bytes, largestFile) ? RecogniseEncoding(bytes) : RecognisedEncoding();
+    return ReadWholeFile(path, bytes, largestFile) ? RecogniseTextFile(bytes) : RecognisedEncoding();
 }
 
 bool WriteNewFile(const CString& path, const std::string& bytes)
@@ -78,7 +78,7 @@ DescriptionList ReadDescriptions(std::u16string_view directory)
     const CString path = SystemPath(JoinPath(directory, DescriptionFileName()));
     if (!ReadFileAttributes(path) || !ReadWholeFile(path, bytes, largestFile))
         return {};
-    return DescriptionList(Decode(bytes, RecogniseEncoding(bytes)));
+    return DescriptionList(Decode(bytes, RecogniseTextFile(bytes)));
 }
 
 bool WriteDescriptions(std::u16string_view directory, const DescriptionList& list)

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "files/text_encoding.h"
 #include "files/text_pieces.h"
 #include "platform/codepage.h"
 #include "platform/file_facts.h"
@@ -36,7 +37,7 @@ bool TextReader::Open(std::u16string_view name, OtherWriters others)
                                    FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!file || !Fill())
         return false;
-    encoding = RecogniseEncoding(block);
+    encoding = RecogniseTextFile(block);
     return true;
 }
 

@@ -71,6 +71,7 @@ constexpr unsigned noIniFile = 0x20000096;           // 3150
 constexpr unsigned noGlobalLists = 0x20000097;       // 3151
 constexpr unsigned nothingKept = 0x20000098;         // 3152
 constexpr unsigned invalidKey = 0x20000099;          // 3153
+constexpr unsigned iniProtected = 0x2000026C;        // 3620
 } // namespace errors
 
 namespace message {

@@ -16,9 +16,11 @@
 #include "engine/state.h"
 #include "expand/list_keeper.h"
 #include "expand/lists.h"
+#include "lifecycle/session_start.h"
 #include "lifecycle/start_options.h"
 #include "lifecycle/startup.h"
 #include "platform/environment.h"
+#include "text/compare.h"
 
 namespace {
 
@@ -134,7 +136,11 @@ int QueryExitCode() { return aGlobals.exitRequested ? aGlobals.exitCode : Tls().
 
 void RunStartupFile(const char16_t* name, const char16_t* arguments)
 {
-    Guarded([&] { return RunStartupFiles(name, arguments ? arguments : u""); });
+    Guarded([&] {
+        if (EqualNoCase(name, u"MVSTART"))
+            RunAutoRun();
+        return RunStartupFiles(name, arguments ? arguments : u"");
+    });
 }
 
 int QueryIsCommandEnabled(const char16_t* name) { return QueryIsCommandEnabled(std::u16string_view(name)); }

@@ -102,6 +102,8 @@ private:
             options.mode = StartOptions::Mode::KeepLists;
         else if (EqualNoCase(name, u"X"))
             options.noInheritance = true;
+        else if (EqualNoCase(name, u"D"))
+            options.noAutoRun = true;
         else if (EqualNoCase(name, u"U"))
             options.unicodeOutput = true;
         else if (EqualNoCase(name, u"A"))
@@ -114,7 +116,7 @@ private:
         else if (BeginsNoCase(name, u"E:"))
             options.directives.emplace_back(EndsNoCase(name, u":OFF") ? u"//CMDExtensions=No"
                                                                       : u"//CMDExtensions=Yes");
-        else if (!EqualNoCase(name, u"D") && !EqualNoCase(name, u"S") && options.refused.empty())
+        else if (!EqualNoCase(name, u"S") && options.refused.empty())
             options.refused = word;
         return true;
     }

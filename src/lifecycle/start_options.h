@@ -16,6 +16,7 @@ struct StartOptions {
     CString refused;                 // the first switch that does not exist; else empty
     unsigned localLists = 0;         // bit 0 aliases, 1 functions, 2 history, 3 directory history
     bool noInheritance = false;
+    bool noAutoRun = false;
     bool unicodeOutput = false;
     bool echoOff = false;
 };

@@ -19,9 +19,11 @@
 #include "expand/lists.h"
 #include "lifecycle/breaks.h"
 #include "lifecycle/history_files.h"
+#include "lifecycle/session_start.h"
 #include "lifecycle/start_options.h"
 #include "platform/file_facts.h"
 #include "platform/module.h"
+#include "platform/system_folder_view.h"
 
 namespace {
 
@@ -73,8 +75,10 @@ void ApplyStartOptions(const StartOptions& options)
     aTexts.startDirectives = options.directives;
     aGlobals.localLists = static_cast<std::int32_t>(options.localLists);
     aGlobals.noInheritance = options.noInheritance;
+    aGlobals.noAutoRun = options.noAutoRun;
     aGlobals.unicodeOutput = options.unicodeOutput;
     aGlobals.transient = options.mode == StartOptions::Mode::RunAndExit;
+    aGlobals.showsName = options.mode == StartOptions::Mode::Interactive;
     aGlobals.echo = options.echoOff ? 0 : 1;
 }
 
@@ -93,7 +97,9 @@ int StartEngine(std::u16string_view iniName)
     DisableInternalCommand(u"DDEEXEC");
     if (IsConsole(1))
         ConsoleANSI();
+    RedirectSystemFolder(aIniFile.Wow64FsRedirection != 0);
     InstallBreakHandler();
+    ShowSession();
     EndAtBreak(ReadHistoryFiles);
     return result::success;
 }

@@ -40,6 +40,8 @@ CString FindStartupFile(std::u16string_view name)
 int RunStartupFiles(std::u16string_view name, std::u16string_view arguments)
 {
     const bool starting = EqualNoCase(name, u"MVSTART");
+    if (starting && !aIniFile.StartupFile)
+        return result::success;
     CString file = FindStartupFile(name);
     if (file.empty() && starting)
         file = FindStartupFile(u"QSTART");

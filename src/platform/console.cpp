@@ -82,6 +82,19 @@ bool SetTextAttributes(unsigned attributes)
     return HasConsole() && SetConsoleTextAttribute(ConsoleScreen(), static_cast<WORD>(attributes));
 }
 
+PassingColors::PassingColors(unsigned attributes)
+{
+    CONSOLE_SCREEN_BUFFER_INFO info;
+    if (attributes != 0 && ReadInfo(info) && SetTextAttributes(attributes))
+        before = info.wAttributes;
+}
+
+PassingColors::~PassingColors()
+{
+    if (before)
+        SetTextAttributes(*before);
+}
+
 bool PaintScreen(unsigned attributes)
 {
     CONSOLE_SCREEN_BUFFER_INFO info;

@@ -31,6 +31,17 @@ std::optional<ScreenFacts> ReadScreenFacts();
 
 // Colours of text to come.
 bool SetTextAttributes(unsigned attributes);
+// The same while this lives, then those of before; 0 changes nothing.
+class PassingColors {
+public:
+    explicit PassingColors(unsigned attributes);
+    ~PassingColors();
+    PassingColors(const PassingColors&) = delete;
+    PassingColors& operator=(const PassingColors&) = delete;
+
+private:
+    std::optional<unsigned> before;
+};
 // Colours of everything on the screen and of text to come.
 bool PaintScreen(unsigned attributes);
 

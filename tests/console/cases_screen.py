@@ -69,3 +69,14 @@ def standard_colors(console):
     console.has_colors("\x1b[97m\x1b[44m>")
     console.line("cls bri gre on cya")
     console.has_colors("\x1b[92m\x1b[46m")
+
+
+@case("the copyright line, what is typed and errors in their own colours")
+def greeting(console):
+    console.file("look.ini", "InputColors=bright yellow on black", "ErrorColors=bright red on black")
+    console.start("@look.ini", "//Copyright=Yes")
+    console.ends_with("Copyright 2026 the Movacore authors", ">")
+    console.line("no_such_thing")
+    console.ends_with('Unknown command "no_such_thing"', ">")
+    console.has_colors("\x1b[93mno_such")
+    console.has_colors("\x1b[91mUnknown")

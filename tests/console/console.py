@@ -36,7 +36,7 @@ class Console:
         """Starts the shell. A variable given as None is not set."""
         variables = {"PROMPT": "$G"} | environment
         settings = [part for name, value in variables.items() if value is not None for part in ("-e", f"{name}={value}")]
-        shell = [self.machine.wine(), self.machine.PROGRAMS + "\\ORV.exe", *arguments]
+        shell = [self.machine.wine(), self.machine.PROGRAMS + "\\ORV.exe", "//Copyright=No", *arguments]
         size = ["-x", str(COLUMNS), "-y", str(ROWS)]
         # The pane stays when the shell ends, so that its last screen and its exit code can be read.
         self.tmux(
