@@ -70,6 +70,7 @@ set(MOVACORE_PURE_ROOMS
   src/files/wildcards.cpp
   src/functions/arguments.cpp
   src/functions/characters.cpp
+  src/functions/file_name_parts.cpp
   src/functions/strings.cpp
   src/functions/word_functions.cpp
   src/internals/dos_name.cpp

@@ -15,14 +15,6 @@
 
 namespace {
 
-CString TemporaryFolder()
-{
-    CString path;
-    constexpr DWORD longest = 32767;
-    path.SetLength(GetTempPathW(longest, reinterpret_cast<wchar_t*>(path.Edit(longest))));
-    return path;
-}
-
 // -1 when the name is no temporary device.
 int TemporaryIndex(std::u16string_view name)
 {
@@ -35,6 +27,14 @@ int TemporaryIndex(std::u16string_view name)
 }
 
 } // namespace
+
+CString TemporaryFolder()
+{
+    CString path;
+    constexpr DWORD longest = 32767;
+    path.SetLength(GetTempPathW(longest, reinterpret_cast<wchar_t*>(path.Edit(longest))));
+    return path;
+}
 
 CString TemporaryFileName(std::u16string_view prefix)
 {

@@ -35,6 +35,8 @@ private:
     CString file;
 };
 
+// The folder for temporary files, with a separator at its end.
+CString TemporaryFolder();
 // A name for a new file in the folder for temporary files, beginning with `prefix` and unique to this
 // process.
 CString TemporaryFileName(std::u16string_view prefix);

@@ -150,20 +150,7 @@ public:
 
     CString FullPath(std::u16string_view name) override { return LongPathName(FullPathName(name)); }
 
-    CString ShortPath(std::u16string_view fullPath) override
-    {
-        const CString name(fullPath);
-        CString result;
-        const DWORD size = GetShortPathNameW(name.w(), nullptr, 0);
-        if (size == 0)
-            return name;
-        wchar_t* buffer = reinterpret_cast<wchar_t*>(result.Edit(size));
-        const DWORD length = GetShortPathNameW(name.w(), buffer, size);
-        if (length == 0 || length >= size)
-            return name;
-        result.SetLength(length);
-        return result;
-    }
+    CString ShortPath(std::u16string_view fullPath) override { return ShortPathName(fullPath); }
 
     PathFacts Facts(std::u16string_view fullPath) override
     {

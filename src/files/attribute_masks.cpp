@@ -69,3 +69,37 @@ int GetSearchAttributes(std::u16string_view text, AttributeMasks& masks)
     }
     return 0;
 }
+
+CString AttributeLetters(std::uint32_t attributes)
+{
+    constexpr std::uint32_t atTheirPlaces = 0x37;
+    CString text;
+    for (const Letter& row : letters) {
+        if (row.letter == u'J')
+            continue; // the same as L
+        if (attributes & row.attribute)
+            text.Append(row.letter);
+        else if (row.attribute & atTheirPlaces)
+            text.Append(u'_');
+    }
+    return text;
+}
+
+std::optional<AttributeChange> ReadAttributeChange(std::u16string_view text)
+{
+    constexpr std::u16string_view changeable = u"RHSATOIPU";
+    AttributeChange change;
+    char16_t sign = u'+';
+    for (const char16_t unit : text) {
+        if (unit == u'-' || unit == u'+') {
+            sign = unit;
+        } else if (unit != u'_') {
+            const Letter* row = FindLetter(unit);
+            if (!row || changeable.find(row->letter) == changeable.npos)
+                return std::nullopt;
+            (sign == u'-' ? change.clear : change.set) |= row->attribute;
+            sign = u'+';
+        }
+    }
+    return change;
+}

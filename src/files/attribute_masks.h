@@ -3,7 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
+
+#include "text/cstring.h"
 
 namespace file_attribute {
 constexpr std::uint32_t readOnly = 0x1;
@@ -37,3 +40,15 @@ struct AttributeMasks {
 // not be set", "+" for "one of these", "_" for nothing; any other character ends the list. 0, or the error
 // code (not reported) of the dialog that ":=" asks for.
 int GetSearchAttributes(std::u16string_view text, AttributeMasks& masks);
+
+// The attributes as letters: "R", "H", "S", "D" and "A" at their places with "_" for one that is not set,
+// then the others that are set. The letters select the file again.
+CString AttributeLetters(std::uint32_t attributes);
+
+// A change of attributes: letters to be set, "-" in front of one to be cleared, "+" as nothing. Only those of
+// "RHSATOIPU" can be changed.
+struct AttributeChange {
+    std::uint32_t set = 0;
+    std::uint32_t clear = 0;
+};
+std::optional<AttributeChange> ReadAttributeChange(std::u16string_view text);

@@ -87,3 +87,50 @@ int Formatn_Function(FunctionCall& call);
 int Formatnc_Function(FunctionCall& call);
 int Random_Function(FunctionCall& call);
 int If_Function(FunctionCall& call);
+
+// file_name_parts.cpp
+int Path_Function(FunctionCall& call);
+int Filename_Function(FunctionCall& call);
+int Name_Function(FunctionCall& call);
+int Ext_Function(FunctionCall& call);
+int Device_Function(FunctionCall& call);
+
+// file_names.cpp
+int Full_Function(FunctionCall& call);
+int Lfn_Function(FunctionCall& call);
+int Sfn_Function(FunctionCall& call);
+int Altname_Function(FunctionCall& call);
+int Truename_Function(FunctionCall& call);
+int Drive_Function(FunctionCall& call);
+int Search_Function(FunctionCall& call);
+int Unique_Function(FunctionCall& call);
+int Uniquex_Function(FunctionCall& call);
+int Wild_Function(FunctionCall& call);
+int Cwd_Function(FunctionCall& call);
+int Cwds_Function(FunctionCall& call);
+int Dirstack_Function(FunctionCall& call);
+int Shfolder_Function(FunctionCall& call);
+int Wslpath_Function(FunctionCall& call);
+int Wslname_Function(FunctionCall& call);
+
+// file_facts.cpp
+int Filedate_Function(FunctionCall& call);
+int Filetime_Function(FunctionCall& call);
+int Fileage_Function(FunctionCall& call);
+int Attrib_Function(FunctionCall& call);
+int Wattrib_Function(FunctionCall& call);
+int Owner_Function(FunctionCall& call);
+int Descript_Function(FunctionCall& call);
+int Inode_Function(FunctionCall& call);
+int Links_Function(FunctionCall& call);
+int Junction_Function(FunctionCall& call);
+int Symlink_Function(FunctionCall& call);
+int Exetype_Function(FunctionCall& call);
+int Filetype_Function(FunctionCall& call);
+int Compare_Function(FunctionCall& call);
+int Filelock_Function(FunctionCall& call);
+int Verinfo_Function(FunctionCall& call);
+int Properties_Function(FunctionCall& call);
+int Summary_Function(FunctionCall& call);
+int Assoc_Function(FunctionCall& call);
+int Ftype_Function(FunctionCall& call);

@@ -72,6 +72,11 @@ constexpr unsigned noGlobalLists = 0x20000097;       // 3151
 constexpr unsigned nothingKept = 0x20000098;         // 3152
 constexpr unsigned invalidKey = 0x20000099;          // 3153
 constexpr unsigned iniProtected = 0x2000026C;        // 3620
+constexpr unsigned unknownUnit = 0x200002D0;         // 3720
+constexpr unsigned unknownFileTime = 0x200002D1;     // 3721
+constexpr unsigned unknownAttribute = 0x200002D2;    // 3722
+constexpr unsigned unknownOpenMode = 0x200002D3;     // 3723
+constexpr unsigned unknownTextKind = 0x200002D4;     // 3724
 } // namespace errors
 
 namespace message {

@@ -119,7 +119,8 @@ std::optional<FileIdentity> IdentifyFile(std::u16string_view name)
     BY_HANDLE_FILE_INFORMATION facts;
     if (!file || !GetFileInformationByHandle(file.Get(), &facts))
         return std::nullopt;
-    return FileIdentity{facts.dwVolumeSerialNumber, Number(facts.nFileIndexHigh, facts.nFileIndexLow)};
+    return FileIdentity{facts.dwVolumeSerialNumber, Number(facts.nFileIndexHigh, facts.nFileIndexLow),
+                        facts.nNumberOfLinks};
 }
 
 std::vector<FileStream> NamedStreams(std::u16string_view name)

@@ -40,6 +40,7 @@ std::optional<std::uint64_t> CompressedFileSize(std::u16string_view name);
 struct FileIdentity {
     std::uint64_t volume = 0;
     std::uint64_t file = 0;
+    std::uint32_t links = 0; // names that the file has
 };
 // Of what the name leads to: links are followed.
 std::optional<FileIdentity> IdentifyFile(std::u16string_view name);

@@ -1,5 +1,8 @@
 #include "platform/file_facts.h"
 
+#include <utility>
+
+#include "platform/handle.h"
 #include "text/path_names.h"
 
 namespace {
@@ -26,6 +29,16 @@ template <typename Question> CString ReadPath(Question question)
     return CString();
 }
 
+// What SystemPath put in front is taken off again.
+CString WithoutPrefix(CString path)
+{
+    if (path.view().starts_with(u"\\\\?\\UNC\\"))
+        path.Replace(0, 8, u"\\\\");
+    else if (path.view().starts_with(u"\\\\?\\"))
+        path.Erase(0, 4);
+    return path;
+}
+
 } // namespace
 
 std::optional<FileFacts> ReadFileFacts(std::u16string_view name)
@@ -48,6 +61,11 @@ std::optional<std::uint32_t> ReadFileAttributes(std::u16string_view name)
     if (attributes == INVALID_FILE_ATTRIBUTES)
         return std::nullopt;
     return attributes;
+}
+
+bool WriteFileAttributes(std::u16string_view name, std::uint32_t attributes)
+{
+    return SetFileAttributesW(SystemPath(name).w(), attributes ? attributes : FILE_ATTRIBUTE_NORMAL);
 }
 
 bool QueryIsFile(std::u16string_view name)
@@ -75,13 +93,27 @@ CString LongPathName(std::u16string_view name)
     const CString given = SystemPath(name);
     CString full =
         ReadPath([&](DWORD room, wchar_t* units) { return GetLongPathNameW(given.w(), units, room); });
-    if (full.empty())
-        return CString(name);
-    if (full.view().starts_with(u"\\\\?\\UNC\\"))
-        full.Replace(0, 8, u"\\\\");
-    else if (full.view().starts_with(u"\\\\?\\"))
-        full.Erase(0, 4);
-    return full;
+    return full.empty() ? CString(name) : WithoutPrefix(std::move(full));
+}
+
+CString ShortPathName(std::u16string_view name)
+{
+    const CString given = SystemPath(name);
+    CString full =
+        ReadPath([&](DWORD room, wchar_t* units) { return GetShortPathNameW(given.w(), units, room); });
+    return full.empty() ? CString(name) : WithoutPrefix(std::move(full));
+}
+
+CString RealPathName(std::u16string_view name)
+{
+    const OwnedHandle file(CreateFileW(SystemPath(name).w(), 0,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!file)
+        return {};
+    return WithoutPrefix(ReadPath([&](DWORD room, wchar_t* units) {
+        return GetFinalPathNameByHandleW(file.Get(), units, room, FILE_NAME_NORMALIZED);
+    }));
 }
 
 CString SystemPath(std::u16string_view name)

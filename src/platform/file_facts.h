@@ -27,6 +27,9 @@ std::optional<FileFacts> ReadFileFacts(std::u16string_view name);
 // The attributes alone, which is cheaper.
 std::optional<std::uint32_t> ReadFileAttributes(std::u16string_view name);
 
+// Sets the attributes that can be set this way. False with the reason in the thread's last error.
+bool WriteFileAttributes(std::u16string_view name, std::uint32_t attributes);
+
 // A file that is there: neither a directory nor a device.
 bool QueryIsFile(std::u16string_view name);
 bool QueryIsDirectory(std::u16string_view name);
@@ -35,6 +38,10 @@ bool QueryIsDirectory(std::u16string_view name);
 CString FullPathName(std::u16string_view name);
 // The name as it is spelled on the disk, short components made long; the name itself when it does not exist.
 CString LongPathName(std::u16string_view name);
+// With all components short where the disk keeps short names; the name itself when it does not exist.
+CString ShortPathName(std::u16string_view name);
+// Where the name leads to: links followed, substituted drives replaced. "" when it does not exist.
+CString RealPathName(std::u16string_view name);
 // The form that the system's file functions take at any length: a full name of 248 units and more gets the
 // prefix "\\?\", anything shorter stays as it is. For calls only, never to be shown.
 CString SystemPath(std::u16string_view name);

@@ -6,6 +6,10 @@ constinit LazyLibrary shell32(L"shell32.dll");
 constinit LazyLibrary advapi32(L"advapi32.dll");
 constinit LazyLibrary shlwapi(L"shlwapi.dll");
 constinit LazyLibrary ole32(L"ole32.dll");
+constinit LazyLibrary propsys(L"propsys.dll");
+constinit LazyLibrary version(L"version.dll");
+constinit LazyLibrary mpr(L"mpr.dll");
+constinit LazyLibrary rstrtmgr(L"rstrtmgr.dll");
 } // namespace libraries
 
 FARPROC LazyLibrary::Find(const char* function) noexcept

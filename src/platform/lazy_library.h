@@ -33,7 +33,34 @@ extern LazyLibrary shell32;
 extern LazyLibrary advapi32;
 extern LazyLibrary shlwapi;
 extern LazyLibrary ole32;
+extern LazyLibrary propsys;
+extern LazyLibrary version;
+extern LazyLibrary mpr;
+extern LazyLibrary rstrtmgr;
 } // namespace libraries
+
+// What is bound on first use.
+class LazyPointer {
+public:
+    constexpr LazyPointer(LazyLibrary& from, const char* functionName) noexcept
+        : library(from), name(functionName)
+    {}
+
+    void* Find() noexcept
+    {
+        void* found = function.load(std::memory_order_acquire);
+        if (!found) {
+            found = reinterpret_cast<void*>(library.Find(name));
+            function.store(found, std::memory_order_release);
+        }
+        return found;
+    }
+
+private:
+    LazyLibrary& library;
+    const char* name;
+    std::atomic<void*> function{nullptr};
+};
 
 template <typename Function> class LazyFunction;
 
@@ -44,18 +71,10 @@ public:
     using Pointer = Result(WINAPI*)(Parameters...);
 
     constexpr LazyFunction(LazyLibrary& from, const char* functionName, Result ifMissing = Result()) noexcept
-        : library(from), name(functionName), missing(ifMissing)
+        : function(from, functionName), missing(ifMissing)
     {}
 
-    Pointer Get() noexcept
-    {
-        void* found = function.load(std::memory_order_acquire);
-        if (!found) {
-            found = reinterpret_cast<void*>(library.Find(name));
-            function.store(found, std::memory_order_release);
-        }
-        return reinterpret_cast<Pointer>(found);
-    }
+    Pointer Get() noexcept { return reinterpret_cast<Pointer>(function.Find()); }
 
     Result operator()(Parameters... parameters)
     {
@@ -68,8 +87,24 @@ public:
     }
 
 private:
-    LazyLibrary& library;
-    const char* name;
+    LazyPointer function;
     Result missing;
-    std::atomic<void*> function{nullptr};
+};
+
+// One without an answer does nothing where it is missing.
+template <typename... Parameters> class LazyFunction<void WINAPI(Parameters...)> {
+public:
+    constexpr LazyFunction(LazyLibrary& from, const char* functionName) noexcept
+        : function(from, functionName)
+    {}
+
+    void operator()(Parameters... parameters)
+    {
+        using Pointer = void(WINAPI*)(Parameters...);
+        if (const Pointer pointer = reinterpret_cast<Pointer>(function.Find()))
+            pointer(parameters...);
+    }
+
+private:
+    LazyPointer function;
 };

@@ -83,3 +83,9 @@ bool ReplaceWholeFile(const CString& name, std::string_view bytes)
     SetLastError(reason);
     return false;
 }
+
+bool CreateNewFile(const CString& name)
+{
+    return static_cast<bool>(
+        OwnedHandle(CreateFileW(name.w(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr)));
+}

@@ -15,3 +15,6 @@ bool ReadWholeFile(const CString& name, std::string& bytes, std::size_t most);
 // beside it, which then takes its name. Attributes and rights of the old file stay. False, with the reason in
 // the thread's last error, leaves the old file as it was.
 bool ReplaceWholeFile(const CString& name, std::string_view bytes);
+
+// Makes an empty file. False when the name is taken (ERROR_FILE_EXISTS in the last error) or cannot be used.
+bool CreateNewFile(const CString& name);
