@@ -9,6 +9,7 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 
 set(MOVACORE_SANITIZE "" CACHE STRING "Sanitizers for every target, as -fsanitize= takes them")
 option(MOVACORE_FUZZ "Build the fuzz targets (clang only) in place of the unit tests" OFF)
+option(MOVACORE_BENCH "Build the native benchmarks in place of the unit tests" OFF)
 
 if(NOT MSVC)
   # Line numbers are enough for a stack trace; full debug information triples the size of every object.
