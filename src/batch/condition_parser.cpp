@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "expand/evaluator.h"
 #include "text/compare.h"
 #include "text/escapes.h"
 #include "text/numbers.h"
@@ -157,24 +158,11 @@ bool IsHexadecimal(std::u16string_view text)
            text.find_first_not_of(u"0123456789abcdefABCDEF", 2) == npos;
 }
 
-// A number as comparisons see it: decimal with an optional sign and fraction, or 0x hexadecimal.
-bool IsNumeric(std::u16string_view text)
-{
-    if (HasSign(text))
-        text.remove_prefix(1);
-    if (IsHexadecimal(text))
-        return true;
-    const std::size_t point = text.find(u'.');
-    const bool digits = text.find_first_of(u"0123456789") != npos;
-    return digits && text.find_first_not_of(u"0123456789.") == npos &&
-           (point == npos || text.find(u'.', point + 1) == npos);
-}
-
 // Whole numbers that fit are compared here; the rest is the evaluator's.
-std::optional<std::int64_t> SmallNumber(std::u16string_view text)
+std::optional<std::int64_t> SmallNumber(std::u16string_view text, char16_t decimalChar)
 {
     constexpr std::size_t longest = 16;
-    if (text.size() > longest || text.find(u'.') != npos)
+    if (text.size() > longest || text.find(u'.') != npos || text.find(decimalChar) != npos)
         return std::nullopt;
     return IsHexadecimal(HasSign(text) ? text.substr(1) : text) ? ReadInteger(text) : ReadDecimal(text);
 }
@@ -445,7 +433,7 @@ bool Parser::Comparison()
     const bool errorLevel = EqualNoCase(left, u"errorlevel");
     if (op == Operator::None && errorLevel)
         return CompareErrorLevel(Operator::GreaterEqual, Take());
-    if (op == Operator::None && rules.bareNumber && IsNumeric(left))
+    if (op == Operator::None && rules.bareNumber && IsNumericText(left, rules.decimalChar))
         return left.view().find_first_of(u"123456789abcdefABCDEF") != npos;
     if (op == Operator::None)
         op = SplitAtEqualSign(left, right);
@@ -481,10 +469,11 @@ bool Parser::Compare(const CString& left, Operator op, const CString& right)
         const std::optional<bool> matches = world.Matches(WithoutOuterQuotes(left), pattern);
         return matches ? *matches == (op == Operator::Match) : Fail();
     }
-    if (!IsNumeric(left) || !IsNumeric(right))
+    const char16_t decimal = rules.decimalChar;
+    if (!IsNumericText(left, decimal) || !IsNumericText(right, decimal))
         return Holds(op, CompareNoCase(left, right));
-    const std::optional<std::int64_t> first = SmallNumber(left);
-    const std::optional<std::int64_t> second = SmallNumber(right);
+    const std::optional<std::int64_t> first = SmallNumber(left, decimal);
+    const std::optional<std::int64_t> second = SmallNumber(right, decimal);
     const int sign = first && second ? SignOf(*first - *second) : world.CompareNumbers(left, right);
     return Holds(op, sign);
 }

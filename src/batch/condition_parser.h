@@ -55,10 +55,11 @@ constexpr int syntaxError = -1;
 } // namespace condition
 
 struct ConditionRules {
-    bool expand = true;        // references in the words are expanded
-    bool bareNumber = false;   // a lone number is a condition (IFF)
-    bool needsCommand = false; // something must follow (IF)
-    bool exactEqual = false;   // a lone "=" minds letter case
+    bool expand = true;          // references in the words are expanded
+    bool bareNumber = false;     // a lone number is a condition (IFF)
+    bool needsCommand = false;   // something must follow (IF)
+    bool exactEqual = false;     // a lone "=" minds letter case
+    char16_t decimalChar = u'.'; // in numbers; a period is always one, too
     Syntax syntax;
 };
 

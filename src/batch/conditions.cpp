@@ -5,6 +5,7 @@
 #include "batch/window_tests.h"
 #include "core/command_lookup.h"
 #include "engine/condition_entry.h"
+#include "engine/country.h"
 #include "engine/expansion_entry.h"
 #include "engine/inifile.h"
 #include "engine/state.h"
@@ -149,6 +150,7 @@ int TestCondition(CString& text, ConditionMode mode)
 {
     ConditionRules rules;
     rules.syntax = CurrentSyntax();
+    rules.decimalChar = Country().decimal;
     rules.needsCommand = mode == ConditionMode::If;
     rules.bareNumber = mode == ConditionMode::Iff;
     ShellWorld world;
@@ -159,6 +161,7 @@ int TestExpandedCondition(CString& text)
 {
     ConditionRules rules;
     rules.syntax = CurrentSyntax();
+    rules.decimalChar = Country().decimal;
     rules.expand = false;
     ShellWorld world;
     return ParseCondition(text, rules, world);

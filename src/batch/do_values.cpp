@@ -76,7 +76,7 @@ ValueSource FromFiles(const std::vector<CString>& words)
     for (const CString& word : words) {
         const CString bare = WithoutQuotes(word);
         if (HasWildcards(bare))
-            AppendMatches(bare, MatchKind::Files, names);
+            AppendMatches(word, MatchKind::Files, names);
         else
             names.push_back(bare);
     }

@@ -1,54 +1,35 @@
 #include "batch/file_sets.h"
 
-#include <windows.h>
-
-#include "engine/break.h"
-#include "platform/file_facts.h"
-#include "platform/handle.h"
-#include "text/path_names.h"
+#include "files/file_search.h"
+#include "text/format.h"
 
 namespace {
 
-bool Wanted(const WIN32_FIND_DATAW& data, MatchKind kind)
+AttributeMasks MasksOf(MatchKind kind)
 {
-    const bool directory = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    const bool hidden = (data.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0;
-    if (directory != (kind == MatchKind::Directories) || hidden)
-        return false;
-    const std::u16string_view name(reinterpret_cast<const char16_t*>(data.cFileName));
-    return name != u"." && name != u"..";
+    AttributeMasks masks;
+    (kind == MatchKind::Directories ? masks.required : masks.forbidden) = file_attribute::directory;
+    return masks;
 }
 
 } // namespace
 
 void AppendMatches(std::u16string_view pattern, MatchKind kind, std::vector<CString>& names)
 {
-    const std::u16string_view directory = DirectoryPart(pattern);
-    WIN32_FIND_DATAW data;
-    const OwnedFindHandle found(FindFirstFileExW(SystemPath(pattern).w(), FindExInfoBasic, &data,
-                                                 FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
-    if (!found)
-        return;
-    do {
-        ThrowIfBroken();
-        if (Wanted(data, kind))
-            names.push_back(CString(directory).Append(reinterpret_cast<const char16_t*>(data.cFileName)));
-    } while (FindNextFileW(found.Get(), &data));
+    FILESEARCH search;
+    search.attributes = MasksOf(kind);
+    for (bool found = FindFiles(search, pattern); found; found = FindFiles(search))
+        names.push_back(search.name);
 }
 
-bool WalkDirectories(const CString& directory, const std::function<bool(const CString&)>& visit)
+bool WalkDirectories(std::u16string_view directory, const std::function<bool(const CString&)>& visit)
 {
-    // Kept as a list, not as a recursion: the depth of a tree is not ours to choose.
-    std::vector<CString> waiting = {directory};
-    while (!waiting.empty()) {
-        const CString current = waiting.back();
-        waiting.pop_back();
-        if (!visit(current))
+    FILESEARCH search;
+    search.attributes = MasksOf(MatchKind::Directories);
+    search.deepest = allLevels;
+    SearchedDirectory reached;
+    for (StartSearch(search, Format(u"\"%s*\"", directory)); NextDirectory(search, reached);)
+        if (!visit(reached.found.name))
             return false;
-        std::vector<CString> below;
-        AppendMatches(current + u"*", MatchKind::Directories, below);
-        for (auto name = below.rbegin(); name != below.rend(); ++name)
-            waiting.push_back(name->Append(u'\\'));
-    }
     return true;
 }

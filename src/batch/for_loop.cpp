@@ -158,7 +158,7 @@ bool ForLoop::PassEntries(std::u16string_view directory)
         const CString bare = WithoutQuotes(entry);
         if (HasWildcards(bare)) {
             names.clear();
-            const CString pattern = CString(directory) + bare;
+            const CString pattern = directory.empty() ? CString(entry) : Format(u"\"%s%s\"", directory, bare);
             AppendMatches(pattern, header.directories ? MatchKind::Directories : MatchKind::Files, names);
             for (const CString& name : names)
                 if (!PassWith(name))

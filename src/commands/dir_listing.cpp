@@ -1,6 +1,7 @@
 #include "commands/dir_listing.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "engine/country.h"
 #include "engine/expansion_entry.h"
@@ -73,25 +74,38 @@ void DirListing::Sort(std::vector<FoundFile>& files)
 {
     if (options.order.empty())
         return;
-    auto secondOf = [&](const FoundFile& file) {
-        return MomentOfFileTime(clock.ToLocal(TimeOf(file.facts, options.time))).second;
-    };
-    auto compare = [&](const DirSortKey& key, const FoundFile& a, const FoundFile& b) {
+    // Local times of day are asked of the system once for each file, not in each comparison.
+    std::vector<std::int64_t> seconds;
+    const bool byTimeOfDay = std::any_of(options.order.begin(), options.order.end(),
+                                         [](const DirSortKey& key) { return key.letter == u'T'; });
+    if (byTimeOfDay)
+        for (const FoundFile& file : files)
+            seconds.push_back(MomentOfFileTime(clock.ToLocal(TimeOf(file.facts, options.time))).second);
+    auto compare = [&](const DirSortKey& key, std::size_t first, std::size_t second) {
+        const FoundFile& a = files[first];
+        const FoundFile& b = files[second];
         switch (key.letter) {
         case u'G': return Compare(!a.facts.IsDirectory(), !b.facts.IsDirectory());
         case u'S': return Compare(a.facts.size, b.facts.size);
         case u'D': return Compare(TimeOf(a.facts, options.time), TimeOf(b.facts, options.time));
-        case u'T': return Compare(secondOf(a), secondOf(b));
+        case u'T': return Compare(seconds[first], seconds[second]);
         case u'E': return CompareNoCase(ExtensionPart(a.name), ExtensionPart(b.name));
         default: return CompareNoCase(a.name, b.name);
         }
     };
-    std::stable_sort(files.begin(), files.end(), [&](const FoundFile& a, const FoundFile& b) {
+    std::vector<std::size_t> places(files.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::stable_sort(places.begin(), places.end(), [&](std::size_t a, std::size_t b) {
         for (const DirSortKey& key : options.order)
             if (const int order = compare(key, a, b))
                 return key.reverse ? order > 0 : order < 0;
         return false;
     });
+    std::vector<FoundFile> sorted;
+    sorted.reserve(files.size());
+    for (const std::size_t place : places)
+        sorted.push_back(std::move(files[place]));
+    files = std::move(sorted);
 }
 
 void DirListing::Count(const std::vector<FoundFile>& files)

@@ -1,5 +1,6 @@
 #include "commands/dir_options.h"
 
+#include "commands/search_switches.h"
 #include "core/command_switches.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -66,22 +67,11 @@ int ReadDepth(std::u16string_view text, int& deepest)
     return 0;
 }
 
-int ReadAttributes(std::u16string_view text, AttributeMasks& masks)
-{
-    // The reader of switches takes a colon away, and the dialog's form has one.
-    if (text == u"=")
-        text = u":=";
-    const int code = GetSearchAttributes(text, masks);
-    return code == 0 ? 0 : error(code, text);
-}
-
 // Switches with text behind their letter.
 int ReadTexts(CString& arguments, DirOptions& options)
 {
     CString text;
-    int code = 0;
-    while (code == 0 && TakeSwitchLetters(arguments, u"A", text))
-        code = ReadAttributes(text, options.attributes);
+    int code = TakeAttributeSwitches(arguments, options.attributes);
     while (code == 0 && TakeSwitchLetters(arguments, u"O", text))
         code = ReadOrder(WithoutColon(text), options.order);
     while (code == 0 && TakeSwitchLetters(arguments, u"T", text))

@@ -7,24 +7,29 @@
 #include <windows.h>
 
 #include "commands/pager.h"
+#include "commands/search_switches.h"
 #include "core/command_switches.h"
 #include "engine/break.h"
 #include "engine/inifile.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "files/file_search.h"
 #include "files/text_reader.h"
 #include "platform/file_facts.h"
 #include "platform/standard_handles.h"
 #include "platform/text_output.h"
+#include "text/path_names.h"
 #include "text/words.h"
 
 const CommandHelp typeHelp = {
     u"Shows the contents of text files.",
-    u"TYPE [/N] [/P] file ...",
+    u"TYPE [range ...] [/A[:]attributes] [/N] [/P] file ...",
+    u"/A  files with attributes, as DIR /A tells; hidden files are left out otherwise\n"
     u"/N  number the lines\n"
     u"/P  wait for a key after each screen\n"
-    u"Names may hold the wildcards * and ?. With more than one file the names go to standard error. "
+    u"Names may hold wildcards and ranges may pick files, as DIR explains. With more than one file the names "
+    u"go to standard error. "
     u"UTF-16 and UTF-8 files are recognised. Output to a file or pipe holds the very bytes of the file, but "
     u"for UTF-16 files, and for outputs whose encoding was set.",
     u"type readme.txt\n"
@@ -41,13 +46,16 @@ constexpr std::uint64_t waitForKeys = 2;
 class Writer {
 public:
     explicit Writer(std::uint64_t switches)
-        : plain(switches == 0), numbers((switches & numberLines) != 0), pager((switches & waitForKeys) != 0)
+        : tabStops(IsConsole(1) && aIniFile.TabStops != consoleTabStops ? aIniFile.TabStops : 0),
+          plain(switches == 0 && tabStops == 0), numbers((switches & numberLines) != 0),
+          pager((switches & waitForKeys) != 0)
     {}
 
     void BeginFile()
     {
         atLineStart = true;
         line = 0;
+        column = 0;
     }
 
     bool Write(std::u16string_view text)
@@ -71,8 +79,25 @@ private:
         if (numbers && atLineStart)
             shown = Format(u"%6u  ", ++line);
         atLineStart = part.back() == u'\n';
-        return pager.Piece(shown += part);
+        if (tabStops == 0)
+            return pager.Piece(shown += part);
+        for (const char16_t unit : part)
+            AppendUnit(shown, unit);
+        column = atLineStart ? 0 : column;
+        return pager.Piece(shown);
     }
+
+    // Tab stops other than the console's own.
+    void AppendUnit(CString& shown, char16_t unit)
+    {
+        const std::size_t width = unit == u'\t' ? tabStops - column % tabStops : 1;
+        shown.Append(unit == u'\t' ? CString(width, u' ') : CString(1, unit));
+        column += width;
+    }
+
+    static constexpr unsigned consoleTabStops = 8;
+    std::size_t tabStops; // 0: tabs are left to the console
+    std::size_t column = 0;
 
     bool plain;
     bool numbers;
@@ -127,45 +152,50 @@ int TypeFile(const CString& name, std::uint64_t switches, Writer& writer)
     return done ? result::success : MVError(0, name);
 }
 
-// The files that a name with wildcards stands for, or the name itself. Hidden files are passed over.
-std::vector<CString> FilesOf(const CString& name)
+// Adds the files that an argument stands for. A name that means one file is opened whatever its attributes:
+// it may be a device, too.
+int AddFiles(FILESEARCH& search, const CString& argument, bool restricted, std::vector<CString>& files)
 {
-    if (name.view().find_first_of(u"*?") == CString::npos)
-        return {name};
-    std::vector<CString> files;
-    const CString folder = name.Substr(0, name.view().find_last_of(u"\\/:") + 1);
-    WIN32_FIND_DATAW entry;
-    const OwnedFindHandle search(FindFirstFileW(SystemPath(name).w(), &entry));
-    if (!search)
-        return {name}; // opening it gives the error
-    do {
-        if ((entry.dwFileAttributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN)) == 0)
-            files.push_back(folder + std::u16string_view(reinterpret_cast<const char16_t*>(entry.cFileName)));
-    } while (FindNextFileW(search.Get(), &entry));
-    return files;
+    const std::size_t before = files.size();
+    for (bool found = FindFiles(search, argument); found; found = FindFiles(search))
+        files.push_back(search.name);
+    if (search.error != 0)
+        return MVError(search.error, search.failed);
+    if (files.size() > before)
+        return result::success;
+    if (restricted || HasWildcards(argument))
+        return MVError(ERROR_FILE_NOT_FOUND, argument);
+    files.push_back(WithoutQuotes(argument));
+    return result::success;
 }
 
 } // namespace
 
 int Type_Command(CString& arguments)
 {
+    FILESEARCH search;
+    if (const int code = GetRange(arguments, &search.ranges, 0))
+        return code;
+    if (const int code = TakeAttributeSwitches(arguments, search.attributes))
+        return code;
+    const bool restricted = !search.ranges.Empty() || search.attributes.required != 0 ||
+                            search.attributes.forbidden != 0 || search.attributes.anyOf != 0;
+    search.attributes.forbidden |= file_attribute::directory;
     std::uint64_t switches = 0;
     if (const int code = ReadSwitches(arguments, u"NP", switches))
         return code;
-    std::vector<CString> files;
     const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
     if (names.empty())
         return UsageError();
-    for (const CString& name : names)
-        for (const CString& file : FilesOf(WithoutQuotes(name)))
-            files.push_back(file);
-    Writer writer(switches);
     int code = result::success;
+    std::vector<CString> files;
+    for (const CString& name : names)
+        code = std::max(code, AddFiles(search, name, restricted, files));
+    Writer writer(switches);
     for (const CString& file : files) {
         if (files.size() > 1)
             PrintError(Format(u"\r\n%s\r\n\r\n\r\n", file));
-        if (TypeFile(file, switches, writer) != result::success)
-            code = result::error;
+        code = std::max(code, TypeFile(file, switches, writer));
     }
     return code;
 }

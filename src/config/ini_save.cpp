@@ -1,10 +1,13 @@
 #include "config/ini_save.h"
 
+#include <algorithm>
+
 #include <windows.h>
 
 #include "config/ini_file.h"
 #include "config/ini_parser.h"
 #include "config/ini_writer.h"
+#include "config/provenance.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "platform/codepage.h"
@@ -18,9 +21,11 @@ public:
     std::string ToAnsi(std::u16string_view text) override { return ToCodePage(text, GetACP()); }
 };
 
+int OtherShells() { return aGlobals.secondary ? ini_section::primary : ini_section::secondary; }
+
 void ApplyAll(IniDocument& document, const SettingIndexes& what, IniSaving how)
 {
-    const int otherShells = aGlobals.secondary ? ini_section::primary : ini_section::secondary;
+    const int otherShells = OtherShells();
     auto apply = [&](IniChange change) {
         change.remove = change.remove || how == IniSaving::Nothing;
         document.Apply(change, otherShells);
@@ -35,6 +40,23 @@ void ApplyAll(IniDocument& document, const SettingIndexes& what, IniSaving how)
         change.name = aKeyFunctions[static_cast<std::size_t>(function)].name;
         change.value = aKeyBindings.Keys(function);
         apply(change);
+    }
+}
+
+// What was saved comes from the file now, and other lines of the file may have moved.
+void NoteSources(const IniDocument& document, const CString& file, const std::vector<int>& saved)
+{
+    const std::uint32_t fileIndex = aSettingSources.FileIndex(file);
+    auto isFromHere = [&](int index) {
+        const SettingSource& source = aSettingSources.rows[static_cast<std::size_t>(index)];
+        return (source.origin == SettingOrigin::File && source.file == fileIndex) ||
+               std::find(saved.begin(), saved.end(), index) != saved.end();
+    };
+    for (const IniDocument::SettingLine& line : document.SettingLines(OtherShells())) {
+        const int index = FindDirective(line.name);
+        if (index >= 0 && isFromHere(index))
+            aSettingSources.rows[static_cast<std::size_t>(index)] = {SettingOrigin::File, fileIndex,
+                                                                     line.line};
     }
 }
 
@@ -55,5 +77,8 @@ int SaveToIniFile(const SettingIndexes& what, IniSaving how)
     IniDocument document(bytes, ansi);
     ApplyAll(document, what, how);
     const std::string changed = document.Bytes();
-    return changed == bytes || ReplaceWholeFile(file, changed) ? result::success : MVError(0, file);
+    if (changed != bytes && !ReplaceWholeFile(file, changed))
+        return MVError(0, file);
+    NoteSources(document, file, what.directives);
+    return result::success;
 }

@@ -174,9 +174,11 @@ void IniDocument::BecomeUtf8()
     mark = utf8Mark;
 }
 
-IniDocument::Found IniDocument::Look(std::u16string_view name, int skipMask) const
+// Calls `header` for each section header and `visit` with what each line sets, its number from 0 and the
+// section that it stands in.
+template <typename Header, typename Item>
+void IniDocument::Walk(int skipMask, Header header, Item visit) const
 {
-    Found found;
     int section = ini_section::none;
     for (std::size_t at = 0; at < lines.size(); ++at) {
         const CString line = Decode(lines[at]);
@@ -185,19 +187,36 @@ IniDocument::Found IniDocument::Look(std::u16string_view name, int skipMask) con
             continue;
         if (content.text.front() == u'[') {
             section = IniSectionOf(content.text);
-            found.firstHeader = std::min(found.firstHeader, at);
-            continue;
+            header(at);
+        } else if ((section & (ini_section::unknown | ini_section::disabled | skipMask)) == 0) {
+            visit(CutIniItem(content.text), at, section);
         }
-        if ((section & (ini_section::unknown | ini_section::disabled | skipMask)) != 0)
-            continue;
-        const IniItem item = CutIniItem(content.text);
+    }
+}
+
+IniDocument::Found IniDocument::Look(std::u16string_view name, int skipMask) const
+{
+    Found found;
+    auto header = [&](std::size_t at) { found.firstHeader = std::min(found.firstHeader, at); };
+    Walk(skipMask, header, [&](const IniItem& item, std::size_t at, int section) {
         if (section == ini_section::none)
             found.lastSetting = at;
         if (IsInclude(item))
             found.lastInclude = at;
         else if (EqualNoCase(item.name, name))
             found.matches.push_back(at);
-    }
+    });
+    return found;
+}
+
+std::vector<IniDocument::SettingLine> IniDocument::SettingLines(int skipMask) const
+{
+    std::vector<SettingLine> found;
+    Walk(
+        skipMask, [](std::size_t) {},
+        [&](const IniItem& item, std::size_t at, int) {
+            found.push_back({item.name, static_cast<std::uint32_t>(at + 1)});
+        });
     return found;
 }
 

@@ -44,6 +44,13 @@ public:
     // include, or at the end of the part before the first section.
     void Apply(const IniChange& change, int skipMask);
 
+    // The lines outside comments and skipped sections that set something, in their order.
+    struct SettingLine {
+        CString name;
+        std::uint32_t line = 0; // from 1
+    };
+    std::vector<SettingLine> SettingLines(int skipMask) const;
+
     // The whole file. It becomes UTF-8 when its code page has no character for some value.
     std::string Bytes();
 
@@ -54,6 +61,7 @@ private:
     CString Decode(std::string_view line) const;
     std::string Encode(std::u16string_view line);
     void BecomeUtf8();
+    template <typename Header, typename Item> void Walk(int skipMask, Header header, Item item) const;
     Found Look(std::u16string_view name, int skipMask) const;
     void InsertLine(std::size_t at, std::u16string_view content);
     void ReplaceValue(std::size_t at, const IniChange& change);
