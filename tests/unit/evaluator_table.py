@@ -120,4 +120,5 @@ def main():
         done += 1
 
 
-main()
+if __name__ == "__main__":
+    main()
