@@ -2,9 +2,9 @@
 //
 //     evaluator_speed PLACES PASSES < expressions
 //
-// Reads one expression a line, evaluates all of them PASSES times with at most PLACES places behind the decimal
-// point, writes the values of the last pass to standard output and the seconds of all passes, which include
-// reading the numbers and writing the values as text, to standard error.
+// Reads one expression a line, evaluates all of them PASSES times with at most PLACES places behind the
+// decimal point, writes the values of the last pass to standard output and the seconds of all passes, which
+// include reading the numbers and writing the values as text, to standard error.
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>

@@ -170,8 +170,22 @@ private:
         if (starPattern == npos || starName == name.size())
             return false;
         p = starPattern;
-        n = ++starName;
+        ++starName;
+        if (const char16_t follower = pattern[p]; follower != u'?' && follower != u'[')
+            starName = FindLetter(follower, starName);
+        n = starName;
         return true;
+    }
+
+    // The place of the letter in the name at or after `from`, else the name's end.
+    std::size_t FindLetter(char16_t letter, std::size_t from) const
+    {
+        const char16_t upper = UpperCase(letter);
+        const char16_t lower = LowerCase(letter);
+        const auto isSame = [=](char16_t unit) {
+            return unit == lower || unit == upper || (unit >= 0x80 && UpperCase(unit) == upper);
+        };
+        return std::find_if(name.begin() + from, name.end(), isSame) - name.begin();
     }
 
     std::u16string_view pattern;

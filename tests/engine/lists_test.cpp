@@ -1,8 +1,12 @@
 // Lists with the real system beneath: two processes on one list, writers that die, lists that grow and fill.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <random>
 #include <set>
+#include <string>
+#include <vector>
 
 #include <windows.h>
 
@@ -14,6 +18,7 @@
 #include "expand/lists.h"
 #include "platform/environment.h"
 #include "platform/process.h"
+#include "text/encoding.h"
 #include "text/format.h"
 
 namespace {
@@ -119,23 +124,53 @@ TEST_F(SharedLists, AreSeenByOtherProcesses)
     EXPECT_EQ(Alias(u"mvt_child"), u"from the child");
 }
 
-TEST_F(SharedLists, TwoWritersLoseNothing)
+// What a writer's change number `round` leaves of its entry; empty when the change deletes it.
+CString ValueOf(int round) { return round % 5 == 4 ? CString() : Format(u"%0*d", 1 + round % 60, round); }
+
+// Four processes change one list while a fifth is ended in the middle of its own changes again and again.
+// MOVA_LISTS_ROUNDS in the environment sets the number of changes of each.
+TEST_F(SharedLists, WritersLoseNothingWhileOthersAreEnded)
 {
-    constexpr int rounds = 150;
-    const char16_t* mine = IsChild() ? u"mvt_c" : u"mvt_p";
-    ChildProcess child = IsChild() ? ChildProcess() : StartChild();
-    for (int i = 0; i < rounds; ++i)
-        ASSERT_EQ(Define(Format(u"%s%d=%0*d", CString(mine), i, 1 + i % 40, i)), 0);
-    for (int i = 0; i < rounds; i += 3)
-        ASSERT_EQ(Define(Format(u"%s%d=", CString(mine), i)), 0);
-    if (IsChild())
+    constexpr int writers = 4, slots = 40;
+    constexpr std::u16string_view roleName = u"MOVA_LISTS_ROLE", roundsName = u"MOVA_LISTS_ROUNDS";
+    CString text;
+    const int rounds = ReadEnvironment(roundsName, text) ? std::stoi(ToUtf8(text)) : 100;
+    if (IsChild()) {
+        ASSERT_TRUE(ReadEnvironment(roleName, text));
+        const bool isVictim = text == u"victim";
+        for (int round = 0; isVictim || round < rounds; ++round)
+            ASSERT_EQ(Define(Format(u"mvt_%s%d=%s", text, round % slots, ValueOf(round))), 0);
         return;
-    ASSERT_TRUE(child.Wait([] {}));
-    for (const char16_t* side : {u"mvt_c", u"mvt_p"})
-        for (int i = 0; i < rounds; ++i) {
-            const CString expected = i % 3 == 0 ? CString(u"(none)") : Format(u"%0*d", 1 + i % 40, i);
-            EXPECT_EQ(Alias(Format(u"%s%d", CString(side), i)), std::u16string(expected.view()));
-        }
+    }
+    const auto start = [this](const CString& role) {
+        WriteEnvironment(roleName, role);
+        return StartChild();
+    };
+    std::vector<ChildProcess> children;
+    for (int writer = 0; writer < writers; ++writer)
+        children.push_back(start(Format(u"%d_", writer)));
+    const auto hasEnded = [](const ChildProcess& child) { return child.HasEnded(); };
+    std::mt19937 random(GetTickCount());
+    int ended = 0;
+    for (; !std::all_of(children.begin(), children.end(), hasEnded); ++ended) {
+        ChildProcess victim = start(u"victim");
+        Sleep(100 + random() % 100);
+        ASSERT_TRUE(victim.Terminate(1));
+        ASSERT_TRUE(victim.Wait([] {}));
+    }
+    EXPECT_GT(ended, 0);
+    for (const ChildProcess& child : children)
+        EXPECT_EQ(child.ExitCode(), 0u);
+    RemoveEnvironment(roleName);
+    for (int slot = 0; slot < slots; ++slot) {
+        const int last = slot + (rounds - 1 - slot) / slots * slots;
+        const CString expected = ValueOf(last).empty() ? CString(u"(none)") : ValueOf(last);
+        for (int writer = 0; writer < writers; ++writer)
+            EXPECT_EQ(Alias(Format(u"mvt_%d_%d", writer, slot)), std::u16string(expected.view()));
+        const std::u16string left = Alias(Format(u"mvt_victim%d", slot));
+        EXPECT_EQ(left.find_first_not_of(u"0123456789"), left == u"(none)" ? 0 : std::u16string::npos)
+            << slot;
+    }
 }
 
 // While another process changes an entry in front of it, an entry is never seen missing or half moved.
