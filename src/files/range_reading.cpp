@@ -9,6 +9,7 @@
 #include "text/compare.h"
 #include "text/numbers.h"
 #include "text/scanner.h"
+#include "text/size_units.h"
 #include "text/switches.h"
 #include "text/words.h"
 
@@ -97,22 +98,6 @@ int WithinDay(int second) { return ((second % secondsPerDay) + secondsPerDay) % 
 // One size, "10", "4k" or "4K"; the only place where the letter case of a switch counts.
 std::optional<std::int64_t> ReadSize(std::u16string_view text)
 {
-    struct Unit {
-        char16_t letter;
-        std::int64_t bytes;
-    };
-    constexpr Unit units[] = {
-        {u'b', 1},
-        {u'B', 1},
-        {u'k', 1000},
-        {u'K', 1024},
-        {u'm', 1'000'000},
-        {u'M', 1 << 20},
-        {u'g', 1'000'000'000},
-        {u'G', 1 << 30},
-        {u't', 1'000'000'000'000},
-        {u'T', std::int64_t{1} << 40},
-    };
     if (text.empty() || !IsDigit(text.front()))
         return std::nullopt;
     std::size_t used = 0;
@@ -122,10 +107,10 @@ std::optional<std::int64_t> ReadSize(std::u16string_view text)
         return number;
     if (letter.size() != 1)
         return std::nullopt;
-    for (const Unit& unit : units)
-        if (unit.letter == letter.front())
-            return number > INT64_MAX / unit.bytes ? INT64_MAX : number * unit.bytes;
-    return std::nullopt;
+    const auto unit = UnitBytes(letter.front());
+    if (!unit || UpperCase(letter.front()) == u'P') // ranges have never known petabytes
+        return std::nullopt;
+    return number > INT64_MAX / *unit ? INT64_MAX : number * *unit;
 }
 
 class RangeReader {

@@ -1,5 +1,9 @@
 #include "files/text_pieces.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
 namespace {
 
 unsigned char ByteAt(std::string_view block, std::size_t at) { return static_cast<unsigned char>(block[at]); }
@@ -26,6 +30,33 @@ std::size_t WholeUtf8(std::string_view block)
     return size;
 }
 
+// Sixteen bytes that the processor compares at once.
+using Lanes = std::uint8_t __attribute__((vector_size(16)));
+
+std::size_t CountLineFeeds(std::string_view block) noexcept
+{
+    constexpr std::size_t mostRounds = 255; // that a lane can count
+    std::size_t count = 0;
+    while (block.size() >= sizeof(Lanes)) {
+        const std::size_t rounds = std::min(block.size() / sizeof(Lanes), mostRounds);
+        Lanes sums = {};
+        for (std::size_t round = 0; round < rounds; ++round) {
+            Lanes bytes;
+            std::memcpy(&bytes, block.data() + round * sizeof bytes, sizeof bytes);
+            sums -= reinterpret_cast<Lanes>(bytes == '\n'); // -1 in the lanes that are equal
+        }
+        for (std::size_t lane = 0; lane < sizeof(Lanes); ++lane)
+            count += sums[lane];
+        block.remove_prefix(rounds * sizeof(Lanes));
+    }
+    return count + static_cast<std::size_t>(std::count(block.begin(), block.end(), '\n'));
+}
+
+bool IsUtf16LineFeed(std::string_view block, std::size_t at) noexcept
+{
+    return block[at] == '\n' && block[at + 1] == '\0';
+}
+
 } // namespace
 
 std::size_t WholeLines(std::string_view block, TextEncoding encoding) noexcept
@@ -46,4 +77,58 @@ std::size_t WholeCharacters(std::string_view block, TextEncoding encoding) noexc
     case TextEncoding::CodePage: break;
     }
     return block.size();
+}
+
+std::size_t CountLineEnds(std::string_view block, TextEncoding encoding) noexcept
+{
+    if (encoding != TextEncoding::Utf16)
+        return CountLineFeeds(block);
+    std::size_t count = 0;
+    for (std::size_t at = 0; at + 1 < block.size(); at += 2)
+        count += IsUtf16LineFeed(block, at) ? 1 : 0;
+    return count;
+}
+
+std::size_t BehindLineEnd(std::string_view block, TextEncoding encoding, std::size_t n) noexcept
+{
+    const bool wide = encoding == TextEncoding::Utf16;
+    // Whole stretches are passed over by counting, which is quicker than stopping at each line end.
+    constexpr std::size_t stretch = 4096;
+    std::size_t at = 0;
+    for (; at + stretch <= block.size(); at += stretch) {
+        const std::size_t count = CountLineEnds(block.substr(at, stretch), encoding);
+        if (count >= n)
+            break;
+        n -= count;
+    }
+    for (; (at = block.find('\n', at)) != block.npos; ++at) {
+        if (wide && (at % 2 != 0 || at + 1 >= block.size() || block[at + 1] != '\0'))
+            continue;
+        if (--n == 0)
+            return at + (wide ? 2 : 1);
+    }
+    return block.npos;
+}
+
+bool EndsWithLineEnd(std::string_view block, TextEncoding encoding) noexcept
+{
+    if (encoding != TextEncoding::Utf16)
+        return block.ends_with('\n');
+    return block.size() >= 2 && IsUtf16LineFeed(block, (block.size() & ~std::size_t{1}) - 2);
+}
+
+std::size_t BytesOfCharacters(std::string_view block, TextEncoding encoding, std::size_t count) noexcept
+{
+    if (encoding != TextEncoding::Utf8)
+        return std::min(block.size(), encoding == TextEncoding::Utf16 ? count * 2 : count);
+    std::size_t at = 0;
+    while (at < block.size()) {
+        const std::size_t bytes = Utf8Length(static_cast<unsigned char>(block[at]));
+        const std::size_t units = bytes == 4 ? 2 : 1;
+        if (units > count)
+            break;
+        count -= units;
+        at += bytes;
+    }
+    return std::min(at, block.size());
 }

@@ -13,7 +13,9 @@ namespace {
 
 constexpr std::size_t blockSize = 65536;
 
-CString Decode(std::string_view bytes, TextEncoding encoding)
+} // namespace
+
+CString DecodeText(std::string_view bytes, TextEncoding encoding)
 {
     switch (encoding) {
     case TextEncoding::Utf8: return FromUtf8(bytes);
@@ -27,8 +29,6 @@ CString Decode(std::string_view bytes, TextEncoding encoding)
     }
     return FromCodePage(bytes, OutputCodePage());
 }
-
-} // namespace
 
 bool TextReader::Open(std::u16string_view name, OtherWriters others)
 {
@@ -68,7 +68,7 @@ bool TextReader::Read(CString& piece)
     }
     if (whole == 0)
         whole = atEnd ? block.size() : WholeCharacters(block, encoding.encoding);
-    piece = Decode(std::string_view(block).substr(0, whole), encoding.encoding);
+    piece = DecodeText(std::string_view(block).substr(0, whole), encoding.encoding);
     block.erase(0, whole);
     return true;
 }

@@ -10,6 +10,9 @@
 #include "platform/handle.h"
 #include "text/encoding.h"
 
+// The text of bytes in the encoding; those of a code page are in that of the console.
+CString DecodeText(std::string_view bytes, TextEncoding encoding);
+
 // Whether other programs may write to the file while it is open here.
 enum class OtherWriters { Allowed, Refused };
 

@@ -134,3 +134,19 @@ int Properties_Function(FunctionCall& call);
 int Summary_Function(FunctionCall& call);
 int Assoc_Function(FunctionCall& call);
 int Ftype_Function(FunctionCall& call);
+
+// file_handles.cpp
+int Fileopen_Function(FunctionCall& call);
+int Fileclose_Function(FunctionCall& call);
+int Filehandle_Function(FunctionCall& call);
+int Fileread_Function(FunctionCall& call);
+int Filereadb_Function(FunctionCall& call);
+int Filewrite_Function(FunctionCall& call);
+int Filewriteb_Function(FunctionCall& call);
+int Fileseek_Function(FunctionCall& call);
+int Fileseekl_Function(FunctionCall& call);
+int Truncate_Function(FunctionCall& call);
+
+// file_lines.cpp
+int Line_Function(FunctionCall& call);
+int Lines_Function(FunctionCall& call);
