@@ -4,6 +4,7 @@
 
 #include "batch/do_header.h"
 #include "batch/do_values.h"
+#include "batch/line_loop.h"
 #include "batch/reader.h"
 #include "engine/batch_entry.h"
 #include "engine/break.h"
@@ -151,7 +152,7 @@ DoLoop::After DoLoop::PassLines()
             MVError(errors::unfinishedBlock, u"DO");
             return Abandon(result::abandonBatch);
         }
-        const int code = Command_S(std::move(line), line_flags::batch);
+        const int code = RunBatchLine(std::move(line));
         const bool ended = code == result::abandonBatch && tls.loopSignal != LoopSignal::None;
         after = LeftByJump() ? Abandon(result::abandonLine) : Judge(code);
         if (ended || after != After::NextPass)

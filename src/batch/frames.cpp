@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include <windows.h>
-
 #include "batch/batch_file.h"
 #include "batch/local_environment.h"
+#include "batch/on_events.h"
 #include "engine/batch_entry.h"
 #include "engine/break.h"
 #include "engine/command_entry.h"
@@ -41,12 +40,6 @@ void RunDeferredCommands(TLS_VARIABLES& tls)
     }
 }
 
-void RestoreErrorMode(const BATCH_FRAME& frame)
-{
-    if (!frame.onCommands[static_cast<int>(OnEvent::Error)].empty())
-        SetErrorMode(frame.savedErrorMode);
-}
-
 } // namespace
 
 BATCH_FRAME NewFrame(std::vector<CString> arguments, std::u16string_view invokedAs,
@@ -79,7 +72,7 @@ int ExitBatchFile()
     RunDeferredCommands(tls);
     RestoreSavedVariables(*tls.Frame());
     EndAllLocalEnvironments(tls.Frame()->localEnvironments);
-    RestoreErrorMode(*tls.Frame());
+    ReleaseOnCommands(*tls.Frame());
     CloseFrameFile(*tls.Frame());
     tls.frames.pop_back();
     --tls.batchIndex;

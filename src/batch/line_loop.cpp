@@ -5,6 +5,7 @@
 #include "batch/batch_file.h"
 #include "batch/frames.h"
 #include "batch/label_search.h"
+#include "batch/on_events.h"
 #include "engine/batch_entry.h"
 #include "engine/break.h"
 #include "engine/command_entry.h"
@@ -14,6 +15,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "text/compare.h"
+#include "text/path_names.h"
 #include "text/words.h"
 
 namespace {
@@ -31,6 +33,32 @@ AfterBreak AskAfterBreak(const BATCH_FRAME& frame)
     return answer == u'Y' ? AfterBreak::EndFile : AfterBreak::EndAll;
 }
 
+// A break has come up to a line of the current frame. ON says what becomes of it; what ON says nothing about,
+// the person decides.
+AfterBreak DecideAfterBreak(TLS_VARIABLES& tls, int& answer)
+{
+    const bool endsShell = break_event::EndsShell(tls.breakEvent);
+    const unsigned serial = tls.Frame()->serial;
+    try {
+        if (RunOnBreak(answer)) {
+            if (!endsShell)
+                return AfterBreak::GoOn;
+            // There is time for what the command jumps to, but for no more of the file.
+            BATCH_FRAME* frame = tls.Frame();
+            if (EndsLine(answer) && frame && frame->serial == serial && frame->readOffset >= 0) {
+                frame->closing = true;
+                return AfterBreak::GoOn;
+            }
+        }
+    } catch (const Break&) {
+        ClearBreak();
+    }
+    if (!CallerAwaitsBreak())
+        return AskAfterBreak(*tls.Frame());
+    AbandonFrame();
+    throw Break{breakResult};
+}
+
 // Runs one line of the loop that owns frame `index`. A break abandons the line, and the person decides about
 // the rest; false when the batch file is to end. A break that ends all of them goes on to the caller.
 bool RunLine(TLS_VARIABLES& tls, int index, CString line, int& answer)
@@ -38,7 +66,7 @@ bool RunLine(TLS_VARIABLES& tls, int index, CString line, int& answer)
     const int unknownDepth = tls.unknownCommandDepth;
     const int associationDepth = tls.associationDepth;
     try {
-        answer = Command_S(std::move(line), line_flags::batch);
+        answer = RunBatchLine(std::move(line));
         return true;
     } catch (const Break&) {
         ClearBreak();
@@ -49,12 +77,14 @@ bool RunLine(TLS_VARIABLES& tls, int index, CString line, int& answer)
         tls.loopSignal = LoopSignal::None;
         if (tls.batchIndex < index)
             throw;
-        const AfterBreak after = AskAfterBreak(*tls.Frame());
+        answer = result::success;
+        const AfterBreak after = DecideAfterBreak(tls, answer);
         if (after == AfterBreak::EndAll) {
             AbandonAllFrames();
             throw;
         }
-        answer = after == AfterBreak::GoOn ? result::success : breakResult;
+        if (after == AfterBreak::EndFile)
+            answer = breakResult;
         return after == AfterBreak::GoOn;
     }
 }
@@ -125,6 +155,8 @@ int RunFrame(TLS_VARIABLES& tls)
 {
     const int index = tls.batchIndex;
     const int answer = BatchLineLoop();
+    if (tls.batchIndex == index && tls.Frame()->closing)
+        throw Break{breakResult}; // the callers have commands of their own for the end of the shell
     if (EndsLine(answer))
         return result::success;
     return answer == 0 && tls.batchIndex == index ? ResultOfExitCode(tls.Frame()->exitCode) : answer;
@@ -149,7 +181,21 @@ struct FrameEnd {
     }
 };
 
+// To standard error: depth, file, line number and the line as it stands in the file.
+void TraceLine(const BATCH_FRAME& frame, int depth, std::u16string_view line)
+{
+    PrintError(Format(u"[%d] %s:%u: %s\r\n", depth, FileNamePart(frame.fileName), frame.lineNumber, line));
+}
+
 } // namespace
+
+int RunBatchLine(CString line)
+{
+    TLS_VARIABLES& tls = Tls();
+    if ((aIniFile.Debug & debug_bits::traceLines) != 0 && tls.Frame())
+        TraceLine(*tls.Frame(), tls.batchIndex + 1 + tls.Frame()->subroutineDepth, line);
+    return TestOnCondition(Command_S(std::move(line), line_flags::batch));
+}
 
 int BatchLineLoop()
 {

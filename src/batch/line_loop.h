@@ -7,3 +7,8 @@
 int BatchLineLoop();
 
 constexpr int breakResult = 3;
+
+class CString;
+// Runs one line that was read from the current batch file, and what belongs to every such line: tracing and
+// ON CONDITION.
+int RunBatchLine(CString line);

@@ -24,7 +24,7 @@ int Exit_Command(CString& arguments)
         return code;
     TLS_VARIABLES& tls = Tls();
     if (arguments.Trim().empty())
-        arguments = Format(u"%d", tls.errorLevel);
+        arguments = Format(u"%d", int{tls.errorLevel});
     if (flags != 0 && tls.Frame())
         return Quit_Command(arguments);
     Cancel_Command(arguments);

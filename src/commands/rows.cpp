@@ -1,5 +1,6 @@
 // The internal commands, one row each: name, handler, flags (command_flags in engine/tables.h), enabled,
-// completion hint, help. The flag 0x1000000 marks commands that keep text for a later line.
+// completion hint, help. The flags 0x1000000 and 0x2000000 mark commands that keep
+// text or groups for later.
 //
 // A new command is one row here, in its place in the alphabet, and one handler in its family's file. A hint
 // names what to offer for each argument: "[1]" the first, "[2*]" the second and all later ones, "[/r]" the
@@ -9,6 +10,7 @@
 #include "commands/alias.h"
 #include "commands/batch_control.h"
 #include "commands/beep.h"
+#include "commands/break.h"
 #include "commands/chcp.h"
 #include "commands/cls.h"
 #include "commands/color.h"
@@ -31,18 +33,23 @@
 #include "commands/if.h"
 #include "commands/local.h"
 #include "commands/log.h"
+#include "commands/on.h"
 #include "commands/option.h"
 #include "commands/path.h"
 #include "commands/pause.h"
 #include "commands/prompt.h"
+#include "commands/random.h"
 #include "commands/remark.h"
+#include "commands/repeat.h"
 #include "commands/set.h"
 #include "commands/set_array.h"
 #include "commands/setdos.h"
+#include "commands/seterror.h"
 #include "commands/shralias.h"
 #include "commands/start.h"
 #include "commands/switch.h"
 #include "commands/text_block.h"
+#include "commands/timer.h"
 #include "commands/title.h"
 #include "commands/true_false.h"
 #include "commands/type.h"
@@ -63,7 +70,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"BATCOMP", Unbuilt_Command, 0x2107, 1, u"btm cmd bat dirs", &unbuiltHelp},
     {u"BDEBUGGER", Unbuilt_Command, 0x2007, 1, u"btm cmd bat dirs", &unbuiltHelp},
     {u"BEEP", Beep_Command, 0x2007, 1, u"", &beepHelp},
-    {u"BREAK", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"BREAK", Break_Command, 0x202007, 1, u"", &breakHelp},
     {u"BREAKPOINT", Unbuilt_Command, 0x402047, 1, u"", &unbuiltHelp},
     {u"BTMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"BZIP2", Unbuilt_Command, 0x82007, 1, u"[1] bz2 dirs [2*] *", &unbuiltHelp},
@@ -92,7 +99,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DEBUGSTRING", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"DEDUPE", Unbuilt_Command, 0x2107, 1, u"dirs", &unbuiltHelp},
     {u"DEFAULT", Case_Command, 0x402044, 1, u"", &switchHelp},
-    {u"DEFER", Defer_Command, 0x402064, 1, u"", &deferHelp},
+    {u"DEFER", Defer_Command, 0x2402064, 1, u"", &deferHelp},
     {u"DEL", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
     {u"DELAY", Delay_Command, 0x2007, 1, u"", &delayHelp},
     {u"DESCRIBE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
@@ -195,7 +202,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"NETMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"NOTIFY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ODBC", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
-    {u"ON", Unbuilt_Command, 0x402064, 1, u"", &unbuiltHelp},
+    {u"ON", On_Command, 0x2402064, 1, u"", &onHelp},
     {u"OPTION", Option_Command, 0x82007, 1, u"", &optionHelp},
     {u"OSD", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"PATH", Path_Command, 0x202007, 1, u"", &pathHelp},
@@ -219,7 +226,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"PUSHD", Pushd_Command, 0x606307, 1, u"dirs", &pushdHelp},
     {u"QUERYBOX", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"QUIT", Quit_Command, 0x402007, 1, u"", &quitHelp},
-    {u"RANDOM", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"RANDOM", Random_Command, 0x2007, 1, u"", &randomHelp},
     {u"RD", Unbuilt_Command, 0x282327, 1, u"dirs", &unbuiltHelp},
     {u"REBOOT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RECORDER", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
@@ -229,7 +236,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"REM", Remark_Command, 0x604207, 1, u"", &remarkHelp},
     {u"REN", Unbuilt_Command, 0x282127, 1, u"", &unbuiltHelp},
     {u"RENAME", Unbuilt_Command, 0x282127, 1, u"", &unbuiltHelp},
-    {u"REPEAT", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
+    {u"REPEAT", Repeat_Command, 0x2016, 1, u"", &repeatHelp},
     {u"RESOLUTION", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RESTOREPOINT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RETURN", Ret_Command, 0x402047, 1, u"", &returnHelp},
@@ -249,7 +256,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SET", Set_Command, 0x680007, 1, u"[/r] * [1] variables [2*] *", &setHelp},
     {u"SETARRAY", Setarray_Command, 0x2007, 1, u"", &setarrayHelp},
     {u"SETDOS", Setdos_Command, 0x82007, 1, u"", &setdosHelp},
-    {u"SETERROR", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"SETERROR", Seterror_Command, 0x2107, 1, u"", &seterrorHelp},
     {u"SETLOCAL", Setlocal_Command, 0x602107, 1, u"", &setlocalHelp},
     {u"SETP", Unbuilt_Command, 0x2007, 1, u"[1] variables [2*] *", &unbuiltHelp},
     {u"SHIFT", Shift_Command, 0x602047, 1, u"", &shiftHelp},
@@ -276,7 +283,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TEXT", Text_Command, 0x402047, 1, u"", &textHelp},
     {u"THREAD", Unbuilt_Command, 0x1002007, 1, u"", &unbuiltHelp},
     {u"TIME", Time_Command, 0x202007, 1, u"", &timeHelp},
-    {u"TIMER", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"TIMER", Timer_Command, 0x2007, 1, u"", &timerHelp},
     {u"TITLE", Title_Command, 0x202007, 1, u"", &titleHelp},
     {u"TMP", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"TOAST", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},

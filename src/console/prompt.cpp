@@ -50,7 +50,7 @@ public:
     CString Directory() override { return CurrentDirectory(); }
     CString DirectoryOf(char16_t drive) override { return DirectoryOfDrive(drive); }
     CString RemoteName() override;
-    CString ErrorLevel() override { return Format(u"%d", Tls().errorLevel); }
+    CString ErrorLevel() override { return Format(u"%d", int{Tls().errorLevel}); }
     CString UserName() override
     {
         CString name;

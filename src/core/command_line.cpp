@@ -95,6 +95,8 @@ bool IsPipe(Connector connector)
     return connector == Connector::Pipe || connector == Connector::PipeErrors;
 }
 
+bool TakesGroups(unsigned flags) { return (flags & (command_flags::block | command_flags::keepGroup)) != 0; }
+
 using StepFunction = Step (CommandLine::*)();
 
 int CommandLine::Run()
@@ -339,7 +341,7 @@ Step CommandLine::LookUp()
 Step CommandLine::CompleteBlocks()
 {
     const bool group = rest.front() == u'(';
-    if (!group && (rowFlags & command_flags::block) == 0)
+    if (!group && !TakesGroups(rowFlags))
         return Step::Go;
     rest.TrimRight(u" \t\r\n");
     const int code = CompleteBlock(rest);
@@ -451,7 +453,7 @@ Step CommandLine::Redirect()
         return Step::Go;
     int code = pipedTo.empty() ? result::success : redirections.StartPipe(pipedTo, pipeErrors);
     if (code == result::success && (rowFlags & command_flags::redirect) != 0)
-        code = redirections.Apply(command, command.front() == u'(', syntax);
+        code = redirections.Apply(command, command.front() == u'(' || TakesGroups(rowFlags), syntax);
     return code == result::success ? Step::Go : Fail(code);
 }
 
@@ -505,6 +507,11 @@ void CommandLine::EndPass()
 {
     redirections.Finish(lastResult);
     ResetParsingFlags();
+    // Jumps of an ON command end the line as those of the line itself do.
+    const BATCH_FRAME* frame = Tls().Frame();
+    if (frame && frame->onSet != 0)
+        if (const int code = RunOnCommands(); EndsLine(code))
+            lastResult = code;
 }
 
 void CommandLine::DropFirstCommand()
@@ -535,7 +542,7 @@ CommandShape CommandLine::ShapeOf(std::u16string_view text) const
         return CommandShape::Parentheses;
     const BUILTIN* found = nullptr;
     FindInternalCommand(text.substr(start), false, &found);
-    if (!found || (CommandFlags(*found) & command_flags::block) == 0)
+    if (!found || !TakesGroups(CommandFlags(*found)))
         return CommandShape::Plain;
     const bool isIf = EqualNoCase(found->name, u"IF");
     // Older scripts rely on it: "if errorlevel 1 echo failed & exit /b".

@@ -112,7 +112,7 @@ int QueryIsCommandEnabled(std::u16string_view name)
 unsigned QueryInternalCommandFlags(std::u16string_view name)
 {
     const CommandState* state = FindState(name);
-    return state ? state->flags & ~command_flags::keepText : 0;
+    return state ? state->flags & ~command_flags::oursAlone : 0;
 }
 
 int SetInternalCommandFlags(std::u16string_view name, unsigned flags)
@@ -120,7 +120,7 @@ int SetInternalCommandFlags(std::u16string_view name, unsigned flags)
     CommandState* state = FindState(name);
     if (!state)
         return result::error;
-    state->flags = (flags & ~command_flags::keepText) | (state->flags & command_flags::keepText);
+    state->flags = (flags & ~command_flags::oursAlone) | (state->flags & command_flags::oursAlone);
     return result::success;
 }
 

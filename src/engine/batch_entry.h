@@ -36,5 +36,9 @@ int ExitBatchFile();   // ends the current frame; 2 when there was none to end
 // is not to run; the answer is a code of results.h.
 int ActOnBlockWords(CString& command, bool& consumed);
 
+// Runs the commands that ON has set in the current batch file for what has happened since they were last
+// asked for. result::success, or the code of a command that has left the line.
+int RunOnCommands();
+
 // Runs the start-up or exit file of the given base name, if there is one.
 int RunStartupFiles(std::u16string_view name, std::u16string_view arguments);

@@ -50,7 +50,20 @@ CString WithArgument(CString text, std::u16string_view whole)
     return argument.front() == u'"' ? Format(u"%s %s", text, argument) : Format(u"%s \"%s\"", text, argument);
 }
 
-constexpr unsigned debugShowsSystemCodes = 2; // bit of the Debug setting
+// Hands the error to the batch file's ON ERROR or ON ERRORMSG command, which runs when the failing command
+// has ended; true when it takes the place of the message.
+bool TellBatchFile(BATCH_FRAME* frame)
+{
+    if (!frame || frame->onSet == 0)
+        return false;
+    for (const OnEvent event : {OnEvent::Error, OnEvent::ErrorMsg}) {
+        if ((frame->onSet & ~frame->onRunning & OnBit(event)) == 0)
+            continue;
+        frame->onWaiting |= OnBit(event);
+        return event == OnEvent::Error;
+    }
+    return false;
+}
 
 // The line end keeps the screen's own colours: a background would run on into the next line.
 void ShowError(const CString& line)
@@ -80,12 +93,13 @@ int MVError(unsigned code, std::u16string_view argument)
     if (!IsOwnCode(code))
         Tls().lastSystemError = code;
     CString line;
-    if ((static_cast<unsigned>(aIniFile.Debug) & debugShowsSystemCodes) != 0)
+    if ((aIniFile.Debug & debug_bits::systemCodes) != 0)
         line = Format(u"ORV: %s", IsOwnCode(code) ? u"" : u"(Sys) ");
     line.Append(WithArgument(ErrorText(code), argument));
     line.TrimRight(u"\r\n");
     WriteLogLine(Log::Errors, line);
-    ShowError(line);
+    if (!TellBatchFile(Tls().Frame()))
+        ShowError(line);
     return result::error;
 }
 

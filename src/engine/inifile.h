@@ -48,6 +48,12 @@ constexpr SettingChoice standard = 0, maximize = 1, minimize = 2, custom = 3, hi
 }
 } // namespace choice
 
+// Bits of the setting Debug.
+namespace debug_bits {
+constexpr std::uint32_t systemCodes = 2; // messages of Windows are marked
+constexpr std::uint32_t traceLines = 8;  // lines of batch files are shown before they run
+} // namespace debug_bits
+
 // The last two fields mark a record of this format; a child shell uses no other.
 constexpr std::uint32_t iniFormat = 9;
 constexpr std::uint32_t iniFormatCheck = 19930;

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "engine/export.h"
@@ -32,6 +33,8 @@ enum class OnEvent {
     Suspend,
     Count
 };
+
+constexpr unsigned OnBit(OnEvent event) { return 1u << static_cast<unsigned>(event); }
 
 namespace frame_flags {
 constexpr unsigned noFile = 1; // the frame has no file of its own
@@ -74,6 +77,10 @@ struct BATCH_FRAME {
     std::vector<unsigned> callerLines; // beside labels
     bool echo = true;
     CString onCommands[static_cast<int>(OnEvent::Count)];
+    unsigned onSet = 0;     // OnBit of each event that has a command
+    unsigned onWaiting = 0; // events that have happened and whose commands are yet to run
+    unsigned onRunning = 0; // events whose commands run now; they do not interrupt themselves
+    bool closing = false;   // the shell ends as soon as this frame has
     unsigned savedErrorMode = 0;
     CString savedTitle;
     std::shared_ptr<std::vector<char>> memoryText; // whole file, ended by one Ctrl-Z unit
@@ -149,6 +156,24 @@ struct StandardInputEncoding {
     int flags = 0; // of GetNextLine
 };
 
+// %? and ERRORLEVEL. It notes that it was set, if only to what it was before: that is what ON ERRORLEVEL
+// asks.
+class ErrorLevel {
+public:
+    ErrorLevel& operator=(int newLevel)
+    {
+        level = newLevel;
+        touched = true;
+        return *this;
+    }
+    operator int() const { return level; }
+    bool TakeTouched() { return std::exchange(touched, false); }
+
+private:
+    int level = 0;
+    bool touched = false;
+};
+
 // How far the expansion of variables has got.
 struct ExpansionProgress {
     int depth = 0;      // expansions inside expansions
@@ -157,7 +182,7 @@ struct ExpansionProgress {
 
 // Per-thread state.
 struct TLS_VARIABLES {
-    int errorLevel = 0;           // %? and ERRORLEVEL
+    ErrorLevel errorLevel;
     int lastInternalResult = 0;   // %_?
     unsigned lastSystemError = 0; // %_syserr
     CString commandName;          // the internal command that runs
@@ -188,6 +213,7 @@ struct TLS_VARIABLES {
     bool signalsHeld = false;
     bool breakPending = false;
     bool breakHappened = false;
+    unsigned breakEvent = 0;         // the event taken last, of break_event
     bool listUpdating = false;       // an alias or function list is being changed
     bool protectedOperation = false; // an operation that a break must not cut
     StandardHandleKind handleKinds[3];
@@ -226,6 +252,8 @@ struct GLOBAL_VARIABLES {
     std::int32_t countryKnown = 0;
     NationalSettings country; // the system's own, while countryKnown; ask Country() of engine/country.h
     std::uint32_t startTicks = 0;
+    std::int32_t breakOff = 0;     // BREAK OFF: Ctrl+C is not looked at
+    std::uint64_t timers[10] = {}; // when TIMER 1 to 10 began, by PreciseTicks(); 0 when it does not run
 };
 extern GLOBAL_VARIABLES aGlobals;
 

@@ -41,6 +41,10 @@ constexpr unsigned basic = 0x200000;  // member of the basic command set
 // Holds text for a later line (CALL, ALIAS, DEFER ...): escape sequences are left for that line. Ours alone;
 // queries about a row's flags do not show it. Commands without `expand` keep their text anyway.
 constexpr unsigned keepText = 0x1000000;
+// Its argument is a command that runs later or elsewhere: a group in parentheses belongs to it, over several
+// lines if need be. Ours alone, too.
+constexpr unsigned keepGroup = 0x2000000;
+constexpr unsigned oursAlone = keepText | keepGroup;
 } // namespace command_flags
 
 struct BUILTIN {

@@ -86,6 +86,7 @@ int Convert_Function(FunctionCall& call);
 int Formatn_Function(FunctionCall& call);
 int Formatnc_Function(FunctionCall& call);
 int Random_Function(FunctionCall& call);
+int Timer_Function(FunctionCall& call);
 int If_Function(FunctionCall& call);
 
 // file_name_parts.cpp

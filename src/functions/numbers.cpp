@@ -193,14 +193,9 @@ int Random_Function(FunctionCall& call)
     const FunctionArguments arguments(call, u"nn");
     if (arguments.Error() != 0)
         return arguments.Error();
-    const std::int64_t low = arguments.Number(0);
-    const std::uint64_t range =
-        static_cast<std::uint64_t>(arguments.Number(1)) - static_cast<std::uint64_t>(low) + 1;
-    if (arguments.Number(1) < low)
+    if (arguments.Number(1) < arguments.Number(0))
         return static_cast<int>(errors::invalidNumber);
-    const std::uint64_t random = (std::uint64_t{NextRandom()} << 32) | NextRandom();
-    const std::uint64_t step = range == 0 ? random : random % range;
-    call.value = Format(u"%d", static_cast<std::int64_t>(static_cast<std::uint64_t>(low) + step));
+    call.value = Format(u"%d", RandomBetween(arguments.Number(0), arguments.Number(1)));
     return 0;
 }
 

@@ -367,7 +367,7 @@ constexpr VariableFunctionRow aVariableFunctions[] = {
     {u"tcl", nullptr},
     {u"tdigit", Tdigit_Function},
     {u"time", nullptr},
-    {u"timer", nullptr},
+    {u"timer", Timer_Function},
     {u"tk", nullptr},
     {u"tlower", Tlower_Function},
     {u"tmp", nullptr},

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "engine/country.h"
+#include "engine/state.h"
 #include "internals/clock_texts.h"
 #include "internals/values.h"
 #include "platform/clock.h"
@@ -65,6 +66,17 @@ CString DetailedTimeText()
 {
     const ClockTime time = LocalTime();
     return Format(u"%2d:%02d:%02d.%02d", time.hour, time.minute, time.second, time.millisecond / 10);
+}
+
+CString ElapsedTimeText(int timer)
+{
+    const std::uint64_t began = aGlobals.timers[timer - 1];
+    if (began == 0)
+        return CString();
+    constexpr std::uint64_t hundredth = 10'000; // microseconds
+    const std::uint64_t elapsed = (PreciseTicks() - began) / hundredth;
+    const std::uint64_t seconds = elapsed / 100;
+    return Format(u"%u:%02u:%02u.%02u", seconds / 3600, seconds / 60 % 60, seconds % 60, elapsed % 100);
 }
 
 bool Year_Variable(CString& value) { return AnswerNumber(value, LocalTime().year); }

@@ -48,7 +48,7 @@ static_assert(IsSortedByName(compatibleVariables, compatibleCount), "the rows st
 bool InternalVariableValue(View name, CString& value)
 {
     if (name == u"?" || EqualNoCase(name, u"ERRORLEVEL"))
-        return AnswerNumber(value, Tls().errorLevel);
+        return AnswerNumber(value, int{Tls().errorLevel});
     if (name.empty() || QueryBreak())
         return false;
     if (name == u"!")

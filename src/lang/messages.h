@@ -77,6 +77,7 @@ constexpr unsigned unknownFileTime = 0x200002D1;     // 3721
 constexpr unsigned unknownAttribute = 0x200002D2;    // 3722
 constexpr unsigned unknownOpenMode = 0x200002D3;     // 3723
 constexpr unsigned unknownTextKind = 0x200002D4;     // 3724
+constexpr unsigned timerNotRunning = 0x20000280;     // 3640
 } // namespace errors
 
 namespace message {
@@ -133,4 +134,8 @@ constexpr unsigned directoryMark = 3609;
 constexpr unsigned junctionMark = 3610;
 constexpr unsigned directoryLinkMark = 3611;
 constexpr unsigned fileLinkMark = 3612;
+constexpr unsigned timerStarted = 3641;
+constexpr unsigned timerStopped = 3642;
+constexpr unsigned timerSplit = 3643;
+constexpr unsigned breakState = 3644;
 } // namespace message

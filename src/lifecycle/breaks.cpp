@@ -102,7 +102,7 @@ void BreakHandler(unsigned event)
     }
     const bool endsShell = break_event::EndsShell(event);
     TakeBreak(event);
-    if (tls.signalsHeld && !endsShell)
+    if ((tls.signalsHeld && !endsShell) || (aGlobals.breakOff != 0 && event == break_event::controlC))
         return;
     tls.breakPending = false;
     if (endsShell)
@@ -112,6 +112,7 @@ void BreakHandler(unsigned event)
     if (!tls.Frame())
         tls.blocks = {};
     tls.breakHappened = true;
+    tls.breakEvent = event;
     BreakOut(breakCode);
 }
 

@@ -44,6 +44,18 @@ bool SetLocalTime(const ClockTime& time)
 
 std::uint64_t Ticks() { return GetTickCount64(); }
 
+std::uint64_t PreciseTicks()
+{
+    LARGE_INTEGER counter;
+    LARGE_INTEGER perSecond;
+    QueryPerformanceCounter(&counter);
+    QueryPerformanceFrequency(&perSecond);
+    const auto ticks = static_cast<std::uint64_t>(counter.QuadPart);
+    const auto rate = static_cast<std::uint64_t>(perSecond.QuadPart);
+    constexpr std::uint64_t million = 1'000'000;
+    return ticks / rate * million + ticks % rate * million / rate;
+}
+
 void RunQueuedCalls() { SleepEx(0, TRUE); }
 
 bool SleepWithPoll(std::uint64_t milliseconds, bool (*poll)())

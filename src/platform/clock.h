@@ -22,6 +22,9 @@ bool SetLocalTime(const ClockTime& time);
 // Milliseconds since the system was started.
 std::uint64_t Ticks();
 
+// Microseconds since some moment in the past: for measuring times. The same for all processes.
+std::uint64_t PreciseTicks();
+
 // Lets queued calls run, without waiting.
 void RunQueuedCalls();
 

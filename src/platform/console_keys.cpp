@@ -1,9 +1,12 @@
 #include "platform/console_keys.h"
 
+#include <algorithm>
 #include <atomic>
+#include <utility>
 
 #include <windows.h>
 
+#include "platform/clock.h"
 #include "platform/console_handles.h"
 
 namespace {
@@ -40,8 +43,46 @@ bool IsKeyPress(const INPUT_RECORD& record)
     return !IsModifier(key.wVirtualKeyCode);
 }
 
-// Removes what is not a key press from the head of the buffer; true when a key press is next.
-bool PassOtherEvents(HANDLE keyboard)
+// Buttons that went down and have not been asked for, and those that are down now. Of the thread that reads
+// the console.
+MouseClicks clicks;
+DWORD buttonsDown = 0;
+
+// The button that this event pressed, if it is that kind of event.
+std::optional<MousePress> ReadPress(const INPUT_RECORD& record)
+{
+    if (record.EventType != MOUSE_EVENT)
+        return std::nullopt;
+    const MOUSE_EVENT_RECORD& mouse = record.Event.MouseEvent;
+    if (mouse.dwEventFlags != 0 && mouse.dwEventFlags != DOUBLE_CLICK)
+        return std::nullopt;
+    constexpr DWORD buttons =
+        FROM_LEFT_1ST_BUTTON_PRESSED | RIGHTMOST_BUTTON_PRESSED | FROM_LEFT_2ND_BUTTON_PRESSED;
+    const DWORD pressed = mouse.dwButtonState & ~buttonsDown & buttons;
+    buttonsDown = mouse.dwButtonState;
+    if (pressed == 0)
+        return std::nullopt;
+    MousePress press;
+    press.button = pressed & FROM_LEFT_1ST_BUTTON_PRESSED ? MouseButton::Left
+                   : pressed & RIGHTMOST_BUTTON_PRESSED   ? MouseButton::Right
+                                                          : MouseButton::Middle;
+    press.twice = mouse.dwEventFlags == DOUBLE_CLICK;
+    press.column = mouse.dwMousePosition.X;
+    press.row = mouse.dwMousePosition.Y;
+    return press;
+}
+
+void NoteClick(const MousePress& press)
+{
+    clicks.twice |= press.twice;
+    clicks.left |= press.button == MouseButton::Left && !press.twice;
+    clicks.middle |= press.button == MouseButton::Middle && !press.twice;
+    clicks.right |= press.button == MouseButton::Right && !press.twice;
+}
+
+// Removes what is not a key press from the head of the buffer; true when a key press is next. With `pressed`
+// it also stops behind the press of a button.
+bool PassOtherEvents(HANDLE keyboard, std::optional<MousePress>* pressed = nullptr)
 {
     INPUT_RECORD record;
     DWORD count = 0;
@@ -49,6 +90,13 @@ bool PassOtherEvents(HANDLE keyboard)
         if (IsKeyPress(record))
             return true;
         ReadConsoleInputW(keyboard, &record, 1, &count);
+        if (const auto press = ReadPress(record)) {
+            NoteClick(*press);
+            if (pressed) {
+                *pressed = press;
+                return false;
+            }
+        }
     }
     return false;
 }
@@ -122,7 +170,56 @@ std::optional<KeyPress> ReadKey(WaitPoll poll)
     if (!keyboard || !WaitForKeyPress(keyboard, poll) || !ReadConsoleInputW(keyboard, &record, 1, &count))
         return std::nullopt;
     const KEY_EVENT_RECORD& key = record.Event.KeyEvent;
-    return KeyPress{static_cast<char16_t>(key.uChar.UnicodeChar), key.wVirtualKeyCode, key.dwControlKeyState};
+    return KeyPress{static_cast<char16_t>(key.uChar.UnicodeChar), key.wVirtualKeyCode, key.dwControlKeyState,
+                    key.wVirtualScanCode};
+}
+
+ConsoleInput ReadConsoleInput(WaitPoll poll, std::optional<std::uint64_t> milliseconds, bool mouse)
+{
+    constexpr std::uint64_t longestStep = 50; // queued calls may change what `poll` has to say
+    const HANDLE keyboard = ConsoleKeyboard();
+    ConsoleInput input;
+    if (!keyboard)
+        return input;
+    const std::uint64_t end = milliseconds ? Ticks() + *milliseconds : 0;
+    std::optional<MousePress> press;
+    for (;;) {
+        poll();
+        if (PassOtherEvents(keyboard, mouse ? &press : nullptr)) {
+            const std::optional<KeyPress> key = ReadKey(poll);
+            if (key)
+                input = {InputKind::Key, *key, {}};
+            return input;
+        }
+        if (press)
+            return {InputKind::Press, {}, *press};
+        const std::uint64_t now = Ticks();
+        if (milliseconds && now >= end)
+            return {InputKind::TimedOut, {}, {}};
+        const std::uint64_t step = milliseconds ? std::min(end - now, longestStep) : longestStep;
+        if (WaitForSingleObjectEx(keyboard, static_cast<DWORD>(step), TRUE) == WAIT_FAILED)
+            return input;
+    }
+}
+
+void WatchMouse(bool on)
+{
+    const HANDLE keyboard = ConsoleKeyboard();
+    DWORD mode = 0;
+    if (!keyboard || !GetConsoleMode(keyboard, &mode))
+        return;
+    constexpr DWORD quickEdit = ENABLE_QUICK_EDIT_MODE;
+    mode = on ? (mode & ~quickEdit) | ENABLE_MOUSE_INPUT : (mode | quickEdit) & ~DWORD{ENABLE_MOUSE_INPUT};
+    SetConsoleMode(keyboard, mode | ENABLE_EXTENDED_FLAGS);
+    clicks = {};
+    buttonsDown = 0;
+}
+
+MouseClicks TakeMouseClicks()
+{
+    if (ConsoleKeyboard())
+        PassOtherEvents(ConsoleKeyboard());
+    return std::exchange(clicks, MouseClicks());
 }
 
 bool IsKeyWaiting() { return ConsoleKeyboard() && PassOtherEvents(ConsoleKeyboard()); }

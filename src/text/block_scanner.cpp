@@ -40,7 +40,8 @@ void BlockScanner::ReadCommandWord(std::u16string_view text)
     } else if (IsOneOf(word, {u"ELSE", u"THEN"})) {
         at = end;
     } else {
-        const bool takes = IsOneOf(word, {u"IF", u"IFF", u"ELSEIFF", u"FOR", u"DO", u"SWITCH"});
+        const bool takes = IsOneOf(word, {u"IF", u"IFF", u"ELSEIFF", u"FOR", u"DO", u"SWITCH", u"ON",
+                                          u"DEFER", u"REPEAT", u"CHRONIC", u"THREAD", u"EXCEPT"});
         command = takes ? CommandKind::TakesBlocks : CommandKind::Plain;
         at = end > at ? end : at;
     }

@@ -43,3 +43,19 @@ def break_all(console):
 def auto_cancel(console):
     start_in_loop(console, "//AutoCancel=Yes")
     console.ends_with("inner", "^C", "deferred", ">")
+
+
+@case("ON BREAK takes the place of the question; of a called file the caller's command counts")
+def on_break(console):
+    console.file("outer.btm", "@echo off", "on break (echo caught %_batchname & goto end)",
+                 "call inner.btm", "echo not reached", ":end", "on break gosub again", "echo loop", "delay 60",
+                 "echo goes on", "quit", ":again", "echo in the subroutine", "return")
+    console.file("inner.btm", "defer echo deferred", "echo inner", "delay 60", "echo not reached")
+    console.start()
+    console.shows(">")
+    console.line("outer.btm & echo end of the line")
+    console.ends_with("inner")
+    console.keys("C-c")
+    console.ends_with("^C", "deferred", "caught C:\\t\\console\\outer.btm", "loop")
+    console.keys("C-c")
+    console.ends_with("^C", "in the subroutine", "goes on", "end of the line", ">")
