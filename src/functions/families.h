@@ -151,3 +151,32 @@ int Truncate_Function(FunctionCall& call);
 // file_lines.cpp
 int Line_Function(FunctionCall& call);
 int Lines_Function(FunctionCall& call);
+
+// file_searches.cpp
+int Files_Function(FunctionCall& call);
+int Folders_Function(FunctionCall& call);
+int Filesize_Function(FunctionCall& call);
+int Expand_Function(FunctionCall& call);
+int Findfirst_Function(FunctionCall& call);
+int Findnext_Function(FunctionCall& call);
+int Findclose_Function(FunctionCall& call);
+
+// drives.cpp
+int Diskfree_Function(FunctionCall& call);
+int Diskused_Function(FunctionCall& call);
+int Disktotal_Function(FunctionCall& call);
+int Label_Function(FunctionCall& call);
+int Fstype_Function(FunctionCall& call);
+int Serial_Function(FunctionCall& call);
+int Ready_Function(FunctionCall& call);
+int Removable_Function(FunctionCall& call);
+int Remote_Function(FunctionCall& call);
+int Cdrom_Function(FunctionCall& call);
+int Usb_Function(FunctionCall& call);
+int Drivetype_Function(FunctionCall& call);
+int Drivetypeex_Function(FunctionCall& call);
+int Mediatype_Function(FunctionCall& call);
+int Bustype_Function(FunctionCall& call);
+int Serialhw_Function(FunctionCall& call);
+int Subst_Function(FunctionCall& call);
+int Unc_Function(FunctionCall& call);
