@@ -83,7 +83,10 @@ void ShowError(const CString& line)
 
 CString ErrorText(unsigned code)
 {
-    return IsOwnCode(code) ? LoadMessage(MessageNumber(code)) : SystemText(code);
+    if (!IsOwnCode(code))
+        return SystemText(code);
+    CString text = LoadMessage(MessageNumber(code));
+    return text.empty() ? Format(u"Error %u", MessageNumber(code)) : text;
 }
 
 int MVError(unsigned code, std::u16string_view argument)

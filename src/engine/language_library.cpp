@@ -8,7 +8,7 @@
 
 namespace {
 
-HMODULE languageModule = nullptr;
+HMODULE translation = nullptr; // of the setting; null while it is English
 
 HMODULE LoadAsData(const CString& path)
 {
@@ -20,7 +20,7 @@ CString EngineFolder()
 {
     HMODULE engine = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<const wchar_t*>(&languageModule), &engine);
+                       reinterpret_cast<const wchar_t*>(&translation), &engine);
     CString path;
     wchar_t* buffer = reinterpret_cast<wchar_t*>(path.Edit(32767));
     path.SetLength(GetModuleFileNameW(engine, buffer, 32767));
@@ -28,14 +28,32 @@ CString EngineFolder()
     return path.Truncate(slash == CString::npos ? 0 : slash + 1);
 }
 
-bool Install(HMODULE loaded)
+HMODULE English()
 {
-    if (!loaded)
-        return false;
-    if (languageModule)
-        FreeLibrary(languageModule);
-    languageModule = loaded;
-    return true;
+    static const HMODULE library = LoadAsData(EngineFolder() + u"English.dll");
+    return library;
+}
+
+// The text, empty when the library has none of that number.
+std::u16string_view FindText(HMODULE library, unsigned number)
+{
+    // String resources stand in blocks of sixteen, each text behind its length.
+    const HRSRC found =
+        library ? FindResourceW(library, MAKEINTRESOURCEW(number / 16 + 1), RT_STRING) : nullptr;
+    const HGLOBAL block = found ? LoadResource(library, found) : nullptr;
+    const auto* units = static_cast<const char16_t*>(block ? LockResource(block) : nullptr);
+    if (!units)
+        return {};
+    for (unsigned i = 0; i < number % 16; ++i)
+        units += 1 + units[0];
+    return {units + 1, units[0]};
+}
+
+void UseTranslation(HMODULE library)
+{
+    if (translation)
+        FreeLibrary(translation);
+    translation = library;
 }
 
 // Adds a page, which is UTF-8, to the vector behind `pages`.
@@ -52,50 +70,42 @@ BOOL CALLBACK AddPage(HMODULE module, LPCWSTR type, LPWSTR name, LONG_PTR pages)
 
 } // namespace
 
-bool LoadLanguageLibrary(const CString& path) { return Install(LoadAsData(path)); }
-
-bool LoadEnglish() { return Install(LoadAsData(EngineFolder() + u"English.dll")); }
+bool LoadLanguageLibrary(const CString& path)
+{
+    const HMODULE library = LoadAsData(path);
+    if (library && FindText(library, MessageNumber(errors::syntax)).empty()) {
+        FreeLibrary(library);
+        SetLastError(ERROR_RESOURCE_LANG_NOT_FOUND);
+        return false;
+    }
+    if (library)
+        UseTranslation(library);
+    return library != nullptr;
+}
 
 CString LoadMessage(unsigned number)
 {
-    if (!languageModule && !LoadEnglish())
-        return CString();
-    // String resources stand in blocks of sixteen, each text behind its length.
-    const HRSRC found = FindResourceW(languageModule, MAKEINTRESOURCEW(number / 16 + 1), RT_STRING);
-    const HGLOBAL block = found ? LoadResource(languageModule, found) : nullptr;
-    const auto* units = static_cast<const char16_t*>(block ? LockResource(block) : nullptr);
-    if (!units)
-        return CString();
-    for (unsigned i = 0; i < number % 16; ++i)
-        units += 1 + units[0];
-    return CString(std::u16string_view(units + 1, units[0]));
+    const std::u16string_view text = FindText(translation, number);
+    return CString(text.empty() ? FindText(English(), number) : text);
 }
 
 void LoadLanguageOfSettings()
 {
-    if (aIniFile.LanguageDLL) {
-        const CString path(aIniFile.LanguageDLL);
-        if (LoadLanguageLibrary(path))
-            return;
-        const DWORD code = GetLastError();
-        LoadEnglish();
-        ErrorMsgBox(code, path);
-    } else if (languageModule) {
-        LoadEnglish();
-    }
+    if (!aIniFile.LanguageDLL)
+        return UseTranslation(nullptr);
+    const CString path(aIniFile.LanguageDLL);
+    if (LoadLanguageLibrary(path))
+        return;
+    const DWORD code = GetLastError();
+    UseTranslation(nullptr);
+    ErrorMsgBox(code, path);
 }
 
 std::vector<CString> ReferencePages()
 {
-    constexpr const wchar_t* type = L"REFERENCE";
     std::vector<CString> pages;
-    const auto receiver = reinterpret_cast<LONG_PTR>(&pages);
-    if (languageModule || LoadEnglish())
-        EnumResourceNamesW(languageModule, type, AddPage, receiver);
-    if (pages.empty())
-        if (const HMODULE english = LoadAsData(EngineFolder() + u"English.dll")) {
-            EnumResourceNamesW(english, type, AddPage, receiver);
-            FreeLibrary(english);
-        }
+    for (const HMODULE library : {translation, English()})
+        if (library && pages.empty())
+            EnumResourceNamesW(library, L"REFERENCE", AddPage, reinterpret_cast<LONG_PTR>(&pages));
     return pages;
 }

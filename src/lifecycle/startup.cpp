@@ -21,6 +21,7 @@
 #include "lifecycle/history_files.h"
 #include "lifecycle/session_start.h"
 #include "lifecycle/start_options.h"
+#include "platform/com.h"
 #include "platform/file_facts.h"
 #include "platform/module.h"
 #include "platform/system_folder_view.h"
@@ -117,4 +118,5 @@ void StopEngine()
     EndAtBreak(WriteHistoryFiles);
     DeleteTemporaryDevices();
     EndChildren();
+    EndCom();
 }

@@ -2,6 +2,7 @@
 
 #include <shellapi.h>
 
+#include "platform/com.h"
 #include "platform/lazy_library.h"
 
 namespace {
@@ -14,6 +15,7 @@ const wchar_t* OrNull(const CString& text) { return text.empty() ? nullptr : tex
 
 unsigned OpenThroughShell(const ShellOpen& open, OwnedHandle* process)
 {
+    StartCom(); // handlers of file types may be COM objects
     SHELLEXECUTEINFOW info = {};
     info.cbSize = sizeof info;
     info.fMask =

@@ -1,5 +1,6 @@
 #include "engine/break.h"
 
+#include <atomic>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -126,6 +127,26 @@ TEST_F(Breaks, EventWakesAWaitThatOnlyQueuedCallsCanEnd)
     EXPECT_LT(Ticks() - start, 10000u);
     events.join();
     EXPECT_TRUE(Throws());
+}
+
+TEST_F(Breaks, EndOfTheConsoleWaitsForTheMainThreadToShutDown)
+{
+    std::atomic<bool> installed = false;
+    std::atomic<bool> shutDown = false;
+    std::thread main([&] {
+        InstallBreakHandler();
+        installed = true;
+        SleepEx(20000, TRUE);
+        EXPECT_TRUE(Throws());
+        Sleep(200);
+        shutDown = true;
+    });
+    while (!installed)
+        Sleep(1);
+    EXPECT_EQ(ConsoleBreakHandler(CTRL_CLOSE_EVENT), 0);
+    EXPECT_TRUE(shutDown);
+    EXPECT_EQ(aGlobals.exitRequested, 1);
+    main.join();
 }
 
 TEST_F(Breaks, ChildrenOfTheCommandAreEnded)

@@ -1,6 +1,10 @@
+#include <thread>
+
 #include <gtest/gtest.h>
+#include <objbase.h>
 #include <windows.h>
 
+#include "platform/com.h"
 #include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "platform/module.h"
@@ -185,6 +189,21 @@ TEST_F(Registry, ListsSubkeys)
         RegCloseKey(made);
     }
     EXPECT_EQ(RegistryKey(RegistryRoot::CurrentUser, pathText).SubkeyNames().size(), 2U);
+}
+
+// A thread of its own: nobody else has made it an apartment.
+TEST(Com, IsAnApartmentUntilItIsGivenUp)
+{
+    std::thread([] {
+        APTTYPE type = {};
+        APTTYPEQUALIFIER qualifier = {};
+        EXPECT_TRUE(StartCom());
+        EXPECT_TRUE(StartCom());
+        EXPECT_EQ(CoGetApartmentType(&type, &qualifier), S_OK);
+        EXPECT_EQ(type, APTTYPE_MAINSTA);
+        EndCom();
+        EXPECT_EQ(CoGetApartmentType(&type, &qualifier), CO_E_NOTINITIALIZED);
+    }).join();
 }
 
 } // namespace
