@@ -16,15 +16,12 @@ import tempfile
 import time
 from pathlib import Path
 
+import batch_benches
+from contestants import BIN, REFERENCE, batch_jobs, both, start_of, windows
+
 ROOT = Path(__file__).resolve().parent.parent
-BIN = ROOT / "build" / "mingw" / "bin"
 PREFIX = ROOT / "build" / "wine" / "bench"
 WINE = "/usr/lib/wine/wine64" if os.access("/usr/lib/wine/wine64", os.X_OK) else "wine"
-CMD = r"C:\windows\system32\cmd.exe"
-
-
-def windows(path):
-    return "Z:" + str(path).replace("/", "\\")
 
 
 class Machine:
@@ -43,13 +40,9 @@ class Machine:
         return time.perf_counter() - start
 
 
-def shells():
-    return {"ORV": [windows(BIN / "ORV.exe"), "/C"], "command prompt": [CMD, "/C"]}
-
-
 def start_up(_folder):
     """Starting and leaving the shell"""
-    jobs = {name: [*shell, "rem"] for name, shell in shells().items()}
+    jobs = both("rem")
     for program in ("nothing", "nothing_user32"):
         jobs[program] = [windows(BIN / "bench" / f"{program}.exe")]
     return jobs, None
@@ -58,14 +51,13 @@ def start_up(_folder):
 def echo_line(_folder):
     """500 ECHO commands to NUL in one line"""
     line = "&".join(["echo x>nul"] * 500)
-    return {name: [*shell, line] for name, shell in shells().items()}, 500
+    return both(line), 500
 
 
 def batch_lines(folder):
     """2,000 lines of a plain batch file"""
     lines = ["@echo off"] + [f"set name{i % 7}=value {i}" if i % 2 else f"echo line {i}" for i in range(2000)]
-    (folder / "plain.cmd").write_text("\r\n".join(lines) + "\r\n")
-    return {name: [*shell, "plain.cmd"] for name, shell in shells().items()}, 2000
+    return batch_jobs(folder, "plain", lines), 2000
 
 
 def walk_tree(folder, files):
@@ -76,7 +68,7 @@ def walk_tree(folder, files):
         leaf.mkdir(parents=True, exist_ok=True)
         for file in range(100):
             (leaf / f"some_file_{file:03}.txt").touch()
-    return {name: [*shell, f"dir /s /b {windows(root)}"] for name, shell in shells().items()}, files
+    return both(f"dir /s /b {windows(root)}"), files
 
 
 def walk_10k(folder):
@@ -89,13 +81,8 @@ def walk_100k(folder):
     return walk_tree(folder, 100_000)
 
 
-BENCHES = {
-    "start_up": start_up,
-    "echo_line": echo_line,
-    "batch_lines": batch_lines,
-    "walk_10k": walk_10k,
-    "walk_100k": walk_100k,
-}
+BENCHES = {bench.__name__: bench for bench in
+           [start_up, echo_line, batch_lines, walk_10k, walk_100k, *batch_benches.BENCHES]}
 
 
 def measure(machine, jobs, folder, rounds):
@@ -109,22 +96,23 @@ def measure(machine, jobs, folder, rounds):
     return {name: statistics.median(values) for name, values in times.items()}
 
 
-def net_seconds(machine, jobs, count, folder, rounds):
+def net_seconds(machine, jobs, counts, folder, rounds):
     """The jobs' own cost: where they repeat something, the start-up measured in the same rounds is taken away."""
-    if not count:
+    if not counts:
         return measure(machine, jobs, folder, rounds)
-    starts = {f"start of {name}": arguments for name, arguments in start_up(folder)[0].items() if name in jobs}
-    medians = measure(machine, jobs | starts, folder, rounds)
-    return {name: medians[name] - medians[f"start of {name}"] for name in jobs}
+    starts = {start_of(name): both("rem")[start_of(name)] for name in jobs}
+    medians = measure(machine, jobs | {f"start of {shell}": start for shell, start in starts.items()}, folder, rounds)
+    return {name: medians[name] - medians[f"start of {start_of(name)}"] for name in jobs}
 
 
-def report(title, seconds, count):
-    print(f"\n{title}")
-    reference = seconds["command prompt"]
+def report(title, seconds, counts):
+    """Counts differ where one contestant would take too long: the ratio is that of the costs of one."""
+    print(f"\n{title}", flush=True)
+    costs = {name: value / counts[name] if counts else value for name, value in seconds.items()}
     for name, value in seconds.items():
-        each = f"{value / count * 1e6:9.1f} us each" if count else ""
-        ratio = f"{reference / value:9.2f} x" if value > 0 else "   in the noise"
-        print(f"  {name:16} {value * 1e3:9.1f} ms {each:>17} {ratio}")
+        each = f"{costs[name] * 1e6:9.1f} us each" if counts else ""
+        ratio = f"{costs[REFERENCE] / costs[name]:9.2f} x" if value > 0 else "   in the noise"
+        print(f"  {name:20} {value * 1e3:9.1f} ms {each:>17} {ratio}", flush=True)
 
 
 def main():
@@ -137,8 +125,10 @@ def main():
     folder = Path(tempfile.mkdtemp(prefix="movacore-bench-"))
     try:
         for name in options.names or BENCHES:
-            jobs, count = BENCHES[name](folder)
-            report(BENCHES[name].__doc__, net_seconds(machine, jobs, count, folder, options.n), count)
+            jobs, counts = BENCHES[name](folder)
+            if isinstance(counts, int):
+                counts = dict.fromkeys(jobs, counts)
+            report(BENCHES[name].__doc__, net_seconds(machine, jobs, counts, folder, options.n), counts)
     finally:
         shutil.rmtree(folder)
 

@@ -47,7 +47,7 @@ void TellFile(const CString& name, const CString& file)
         Tell(message::whichProgram, name, file);
     else if (isOneOf({u".btm", u".bat", u".cmd"}))
         Tell(message::whichBatchFile, name, file);
-    else if (command = FindExtensionCommand(EnvironmentEntries(), extension);
+    else if (command = FindExtensionCommand(EnvironmentEntries(u"."), extension);
              !command.empty() && command.front() != u'*')
         Tell(message::whichExtension, name, command.Append(u' ').Append(AddQuotes(file)));
     else if (MyFindExecutable(file, association))

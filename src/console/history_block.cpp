@@ -9,20 +9,6 @@ namespace {
 
 constexpr std::size_t npos = std::u16string_view::npos;
 
-struct NoCaseHash {
-    std::size_t operator()(std::u16string_view text) const
-    {
-        std::size_t hash = 14695981039346656037u;
-        for (const char16_t unit : text)
-            hash = (hash ^ UpperCase(unit)) * 1099511628211u;
-        return hash;
-    }
-};
-
-struct NoCaseEqual {
-    bool operator()(std::u16string_view a, std::u16string_view b) const { return EqualNoCase(a, b); }
-};
-
 // A line of the list to be, whether it stands there already or comes in.
 struct Line {
     std::u16string_view text;

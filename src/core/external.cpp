@@ -107,7 +107,7 @@ int RunAssociated(const CString& command, const Invocation& run)
 
 int RunOther(const Invocation& run)
 {
-    const CString command = FindExtensionCommand(EnvironmentEntries(), ExtensionPart(run.found.file));
+    const CString command = FindExtensionCommand(EnvironmentEntries(u"."), ExtensionPart(run.found.file));
     if (!command.empty() && command.front() != u'*')
         return RunAssociated(command, run);
     return External(run.found.file, run.call.arguments, run.found.extraPaths);
@@ -117,7 +117,7 @@ int RunOther(const Invocation& run)
 int RunScript(const Invocation& run)
 {
     Association association;
-    if (!FindExtensionCommand(EnvironmentEntries(), ExtensionPart(run.found.file)).empty() ||
+    if (!FindExtensionCommand(EnvironmentEntries(u"."), ExtensionPart(run.found.file)).empty() ||
         MyFindExecutable(run.found.file, association))
         return RunOther(run);
     return Tls().errorLevel = MVError(errors::noInterpreter, run.found.file);

@@ -154,7 +154,7 @@ bool FindApplicationPath(std::u16string_view name, FoundProgram& found)
 std::vector<CString> ExecutableExtensions()
 {
     std::vector<CString> extensions = SettingExtensions();
-    for (const CString& entry : EnvironmentEntries())
+    for (const CString& entry : EnvironmentEntries(u"."))
         AddVariableExtensions(entry, extensions);
     return extensions;
 }

@@ -109,22 +109,6 @@ int AskWatcher(std::u16string_view name, std::u16string_view value)
     return row < 0 ? 0 : aWatchedVariables[row].changing(value);
 }
 
-// A value that the system refuses must not cost the old one.
-int ReplaceVariable(std::u16string_view name, std::u16string_view value)
-{
-    CString old;
-    const bool existed = ReadEnvironment(name, old);
-    if (!RemoveEnvironment(name))
-        return MVError(0, name);
-    if (!value.empty() && !WriteEnvironment(name, value)) {
-        const int code = MVError(0, name);
-        if (existed)
-            WriteEnvironment(name, old);
-        return code;
-    }
-    return 0;
-}
-
 int ChangeEnvironment(std::u16string_view entry, std::u16string_view typeSpec)
 {
     const std::u16string_view name = EntryName(entry);
@@ -134,8 +118,8 @@ int ChangeEnvironment(std::u16string_view entry, std::u16string_view typeSpec)
     int code = typeSpec.empty() || value.empty() ? 0 : CheckType(typeSpec, entry);
     if (code == 0)
         code = AskWatcher(name, value);
-    if (code == 0)
-        code = ReplaceVariable(name, value);
+    if (code == 0 && !(value.empty() ? RemoveEnvironment(name) : WriteEnvironment(name, value)))
+        code = MVError(0, name);
     if (code == 0)
         ++Lists().environmentChanges;
     return code;

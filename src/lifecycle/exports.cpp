@@ -26,9 +26,12 @@ namespace {
 
 constexpr int brokenOff = 3;
 
-// Runs `work`; a break abandons it.
+// Runs `work`; a break abandons it. The host sees all variables that it has set.
 template <typename Work> int Guarded(Work work)
 {
+    const struct Publisher {
+        ~Publisher() { PublishEnvironment(); }
+    } publisher;
     try {
         return work();
     } catch (const Break&) {

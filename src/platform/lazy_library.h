@@ -13,6 +13,8 @@
 
 #include <windows.h>
 
+#include "platform/environment.h"
+
 class LazyLibrary {
 public:
     constexpr explicit LazyLibrary(const wchar_t* fileName) noexcept : name(fileName) {}
@@ -48,6 +50,7 @@ public:
 
     void* Find() noexcept
     {
+        PublishEnvironment(); // what is found is about to be called
         void* found = function.load(std::memory_order_acquire);
         if (!found) {
             found = reinterpret_cast<void*>(library.Find(name));

@@ -1,8 +1,11 @@
 #include "platform/module.h"
 
+#include "platform/environment.h"
+
 Module Module::Load(std::u16string_view fileName)
 {
     const CString name(fileName);
+    PublishEnvironment();
     const bool hasFolder = fileName.find_first_of(u"\\/") != std::u16string_view::npos;
     return Module(LoadLibraryExW(name.w(), nullptr, hasFolder ? LOAD_WITH_ALTERED_SEARCH_PATH : 0));
 }
@@ -22,6 +25,7 @@ Module::~Module()
 
 FARPROC Module::Find(const char* function) const noexcept
 {
+    PublishEnvironment(); // what is found is about to be called
     return module ? GetProcAddress(module, function) : nullptr;
 }
 

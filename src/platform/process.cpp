@@ -4,6 +4,7 @@
 #include <array>
 #include <vector>
 
+#include "platform/environment.h"
 #include "platform/standard_handles.h"
 
 namespace {
@@ -153,6 +154,7 @@ unsigned ChildProcess::Start(const ProcessStart& start)
     if (start.affinity)
         creation |= CREATE_SUSPENDED; // it must not run before its processors are known
     PROCESS_INFORMATION started = {};
+    PublishEnvironment();
     if (!CreateProcessW(start.program.empty() ? nullptr : start.program.w(),
                         static_cast<wchar_t*>(Editable(commandLine)), nullptr, nullptr, !handles.list.empty(),
                         creation, Editable(environment),

@@ -180,3 +180,11 @@ bool IsLetter(char16_t unit) noexcept
                         (unit >= 0xFE10 && unit < 0xFE70) || unit >= 0xFFE0;
     return !symbol || unit == 0xAA || unit == 0xB5 || unit == 0xBA;
 }
+
+std::size_t NoCaseHash::operator()(std::u16string_view text) const noexcept
+{
+    std::size_t hash = 14695981039346656037u;
+    for (const char16_t unit : text)
+        hash = (hash ^ UpperCase(unit)) * 1099511628211u;
+    return hash;
+}

@@ -31,3 +31,13 @@ constexpr bool IsAsciiLetter(char16_t unit) noexcept
 // A letter of any script that has case or stands above ASCII as a letter usually does.
 bool IsLetter(char16_t unit) noexcept;
 inline bool IsLetterOrDigit(char16_t unit) noexcept { return IsDigit(unit) || IsLetter(unit); }
+
+// For tables whose keys mind no case; both take views, so that looking up makes no string.
+struct NoCaseHash {
+    using is_transparent = void;
+    std::size_t operator()(std::u16string_view text) const noexcept;
+};
+struct NoCaseEqual {
+    using is_transparent = void;
+    bool operator()(std::u16string_view a, std::u16string_view b) const noexcept { return EqualNoCase(a, b); }
+};
