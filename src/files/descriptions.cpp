@@ -1,13 +1,12 @@
 #include "files/descriptions.h"
 
-#include <cstring>
 #include <string>
 
 #include <windows.h>
 
 #include "engine/inifile.h"
 #include "files/text_encoding.h"
-#include "platform/codepage.h"
+#include "files/whole_text.h"
 #include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "platform/text_output.h"
@@ -18,38 +17,6 @@
 namespace {
 
 constexpr std::size_t largestFile = 16u << 20; // bytes; what lies behind is not read
-constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view utf16Mark = "\xFF\xFE";
-
-CString Decode(std::string_view bytes, const RecognisedEncoding& found)
-{
-    bytes.remove_prefix(found.markLength);
-    if (found.encoding == TextEncoding::Utf8)
-        return FromUtf8(bytes);
-    if (found.encoding == TextEncoding::CodePage)
-        return FromCodePage(bytes, GetOEMCP());
-    CString text;
-    std::memcpy(text.Edit(bytes.size() / 2), bytes.data(), bytes.size() & ~std::size_t{1});
-    text.SetLength(bytes.size() / 2);
-    return text;
-}
-
-std::string Encode(const CString& text, const RecognisedEncoding& wanted)
-{
-    const bool marked = wanted.markLength > 0;
-    if (wanted.encoding == TextEncoding::Utf16) {
-        std::string bytes(marked ? utf16Mark : "");
-        return bytes.append(reinterpret_cast<const char*>(text.c_str()), text.size() * sizeof(char16_t));
-    }
-    if (wanted.encoding == TextEncoding::CodePage) {
-        const unsigned page = GetOEMCP();
-        std::string bytes = ToCodePage(text, page);
-        if (FromCodePage(bytes, page) == text)
-            return bytes;
-        return std::string(utf8Mark) + ToUtf8(text);
-    }
-    return std::string(marked ? utf8Mark : "") + ToUtf8(text);
-}
 
 // How the file is encoded now; a new one is in the code page as long as that will do.
 RecognisedEncoding PresentEncoding(const CString& path)
@@ -78,7 +45,7 @@ DescriptionList ReadDescriptions(std::u16string_view directory)
     const CString path = SystemPath(JoinPath(directory, DescriptionFileName()));
     if (!ReadFileAttributes(path) || !ReadWholeFile(path, bytes, largestFile))
         return {};
-    return DescriptionList(Decode(bytes, RecogniseTextFile(bytes)));
+    return DescriptionList(DecodeWhole(bytes, RecogniseTextFile(bytes), GetOEMCP()));
 }
 
 bool WriteDescriptions(std::u16string_view directory, const DescriptionList& list)
@@ -87,7 +54,7 @@ bool WriteDescriptions(std::u16string_view directory, const DescriptionList& lis
     if (list.Empty())
         return DeleteFileW(path.w()) || GetLastError() == ERROR_FILE_NOT_FOUND;
     const CString fresh = Format(u"%s.%x", path, GetCurrentProcessId());
-    const bool written = WriteNewFile(fresh, Encode(list.Text(), PresentEncoding(path))) &&
+    const bool written = WriteNewFile(fresh, EncodeWhole(list.Text(), PresentEncoding(path), GetOEMCP())) &&
                          MoveFileExW(fresh.w(), path.w(), MOVEFILE_REPLACE_EXISTING);
     if (!written) {
         const DWORD reason = GetLastError();

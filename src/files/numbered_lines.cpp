@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/break.h"
+#include "files/text_encoding.h"
 #include "files/text_pieces.h"
 #include "files/text_reader.h"
 
@@ -20,7 +21,7 @@ bool NumberedLines::Open(std::u16string_view name)
     if (!file.Open(name, FileAccess::Read))
         return false;
     size = std::max<std::int64_t>(file.Size(), 0);
-    encoding = RecogniseEncoding(Block(0, recognisedSize));
+    encoding = RecogniseTextFile(Block(0, recognisedSize));
     return !failed;
 }
 

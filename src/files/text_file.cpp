@@ -7,6 +7,7 @@
 
 #include "engine/break.h"
 #include "engine/output.h"
+#include "files/text_encoding.h"
 #include "files/text_pieces.h"
 #include "platform/codepage.h"
 #include "platform/file_facts.h"
@@ -48,7 +49,7 @@ void TextFile::Recognise(bool isNew)
     codePage = kind == TextKind::Ansi ? GetACP() : OutputCodePage();
     RecognisedEncoding found;
     if (!isNew && Fill(blockSize))
-        found = RecogniseEncoding(Ahead());
+        found = RecogniseTextFile(Ahead());
     if (kind == TextKind::Recognised) {
         encoding = isNew ? EncodingOfOutput() : found.encoding;
         markLength = found.markLength;

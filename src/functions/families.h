@@ -180,3 +180,7 @@ int Bustype_Function(FunctionCall& call);
 int Serialhw_Function(FunctionCall& call);
 int Subst_Function(FunctionCall& call);
 int Unc_Function(FunctionCall& call);
+
+// ini_functions.cpp
+int Iniread_Function(FunctionCall& call);
+int Iniwrite_Function(FunctionCall& call);
