@@ -60,6 +60,28 @@ def batch_lines(folder):
     return batch_jobs(folder, "plain", lines), 2000
 
 
+def ini_file(folder):
+    """Starting with an INI file of 250 lines, and with none"""
+    groups = (
+        "; ---- lists and history ----",
+        "AliasLocalSize=65536",
+        "HistMin=3 ; nothing short",
+        "HistDups=Last",
+        "LogName=%TEMP%\\commands.log",
+        "ErrorColors=bright red on black",
+        "CommandSep=&",
+        "EvalMax=12",
+        "NextFile=Tab F9",
+        "",
+    )
+    (folder / "large.ini").write_text("\r\n".join(groups * 25) + "\r\n")
+    (folder / "empty.ini").write_text("")
+    orv = windows(BIN / "ORV.exe")
+    jobs = {f"{name} lines": [orv, f"@{windows(folder / file)}", "/C", "rem"] for name, file in
+            (("250", "large.ini"), ("no", "empty.ini"))}
+    return jobs | {"command prompt": [CMD, "/C", "rem"]}, None
+
+
 def walk_tree(folder, files):
     """A tree of about that many files, 100 in each directory; bare recursive DIR by each shell."""
     root = folder / f"tree{files}"
@@ -82,7 +104,7 @@ def walk_100k(folder):
 
 
 BENCHES = {bench.__name__: bench for bench in
-           [start_up, echo_line, batch_lines, walk_10k, walk_100k, *batch_benches.BENCHES]}
+           [start_up, ini_file, echo_line, batch_lines, walk_10k, walk_100k, *batch_benches.BENCHES]}
 
 
 def measure(machine, jobs, folder, rounds):

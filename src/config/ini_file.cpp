@@ -45,6 +45,7 @@ class ShellWorld final : public IniWorld {
 public:
     bool IsDirectory(std::u16string_view path) override { return QueryIsDirectory(path); }
     void ExpandVariables(CString& line) override { VariableExpansion(line, true); }
+    CString FullName(const CString& name) override { return FullPathName(name); }
     bool ReadFile(const CString& name, std::string& bytes) override
     {
         return ReadWholeFile(name, bytes, largestIniFile);

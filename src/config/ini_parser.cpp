@@ -152,7 +152,7 @@ private:
         }
         const CString nearby = BesideThisFile(name);
         if (IniParse(nearby, ini, skipMask, reader) != 0 &&
-            (nearby == name || IniParse(name, ini, skipMask, reader) != 0))
+            (nearby == name || IniParse(reader.world.FullName(name), ini, skipMask, reader) != 0))
             reader.world.Report({errors::iniInclude, name}, place);
     }
 

@@ -24,6 +24,8 @@ public:
                 line.Erase(i, 1);
     }
 
+    CString FullName(const CString& name) override { return name; }
+
     bool ReadFile(const CString& name, std::string& bytes) override
     {
         const auto found = files.find(std::u16string(name.view()));
