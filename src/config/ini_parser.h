@@ -56,7 +56,7 @@ enum class IniAnswer { Yes, No, Cancel };
 class IniWorld : public PathCheck {
 public:
     virtual void ExpandVariables(CString& line) = 0;
-    virtual CString FullName(const CString& name) = 0; // by the current directory
+    virtual CString FullName(const CString& name) = 0;                  // by the current directory
     virtual bool ReadFile(const CString& name, std::string& bytes) = 0; // false: there is no reading it
     virtual CString FromAnsi(std::string_view bytes) = 0;
     virtual IniAnswer AskLine(const CString& line) = 0; // whether to obey the line (INIQuery)
