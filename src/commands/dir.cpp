@@ -4,6 +4,7 @@
 
 #include "commands/dir_listing.h"
 #include "core/command_switches.h"
+#include "engine/internal_entry.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -91,12 +92,15 @@ int Dir_Command(CString& arguments)
         names.push_back(u"*");
     DirListing listing(options);
     int code = result::success;
+    std::int64_t errorCount = 0;
     for (const CString& name : names) {
         const int one = ListArgument(name, options, listing);
         if (one == outputRefused)
             return MVError(0);
+        errorCount += one == result::success ? 0 : 1;
         if (one != result::success)
             code = one;
     }
+    SetResultCounters(u"dir", {listing.Files(), listing.Directories(), errorCount});
     return code;
 }

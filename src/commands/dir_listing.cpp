@@ -114,6 +114,8 @@ void DirListing::Count(const std::vector<FoundFile>& files)
     counts.sections = 1;
     for (const FoundFile& file : files) {
         ++(file.facts.IsDirectory() ? counts.directories : counts.files);
+        if (file.name != u"." && file.name != u"..")
+            ++(file.facts.IsDirectory() ? allDirectories : allFiles);
         counts.bytes += file.facts.size;
     }
     argumentCounts.files += counts.files;

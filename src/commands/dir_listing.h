@@ -24,6 +24,10 @@ public:
 
     bool FoundAny() const { return argumentCounts.files + argumentCounts.directories > 0; }
 
+    // Of all arguments, "." and ".." left out.
+    std::int64_t Files() const { return allFiles; }
+    std::int64_t Directories() const { return allDirectories; }
+
 private:
     struct Counts {
         std::uint64_t files = 0;
@@ -61,6 +65,8 @@ private:
     CString lastDirectory; // shown for the present argument
     Counts counts;         // of the present directory
     Counts argumentCounts;
+    std::int64_t allFiles = 0;
+    std::int64_t allDirectories = 0;
     struct Texts {
         CString directory;
         CString junction;

@@ -11,6 +11,7 @@
 #include "core/command_switches.h"
 #include "engine/break.h"
 #include "engine/inifile.h"
+#include "engine/internal_entry.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -189,13 +190,20 @@ int Type_Command(CString& arguments)
         return UsageError();
     int code = result::success;
     std::vector<CString> files;
-    for (const CString& name : names)
-        code = std::max(code, AddFiles(search, name, restricted, files));
+    ResultCounts counts;
+    for (const CString& name : names) {
+        const int added = AddFiles(search, name, restricted, files);
+        counts.errors += added == result::success ? 0 : 1;
+        code = std::max(code, added);
+    }
     Writer writer(switches);
     for (const CString& file : files) {
         if (files.size() > 1)
             PrintError(Format(u"\r\n%s\r\n\r\n\r\n", file));
-        code = std::max(code, TypeFile(file, switches, writer));
+        const int typed = TypeFile(file, switches, writer);
+        ++(typed == result::success ? counts.files : counts.errors);
+        code = std::max(code, typed);
     }
+    SetResultCounters(u"type", counts);
     return code;
 }

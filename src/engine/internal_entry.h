@@ -11,5 +11,13 @@
 // when there is no such name.
 bool InternalVariableValue(std::u16string_view name, CString& value);
 
-// Keeps what a file command counted: %_copy_files and its like, `name` without the "_".
+// Keeps what a file command counted as it ended, in the variables %_copy_files, %_copy_dirs and %_copy_errors
+// and their like: one of them, `name` without the "_", or all three of a command.
 void SetResultCounter(std::u16string_view name, std::int64_t count);
+
+struct ResultCounts {
+    std::int64_t files = 0;
+    std::int64_t directories = 0;
+    std::int64_t errors = 0;
+};
+void SetResultCounters(std::u16string_view command, const ResultCounts& counts);
