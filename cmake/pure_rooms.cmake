@@ -26,6 +26,7 @@ set(MOVACORE_PURE_ROOMS
   src/config/settings_area.cpp
   src/console/history_block.cpp
   src/console/history_rules.cpp
+  src/console/key_codes.cpp
   src/console/prompt_codes.cpp
   src/core/alias_substitution.cpp
   src/core/association_template.cpp

@@ -6,7 +6,7 @@
 #include "engine/results.h"
 #include "platform/clock.h"
 #include "platform/console_keys.h"
-#include "text/compare.h"
+#include "text/numbers.h"
 
 const CommandHelp delayHelp = {
     u"Waits for a time.",
@@ -22,24 +22,6 @@ const CommandHelp delayHelp = {
 namespace {
 
 enum : std::uint64_t { untilKey = 1, flushKeys = 2, inMilliseconds = 4 };
-
-// "12", "2.5" or ".5" in units of `scale` milliseconds.
-std::optional<std::uint64_t> ParseDuration(std::u16string_view text, std::uint64_t scale)
-{
-    constexpr std::uint64_t longest = 4'000'000'000; // units
-    std::uint64_t whole = 0;
-    std::size_t at = 0;
-    for (; at < text.size() && IsDigit(text[at]); ++at)
-        if ((whole = whole * 10 + (text[at] - u'0')) > longest)
-            return std::nullopt;
-    std::uint64_t duration = whole * scale;
-    const bool point = at < text.size() && (text[at] == u'.' || text[at] == u',');
-    if (point)
-        for (std::uint64_t unit = scale / 10; ++at < text.size() && IsDigit(text[at]); unit /= 10)
-            duration += (text[at] - u'0') * unit;
-    const bool anyDigit = text.size() > (point ? 1u : 0u);
-    return anyDigit && at == text.size() ? std::optional(duration) : std::nullopt;
-}
 
 bool GoOn()
 {

@@ -31,6 +31,7 @@
 #include "commands/help.h"
 #include "commands/history.h"
 #include "commands/if.h"
+#include "commands/inkey.h"
 #include "commands/local.h"
 #include "commands/log.h"
 #include "commands/on.h"
@@ -160,8 +161,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"IF", If_Command, 0x600010, 1, u"", &ifHelp},
     {u"IFF", Iff_Command, 0x400010, 1, u"", &iffHelp},
     {u"IFTP", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
-    {u"INKEY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"INPUT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"INKEY", Inkey_Command, 0x2107, 1, u"", &inkeyHelp},
+    {u"INPUT", Input_Command, 0x2107, 1, u"", &inputHelp},
     {u"INSTALLED", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"INTERNAL", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"JABBER", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},

@@ -14,6 +14,7 @@
 #include "engine/state.h"
 #include "files/text_encoding.h"
 #include "platform/clock.h"
+#include "platform/codepage.h"
 #include "platform/console.h"
 #include "platform/console_keys.h"
 #include "platform/standard_handles.h"
@@ -101,13 +102,21 @@ int InputFlags(HANDLE input)
     }
 }
 
+// Looks at the input when it has not been seen before; answers whether that was so.
+bool MeetInput(HANDLE input)
+{
+    StandardInputEncoding& known = Tls().inputEncoding;
+    if (known.handle == input)
+        return false;
+    known = {input, InputFlags(input)};
+    return true;
+}
+
 bool ReadFromStandardInput(CString& line)
 {
     const HANDLE input = StandardHandle(0);
-    StandardInputEncoding& known = Tls().inputEncoding;
-    const bool first = known.handle != input;
-    if (first)
-        known = {input, InputFlags(input)};
+    const bool first = MeetInput(input);
+    const StandardInputEncoding& known = Tls().inputEncoding;
     if (GetNextLine(reinterpret_cast<std::intptr_t>(input), line, known.flags, {}, longestLine) == 0)
         return false;
     if (first && line.front() == byteOrderMark)
@@ -115,7 +124,65 @@ bool ReadFromStandardInput(CString& line)
     return line.front() != controlZ;
 }
 
+bool ReadBytes(HANDLE input, std::string& bytes, DWORD count)
+{
+    char read[4] = {};
+    DWORD got = 0;
+    if (!ReadFile(input, read, count, &got, nullptr) || got < count)
+        return false;
+    bytes.append(read, got);
+    return true;
+}
+
+// How many bytes follow the first one of a character in UTF-8.
+DWORD FollowingBytes(char first)
+{
+    const auto lead = static_cast<unsigned char>(first);
+    return lead < 0xC2 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : lead < 0xF5 ? 3 : 0;
+}
+
+// One character as it stands; the bytes of one in a code page may turn out to be several.
+bool ReadEncoded(HANDLE input, int flags, CString& character)
+{
+    std::string bytes;
+    const bool wide = (flags & next_line::utf16) != 0;
+    if (!ReadBytes(input, bytes, wide ? 2 : 1))
+        return false;
+    if (wide) {
+        character = CString(1, static_cast<char16_t>(static_cast<unsigned char>(bytes[0]) |
+                                                     static_cast<unsigned char>(bytes[1]) << 8));
+        return true;
+    }
+    if (const DWORD more = FollowingBytes(bytes[0]))
+        ReadBytes(input, bytes, more);
+    character = IsValidUtf8(bytes) ? FromUtf8(bytes) : FromCodePage(bytes, InputCodePage());
+    return true;
+}
+
 } // namespace
+
+bool ReadInputCharacter(CString& character)
+{
+    const HANDLE input = StandardHandle(0);
+    MeetInput(input);
+    do {
+        ThrowIfBroken();
+        if (!ReadEncoded(input, Tls().inputEncoding.flags, character))
+            return false;
+    } while (character == u"\r" || character.front() == byteOrderMark);
+    return character.front() != controlZ;
+}
+
+bool AwaitInput(std::optional<std::uint64_t> milliseconds)
+{
+    if (!milliseconds || KindOfHandle(StandardHandle(0)) != HandleKind::Pipe)
+        return true;
+    return !SleepWithPoll(*milliseconds, [] {
+        ThrowIfBroken();
+        DWORD waiting = 0;
+        return PeekNamedPipe(StandardHandle(0), nullptr, 0, nullptr, &waiting, nullptr) && waiting == 0;
+    });
+}
 
 bool ReadConsoleLine(CString& line, std::u16string_view prompt)
 {

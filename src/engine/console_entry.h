@@ -1,13 +1,50 @@
 // Talking with the person at the console: declared here for every floor, defined in console/.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 #include "text/cstring.h"
 
 // Reads one line typed at the prompt; false at the end of the input. Without a console the lines come from
 // standard input and neither prompt nor input is shown.
 bool ReadConsoleLine(CString& line, std::u16string_view prompt);
+
+// What came of waiting for what somebody types.
+enum class InputOutcome {
+    Given,
+    TimedOut,
+    Ended // the input is at its end
+};
+
+// A key for INKEY: `code` is its character, or "@" and a number (console/key_codes.h). Without a console it
+// is the next character of standard input. Other keys than the accepted ones are refused with a beep.
+struct KeyRequest {
+    std::vector<CString> accepted;             // codes; none means all
+    std::optional<std::uint64_t> milliseconds; // none waits for ever
+    bool mouse = false;                        // a button counts as a key
+};
+InputOutcome ReadInputKey(CString& code, const KeyRequest& request);
+
+// A line for INPUT. A value that is to be edited stands in `text`. Only here is it decided what reads the
+// line.
+struct LineRequest {
+    CString text;
+    std::size_t longest = CString::npos;       // units
+    std::vector<CString> accepted;             // characters; none means all
+    std::optional<std::uint64_t> milliseconds; // until the first key; none waits for ever
+    bool hidden = false;                       // stars are shown
+    bool lineEnd = true;                       // the cursor goes to the next line behind it
+    bool plainColors = false;                  // not the setting InputColors
+};
+InputOutcome ReadInputLine(CString& line, const LineRequest& request);
+
+// The next character of redirected standard input, a line end as "\n"; false at the end of the input.
+bool ReadInputCharacter(CString& character);
+// Whether redirected standard input has something, or its end, to read within the time. Files always have.
+bool AwaitInput(std::optional<std::uint64_t> milliseconds);
 
 // Asks with message `number` (its %1 replaced by `text`) and answers the upper-case letter pressed, one of
 // `answers`; without a console the answer is `unattended`.

@@ -174,7 +174,7 @@ std::optional<KeyPress> ReadKey(WaitPoll poll)
                     key.wVirtualScanCode};
 }
 
-ConsoleInput ReadConsoleInput(WaitPoll poll, std::optional<std::uint64_t> milliseconds, bool mouse)
+ConsoleInput ReadKeyOrPress(WaitPoll poll, std::optional<std::uint64_t> milliseconds, bool mouse)
 {
     constexpr std::uint64_t longestStep = 50; // queued calls may change what `poll` has to say
     const HANDLE keyboard = ConsoleKeyboard();

@@ -40,7 +40,7 @@ struct ConsoleInput {
 };
 // Waits for a key, or with `mouse` also for a button of the mouse; a time of 0 only looks. WatchMouse must
 // have been called for buttons to be seen. Without a time it waits for ever.
-ConsoleInput ReadConsoleInput(WaitPoll poll, std::optional<std::uint64_t> milliseconds, bool mouse);
+ConsoleInput ReadKeyOrPress(WaitPoll poll, std::optional<std::uint64_t> milliseconds, bool mouse);
 
 // Waits for a key other than the mere modifiers; nothing when the keyboard cannot be read.
 std::optional<KeyPress> ReadKey(WaitPoll poll);

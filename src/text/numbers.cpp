@@ -64,3 +64,20 @@ std::optional<std::int64_t> ParseInteger(std::u16string_view text)
         ++used;
     return value && used == text.size() ? value : std::nullopt;
 }
+
+std::optional<std::uint64_t> ParseDuration(std::u16string_view text, std::uint64_t scale)
+{
+    constexpr std::uint64_t longest = 4'000'000'000; // units
+    std::uint64_t whole = 0;
+    std::size_t at = 0;
+    for (; at < text.size() && IsDigit(text[at]); ++at)
+        if ((whole = whole * 10 + (text[at] - u'0')) > longest)
+            return std::nullopt;
+    std::uint64_t duration = whole * scale;
+    const bool point = at < text.size() && (text[at] == u'.' || text[at] == u',');
+    if (point)
+        for (std::uint64_t unit = scale / 10; ++at < text.size() && IsDigit(text[at]); unit /= 10)
+            duration += (text[at] - u'0') * unit;
+    const bool anyDigit = text.size() > (point ? 1u : 0u);
+    return anyDigit && at == text.size() ? std::optional(duration) : std::nullopt;
+}

@@ -16,3 +16,6 @@ std::optional<std::int64_t> ReadDecimal(std::u16string_view text, std::size_t* u
 
 // The whole text, blanks around it aside, as one "%i" number; nothing when anything else stands there.
 std::optional<std::int64_t> ParseInteger(std::u16string_view text);
+
+// A time, "12", "2.5" or ".5", in units of `scale` milliseconds; nothing for any other text or a huge one.
+std::optional<std::uint64_t> ParseDuration(std::u16string_view text, std::uint64_t scale);

@@ -70,3 +70,38 @@ def clock(console):
     console.ends_with('Invalid time "25:00"', "New time:")
     console.keys("C-c")
     console.ends_with("New time: ^C", ">")
+
+
+@case("INKEY takes keys by their codes, refuses others and runs out of time")
+def inkey(console):
+    console.start()
+    console.shows(">")
+    console.line('inkey /k"yn[F1][Alt-X]" Sure? %%a & inkey /p %%b & inkey /x %%c & echo [%a][%b][%c]')
+    console.ends_with("Sure?")
+    console.keys("q", "F1", "z", "Up")
+    console.ends_with("Sure?", "*", "[@59][z][@72]", ">")
+    console.line("set a=kept & inkey /c /w0 %%a & inkey /w0.1 %%a || echo %? [%a]")
+    console.ends_with("1 [kept]", ">")
+    console.line("inkey %%a & echo not reached")
+    console.keys("C-c")
+    console.ends_with("^C", ">")
+
+
+@case("INPUT edits, hides, limits and waits for lines")
+def input_line(console):
+    console.start()
+    console.shows(">")
+    console.line("set name=Peter & input /e Name: %%name & echo [%name]")
+    console.ends_with("Name: Peter")
+    console.keys("BSpace", "BSpace")
+    console.line("ra")
+    console.ends_with("Name: Petra", "[Petra]", ">")
+    console.line("input /p /l4 Code: %%a & input /d /x Age: %%b & echo [%a][%b]")
+    console.ends_with("Code:")
+    console.keys("x", "BSpace")
+    console.line("abcdef")
+    console.ends_with("Code: ****", "Age:")
+    console.line("1x2")
+    console.ends_with("Code: ****", "Age: 12[abcd][12]", ">")
+    console.line("set a=kept & input /w0.1 %%a || echo %? [%a]")
+    console.ends_with("1 [kept]", ">")

@@ -6,12 +6,19 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "config/ini_file.h"
+#include "core/pseudo_devices.h"
+#include "engine/command_entry.h"
 #include "engine/state.h"
 #include "lifecycle/breaks.h"
 #include "platform/clock.h"
+#include "platform/environment.h"
 #include "platform/file_facts.h"
 #include "platform/module.h"
 #include "platform/process.h"
+#include "platform/whole_file.h"
+#include "text/encoding.h"
+#include "text/format.h"
 
 namespace {
 
@@ -164,6 +171,36 @@ TEST_F(Breaks, ChildrenOfTheCommandAreEnded)
     EXPECT_EQ(Tls().runningProcesses[1], nullptr);
     EXPECT_EQ(WaitForSingleObject(child.Get(), 10000), static_cast<DWORD>(WAIT_OBJECT_0));
     EXPECT_EQ(child.ExitCode(), 3u);
+}
+
+// The inner file's command jumps, so that its last lines still run; its caller's then has its turn.
+TEST_F(Breaks, EndOfTheConsoleReachesTheOnCommandsOfAllBatchFiles)
+{
+    InitializeIniFile();
+    const CString folder = TemporaryFolder() + u"\\";
+    const CString inner = folder + u"on_close_inner.btm";
+    const CString outer = folder + u"on_close_outer.btm";
+    ASSERT_TRUE(ReplaceWholeFile(inner,
+                                 "@echo off\r\non close goto end\r\ndelay 20\r\nset seen=no\r\n:end\r\n"
+                                 "set seen=%seen inner\r\n"));
+    ASSERT_TRUE(ReplaceWholeFile(
+        outer, ToUtf8(Format(u"@echo off\r\non close set seen=%%seen outer\r\ncall \"%s\"\r\n"
+                             u"set seen=no\r\n",
+                             inner))));
+    RemoveEnvironment(u"seen");
+    std::thread events([] {
+        Sleep(300);
+        MarkBreak(break_event::close);
+        WakeForBreak();
+    });
+    EXPECT_THROW(Command_S(Format(u"call \"%s\"", outer), 0), Break);
+    events.join();
+    CString seen;
+    ReadEnvironment(u"seen", seen);
+    EXPECT_EQ(ToUtf8(seen.Trim()), "inner outer");
+    EXPECT_EQ(Tls().batchIndex, -1);
+    DeleteFileW(inner.w());
+    DeleteFileW(outer.w());
 }
 
 } // namespace
