@@ -29,5 +29,8 @@ movacore_pkg_config_library(gmp gmp)
 movacore_pkg_config_library(mpfr mpfr)
 target_link_libraries(movacore_mpfr INTERFACE movacore_gmp)
 
+# Checksums.
+movacore_pkg_config_library(nettle nettle)
+
 # Only the tests need it.
 find_package(GTest QUIET)

@@ -1,7 +1,7 @@
 # The pure rooms on the build machine: unit tests with the sanitizers, the fuzz targets, or benchmarks.
 if(MOVACORE_PURE_ROOMS)
   add_library(movacore_pure STATIC ${MOVACORE_PURE_ROOMS})
-  target_link_libraries(movacore_pure PUBLIC movacore_options movacore::onig movacore::mpfr movacore::gmp)
+  target_link_libraries(movacore_pure PUBLIC movacore_options movacore::onig movacore::mpfr movacore::gmp movacore::nettle)
   if(MOVACORE_FUZZ)
     target_compile_options(movacore_pure PUBLIC -fsanitize=fuzzer-no-link)
   endif()

@@ -72,6 +72,9 @@ set(MOVACORE_PURE_ROOMS
   src/functions/arguments.cpp
   src/functions/characters.cpp
   src/functions/file_name_parts.cpp
+  src/functions/likeness.cpp
+  src/functions/matching.cpp
+  src/functions/primes.cpp
   src/functions/strings.cpp
   src/functions/word_functions.cpp
   src/internals/dos_name.cpp

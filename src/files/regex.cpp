@@ -141,7 +141,11 @@ bool Regex::Search(std::u16string_view text, std::size_t from, std::vector<Span>
     if (!compiled)
         return false;
     std::u16string room;
-    text = WellFormed(text, room);
+    return SearchWellFormed(WellFormed(text, room), from, groups);
+}
+
+bool Regex::SearchWellFormed(std::u16string_view text, std::size_t from, std::vector<Span>* groups) const
+{
     const std::unique_ptr<OnigRegion, FreeRegion> region(groups ? onig_region_new() : nullptr);
     const auto regex = static_cast<OnigRegex>(compiled);
     const OnigUChar* start = Bytes(text.data());
@@ -156,4 +160,20 @@ bool Regex::Search(std::u16string_view text, std::size_t from, std::vector<Span>
     if (found && groups)
         CopyGroups(*region, addedGroups, *groups);
     return found;
+}
+
+void Regex::ForEach(std::u16string_view text, const std::function<bool(const std::vector<Span>&)>& each) const
+{
+    if (!compiled)
+        return;
+    std::u16string room;
+    text = WellFormed(text, room);
+    std::vector<Span> groups;
+    for (std::size_t from = 0;
+         from <= text.size() && SearchWellFormed(text, from, &groups) && each(groups);) {
+        from = groups[0].start + groups[0].length;
+        // A match of nothing would be found for ever.
+        if (groups[0].length == 0)
+            from += from + 1 < text.size() && IsHighSurrogate(text[from]) ? 2 : 1;
+    }
 }

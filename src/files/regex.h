@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -45,7 +46,12 @@ public:
     // `groups`, if given, receives the place of the whole match and then of each group.
     bool Search(std::u16string_view text, std::size_t from = 0, std::vector<Span>* groups = nullptr) const;
 
+    // Hands every match in turn to `each`, none overlapping, until it answers false.
+    void ForEach(std::u16string_view text, const std::function<bool(const std::vector<Span>&)>& each) const;
+
 private:
+    bool SearchWellFormed(std::u16string_view text, std::size_t from, std::vector<Span>* groups) const;
+
     void* compiled = nullptr; // the library's own type
     RegexMatch match;
     int addedGroups = 0; // by the tie of a whole match

@@ -17,6 +17,7 @@ int Count_Function(FunctionCall& call);
 int Insert_Function(FunctionCall& call);
 int Replace_Function(FunctionCall& call);
 int Strip_Function(FunctionCall& call);
+int Filter_Function(FunctionCall& call);
 int Trim_Function(FunctionCall& call);
 int Ltrim_Function(FunctionCall& call);
 int Rtrim_Function(FunctionCall& call);
@@ -184,3 +185,18 @@ int Unc_Function(FunctionCall& call);
 // ini_functions.cpp
 int Iniread_Function(FunctionCall& call);
 int Iniwrite_Function(FunctionCall& call);
+// matching.cpp
+int Regex_Function(FunctionCall& call);
+int Regexindex_Function(FunctionCall& call);
+int Regexsub_Function(FunctionCall& call);
+int Rereplace_Function(FunctionCall& call);
+int Wild_Function(FunctionCall& call);
+
+// likeness.cpp
+int Similar_Function(FunctionCall& call);
+int Lcs_Function(FunctionCall& call);
+int Version_Function(FunctionCall& call);
+
+// primes.cpp
+int Isprime_Function(FunctionCall& call);
+int Prime_Function(FunctionCall& call);

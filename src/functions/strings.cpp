@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "expand/expansion.h"
+#include "functions/answers.h"
 #include "functions/arguments.h"
 #include "text/compare.h"
-#include "text/format.h"
 #include "text/numbers.h"
 #include "text/words.h"
 
@@ -26,14 +26,6 @@ std::size_t Place(std::int64_t n, std::size_t size)
                                           : std::min(n, length));
 }
 
-int Answer(FunctionCall& call, View text)
-{
-    call.value = text;
-    return 0;
-}
-
-int AnswerNumber(FunctionCall& call, std::int64_t number) { return Answer(call, Format(u"%d", number)); }
-
 View TrimLeft(View text, View set) { return text.substr(std::min(text.find_first_not_of(set), text.size())); }
 View TrimRight(View text, View set) { return text.substr(0, text.find_last_not_of(set) + 1); }
 
@@ -45,20 +37,20 @@ View TrimSet(const FunctionArguments& arguments) { return arguments.Has(1) ? arg
 // @len[text]: the number of characters.
 int Len_Function(FunctionCall& call)
 {
-    return AnswerNumber(call, static_cast<std::int64_t>(call.arguments.size()));
+    return answer::Number(call, static_cast<std::int64_t>(call.arguments.size()));
 }
 
 // @upper[text], @lower[text]
 int Upper_Function(FunctionCall& call)
 {
-    Answer(call, call.arguments);
+    answer::Text(call, call.arguments);
     MakeUpper(call.value);
     return 0;
 }
 
 int Lower_Function(FunctionCall& call)
 {
-    Answer(call, call.arguments);
+    answer::Text(call, call.arguments);
     MakeLower(call.value);
     return 0;
 }
@@ -68,7 +60,7 @@ int Caps_Function(FunctionCall& call)
 {
     const FunctionArguments arguments(call, u"s|q");
     const View separators = arguments.Has(1) ? arguments.Text(1) : u" \t,";
-    Answer(call, arguments.Text(0));
+    answer::Text(call, arguments.Text(0));
     bool start = true;
     for (std::size_t at = 0; at < call.value.size(); ++at) {
         if (start)
@@ -84,7 +76,7 @@ int Left_Function(FunctionCall& call)
     const FunctionArguments arguments(call, u"sn");
     const View text = arguments.Text(0);
     return arguments.Error() ? arguments.Error()
-                             : Answer(call, text.substr(0, Place(arguments.Number(1), text.size())));
+                             : answer::Text(call, text.substr(0, Place(arguments.Number(1), text.size())));
 }
 
 // @right[text,n]: the last n characters, or all but the first -n.
@@ -95,7 +87,8 @@ int Right_Function(FunctionCall& call)
     const std::int64_t count = arguments.Number(1);
     const std::int64_t size = static_cast<std::int64_t>(text.size());
     const std::int64_t start = count >= 0 ? size - std::min(count, size) : -std::max(count, -size);
-    return arguments.Error() ? arguments.Error() : Answer(call, text.substr(static_cast<std::size_t>(start)));
+    return arguments.Error() ? arguments.Error()
+                             : answer::Text(call, text.substr(static_cast<std::size_t>(start)));
 }
 
 // @substr[text,start[,length]] and @instr: from `start`, at most `length` characters or up to the last
@@ -107,7 +100,8 @@ int Substr_Function(FunctionCall& call)
         return arguments.Error();
     View text = arguments.Text(0);
     text.remove_prefix(Place(arguments.Number(1), text.size()));
-    return Answer(call, text.substr(0, arguments.Has(2) ? Place(arguments.Number(2), text.size()) : npos));
+    return answer::Text(call,
+                        text.substr(0, arguments.Has(2) ? Place(arguments.Number(2), text.size()) : npos));
 }
 
 // @index[text,what[,n]]: where the nth occurrence begins, or -1; the first is 0, the last -1. Case does not
@@ -128,8 +122,8 @@ int Index_Function(FunctionCall& call)
     const std::int64_t count = static_cast<std::int64_t>(places.size());
     wanted = wanted < 0 ? wanted + count : wanted;
     const bool found = wanted >= 0 && wanted < count;
-    return AnswerNumber(call,
-                        found ? static_cast<std::int64_t>(places[static_cast<std::size_t>(wanted)]) : -1);
+    return answer::Number(call,
+                          found ? static_cast<std::int64_t>(places[static_cast<std::size_t>(wanted)]) : -1);
 }
 
 // @count[text,what]: how often `what` occurs; occurrences do not overlap. Case does not count.
@@ -145,7 +139,7 @@ int Count_Function(FunctionCall& call)
              at = FindNoCase(arguments.Text(0), what, at + what.size()))
             ++count;
     }
-    return AnswerNumber(call, count);
+    return answer::Number(call, count);
 }
 
 // @insert[text,n,insertion]: `insertion` put in front of character n, behind all of them when n is the
@@ -155,7 +149,7 @@ int Insert_Function(FunctionCall& call)
     const FunctionArguments arguments(call, u"snt");
     if (arguments.Error())
         return arguments.Error();
-    Answer(call, arguments.Text(0));
+    answer::Text(call, arguments.Text(0));
     call.value.Insert(Place(arguments.Number(1), call.value.size()), arguments.Text(2));
     return 0;
 }
@@ -173,7 +167,7 @@ int Replace_Function(FunctionCall& call)
     for (std::size_t at; !old.empty() && (at = FindNoCase(text, old, from)) != npos; from = at + old.size()) {
         call.value.Append(text.substr(from, at - from)).Append(arguments.Text(2));
         if (call.value.size() > longestExpansion)
-            return static_cast<int>(errors::lineTooLong);
+            return answer::tooLong;
     }
     call.value.Append(text.substr(from));
     return 0;
@@ -193,24 +187,38 @@ int Strip_Function(FunctionCall& call)
     return 0;
 }
 
+// @filter[text,characters]: the other way round, the characters alone.
+int Filter_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"st");
+    if (arguments.Error())
+        return arguments.Error();
+    call.value.Clear();
+    for (const char16_t unit : arguments.Text(0)) {
+        if (arguments.Text(1).find(unit) != npos)
+            call.value.Append(unit);
+    }
+    return 0;
+}
+
 // @trim, @ltrim, @rtrim[text[,"characters"]]: without the characters (blanks) at both ends or at one.
 int Trim_Function(FunctionCall& call)
 {
     const FunctionArguments arguments(call, u"s|q");
     const View set = TrimSet(arguments);
-    return Answer(call, TrimLeft(TrimRight(arguments.Text(0), set), set));
+    return answer::Text(call, TrimLeft(TrimRight(arguments.Text(0), set), set));
 }
 
 int Ltrim_Function(FunctionCall& call)
 {
     const FunctionArguments arguments(call, u"s|q");
-    return Answer(call, TrimLeft(arguments.Text(0), TrimSet(arguments)));
+    return answer::Text(call, TrimLeft(arguments.Text(0), TrimSet(arguments)));
 }
 
 int Rtrim_Function(FunctionCall& call)
 {
     const FunctionArguments arguments(call, u"s|q");
-    return Answer(call, TrimRight(arguments.Text(0), TrimSet(arguments)));
+    return answer::Text(call, TrimRight(arguments.Text(0), TrimSet(arguments)));
 }
 
 // @trimall[text]: without blanks at the ends, and with one blank in the place of several.
@@ -233,9 +241,9 @@ int Repeat_Function(FunctionCall& call)
     const View text = arguments.Text(0);
     const std::int64_t count = arguments.Number(1);
     if (arguments.Error() || count < 0)
-        return arguments.Error() ? arguments.Error() : static_cast<int>(errors::invalidNumber);
+        return arguments.Error() ? arguments.Error() : answer::invalidNumber;
     if (!text.empty() && static_cast<std::uint64_t>(count) > longestExpansion / text.size())
-        return static_cast<int>(errors::lineTooLong);
+        return answer::tooLong;
     call.value.Clear();
     for (std::int64_t i = 0; i < count && !text.empty(); ++i)
         call.value.Append(text);
@@ -258,10 +266,10 @@ int Reverse_Function(FunctionCall& call)
 }
 
 // @quote[text]: in double quotes when it holds a character that would part it or end the command.
-int Quote_Function(FunctionCall& call) { return Answer(call, AddQuotes(call.arguments)); }
+int Quote_Function(FunctionCall& call) { return answer::Text(call, AddQuotes(call.arguments)); }
 // @unquote[text]: without the double quotes around it. @unquotes[text]: without any.
-int Unquote_Function(FunctionCall& call) { return Answer(call, WithoutOuterQuotes(call.arguments)); }
-int Unquotes_Function(FunctionCall& call) { return Answer(call, WithoutQuotes(call.arguments)); }
+int Unquote_Function(FunctionCall& call) { return answer::Text(call, WithoutOuterQuotes(call.arguments)); }
+int Unquotes_Function(FunctionCall& call) { return answer::Text(call, WithoutQuotes(call.arguments)); }
 
 // @format[text,[-][0][width][.most]]: filled with blanks (or zeros) on the left, with "-" on the right, and
 // cut to `most` characters.
@@ -282,16 +290,16 @@ int Format_Function(FunctionCall& call)
     if (spec.starts_with(u'.')) {
         const auto most = ReadDecimal(spec.substr(1), &used);
         if (!most || *most < 0 || used + 1 != spec.size())
-            return static_cast<int>(errors::invalidNumber);
+            return answer::invalidNumber;
         text = text.substr(0, static_cast<std::size_t>(*most));
     } else if (!spec.empty()) {
-        return static_cast<int>(errors::invalidNumber);
+        return answer::invalidNumber;
     }
     if (static_cast<std::uint64_t>(width) > longestExpansion)
-        return static_cast<int>(errors::lineTooLong);
+        return answer::tooLong;
     const std::size_t wanted = static_cast<std::size_t>(width);
     const CString padding(wanted > text.size() ? wanted - text.size() : 0, filler);
-    Answer(call, left ? text : padding.view());
+    answer::Text(call, left ? text : padding.view());
     call.value.Append(left ? padding.view() : text);
     return 0;
 }

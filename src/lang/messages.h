@@ -78,6 +78,7 @@ constexpr unsigned unknownAttribute = 0x200002D2;    // 3722
 constexpr unsigned unknownOpenMode = 0x200002D3;     // 3723
 constexpr unsigned unknownTextKind = 0x200002D4;     // 3724
 constexpr unsigned timerNotRunning = 0x20000280;     // 3640
+constexpr unsigned invalidRegex = 0x200002BC;        // 3700
 } // namespace errors
 
 namespace message {
