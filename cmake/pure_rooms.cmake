@@ -72,6 +72,8 @@ set(MOVACORE_PURE_ROOMS
   src/functions/arguments.cpp
   src/functions/characters.cpp
   src/functions/file_name_parts.cpp
+  src/functions/date_forms.cpp
+  src/functions/date_functions.cpp
   src/functions/likeness.cpp
   src/functions/matching.cpp
   src/functions/primes.cpp

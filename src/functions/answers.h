@@ -29,6 +29,7 @@ inline int Flag(FunctionCall& call, bool flag) { return Text(call, flag ? u"1" :
 constexpr int missingArgument = static_cast<int>(errors::missingArgument);
 constexpr int invalidNumber = static_cast<int>(errors::invalidNumber);
 constexpr int invalidDate = static_cast<int>(errors::invalidDate);
+constexpr int invalidForm = static_cast<int>(errors::unknownDateForm);
 constexpr int invalidTime = static_cast<int>(errors::invalidTime);
 constexpr int tooLong = static_cast<int>(errors::lineTooLong);
 

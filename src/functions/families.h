@@ -200,3 +200,25 @@ int Version_Function(FunctionCall& call);
 // primes.cpp
 int Isprime_Function(FunctionCall& call);
 int Prime_Function(FunctionCall& call);
+
+// date_functions.cpp
+int Year_Function(FunctionCall& call);
+int Month_Function(FunctionCall& call);
+int Day_Function(FunctionCall& call);
+int Doy_Function(FunctionCall& call);
+int Dow_Function(FunctionCall& call);
+int Dowf_Function(FunctionCall& call);
+int Idow_Function(FunctionCall& call);
+int Idowf_Function(FunctionCall& call);
+int Dowi_Function(FunctionCall& call);
+int Isodowi_Function(FunctionCall& call);
+int Isoweek_Function(FunctionCall& call);
+int Isowyear_Function(FunctionCall& call);
+int Date_Function(FunctionCall& call);
+int Makedate_Function(FunctionCall& call);
+int Dateconv_Function(FunctionCall& call);
+int Datefmt_Function(FunctionCall& call);
+int Time_Function(FunctionCall& call);
+int Maketime_Function(FunctionCall& call);
+int Makeage_Function(FunctionCall& call);
+int Agedate_Function(FunctionCall& call);

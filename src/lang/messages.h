@@ -79,6 +79,7 @@ constexpr unsigned unknownOpenMode = 0x200002D3;     // 3723
 constexpr unsigned unknownTextKind = 0x200002D4;     // 3724
 constexpr unsigned timerNotRunning = 0x20000280;     // 3640
 constexpr unsigned invalidRegex = 0x200002BC;        // 3700
+constexpr unsigned unknownDateForm = 0x200002BD;     // 3701
 } // namespace errors
 
 namespace message {

@@ -12,7 +12,40 @@ ClockTime FromSystemTime(const SYSTEMTIME& time)
             time.wHour, time.wMinute, time.wSecond, time.wMilliseconds};
 }
 
+using TimeConversion = BOOL(WINAPI*)(const TIME_ZONE_INFORMATION*, const SYSTEMTIME*, SYSTEMTIME*);
+
+// Calendar times know no more than milliseconds: only the difference is taken from them.
+std::uint64_t ConvertFileTime(std::uint64_t fileTime, TimeConversion convert)
+{
+    constexpr std::uint64_t ticksPerSecond = 10'000'000;
+    const std::uint64_t second = fileTime / ticksPerSecond * ticksPerSecond;
+    const FILETIME asked = {static_cast<DWORD>(second), static_cast<DWORD>(second >> 32)};
+    SYSTEMTIME from;
+    SYSTEMTIME to;
+    FILETIME back;
+    if (!FileTimeToSystemTime(&asked, &from) || !convert(nullptr, &from, &to) ||
+        !SystemTimeToFileTime(&to, &back))
+        return fileTime;
+    return (static_cast<std::uint64_t>(back.dwHighDateTime) << 32 | back.dwLowDateTime) + (fileTime - second);
+}
+
+BOOL WINAPI LocalFromUniversal(const TIME_ZONE_INFORMATION* zone, const SYSTEMTIME* from, SYSTEMTIME* to)
+{
+    return SystemTimeToTzSpecificLocalTime(zone, from, to);
+}
+
+BOOL WINAPI UniversalFromLocal(const TIME_ZONE_INFORMATION* zone, const SYSTEMTIME* from, SYSTEMTIME* to)
+{
+    return TzSpecificLocalTimeToSystemTime(zone, from, to);
+}
+
 } // namespace
+
+std::uint64_t LocalFileTime(std::uint64_t universal)
+{
+    return ConvertFileTime(universal, LocalFromUniversal);
+}
+std::uint64_t UniversalFileTime(std::uint64_t local) { return ConvertFileTime(local, UniversalFromLocal); }
 
 ClockTime LocalTime()
 {

@@ -16,6 +16,10 @@ struct ClockTime {
 
 ClockTime LocalTime();
 ClockTime UtcTime();
+// File times (100 nanoseconds since 1601) in the user's local time and back, daylight saving of that very day
+// included. Times that no calendar shows stay as they are.
+std::uint64_t LocalFileTime(std::uint64_t universal);
+std::uint64_t UniversalFileTime(std::uint64_t local);
 // The weekday does not matter. False when the user may not set the clock, the reason in the last error.
 bool SetLocalTime(const ClockTime& time);
 

@@ -2,6 +2,7 @@
 
 #include <aclapi.h>
 
+#include "platform/clock.h"
 #include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "platform/lazy_library.h"
@@ -30,19 +31,6 @@ std::uint64_t Number(DWORD high, DWORD low) { return (static_cast<std::uint64_t>
 
 const char16_t* Units(const wchar_t* text) { return reinterpret_cast<const char16_t*>(text); }
 
-// Local minus universal time, in ticks; 0 for times that no calendar shows.
-std::int64_t LocalDifference(std::uint64_t fileTime)
-{
-    const FILETIME asked = {static_cast<DWORD>(fileTime), static_cast<DWORD>(fileTime >> 32)};
-    SYSTEMTIME universal;
-    SYSTEMTIME local;
-    FILETIME back;
-    if (!FileTimeToSystemTime(&asked, &universal) ||
-        !SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local) || !SystemTimeToFileTime(&local, &back))
-        return 0;
-    return static_cast<std::int64_t>(FileTimeNumber(back) - fileTime);
-}
-
 // The volume's root for a directory of it; "" when there is none.
 CString VolumeRoot(std::u16string_view directory)
 {
@@ -70,7 +58,8 @@ std::uint64_t LocalFileTimes::Convert(std::uint64_t fileTime)
     // Clocks are put forward and back on the quarter at most.
     const std::uint64_t asked = fileTime / ticksPerSlot;
     if (asked != slot) {
-        difference = LocalDifference(asked * ticksPerSlot);
+        const std::uint64_t start = asked * ticksPerSlot;
+        difference = static_cast<std::int64_t>(LocalFileTime(start) - start);
         slot = asked;
     }
     return fileTime + static_cast<std::uint64_t>(difference);
