@@ -9,10 +9,12 @@ set(MOVACORE_PURE_ROOMS
   src/batch/labels.cpp
   src/batch/line_splitting.cpp
   src/batch/packed_text.cpp
+  src/commands/checksum_lines.cpp
   src/commands/definition_text.cpp
   src/commands/expr_reader.cpp
   src/commands/help_text.cpp
   src/commands/reference_text.cpp
+  src/commands/printf_format.cpp
   src/commands/start_switches.cpp
   src/config/colors.cpp
   src/config/directives.cpp
@@ -57,8 +59,12 @@ set(MOVACORE_PURE_ROOMS
   src/expand/whole_evaluator.cpp
   src/expand/work_line.cpp
   src/files/attribute_masks.cpp
+  src/files/byte_decoders.cpp
+  src/files/byte_encoders.cpp
+  src/files/crc32.cpp
   src/files/dates.cpp
   src/files/description_list.cpp
+  src/files/digest.cpp
   src/files/directory_name.cpp
   src/files/file_walk.cpp
   src/files/name_pattern.cpp
@@ -78,6 +84,7 @@ set(MOVACORE_PURE_ROOMS
   src/functions/matching.cpp
   src/functions/primes.cpp
   src/functions/strings.cpp
+  src/functions/text_codings.cpp
   src/functions/word_functions.cpp
   src/internals/dos_name.cpp
   src/lifecycle/start_options.cpp

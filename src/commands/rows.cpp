@@ -28,6 +28,7 @@
 #include "commands/for.h"
 #include "commands/function.h"
 #include "commands/goto_call.h"
+#include "commands/hash.h"
 #include "commands/help.h"
 #include "commands/history.h"
 #include "commands/if.h"
@@ -38,6 +39,7 @@
 #include "commands/option.h"
 #include "commands/path.h"
 #include "commands/pause.h"
+#include "commands/printf.h"
 #include "commands/prompt.h"
 #include "commands/random.h"
 #include "commands/remark.h"
@@ -55,6 +57,7 @@
 #include "commands/true_false.h"
 #include "commands/type.h"
 #include "commands/unbuilt.h"
+#include "commands/uuid.h"
 #include "commands/version.h"
 #include "commands/which.h"
 #include "engine/tables.h"
@@ -153,7 +156,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"GOSUB", Gosub_Command, 0x1402047, 1, u"[1] btm cmd bat dirs [2*] *", &gosubHelp},
     {u"GOTO", Goto_Command, 0x602047, 1, u"", &gotoHelp},
     {u"GZIP", Unbuilt_Command, 0x82007, 1, u"[1] gz dirs [2*] *", &unbuiltHelp},
-    {u"HASH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"HASH", Hash_Command, 0x82107, 1, u"", &hashHelp},
     {u"HEAD", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"HELP", Help_Command, 0x2007, 1, u"", &helpHelp},
     {u"HISTORY", History_Command, 0x2007, 1, u"", &historyHelp},
@@ -218,7 +221,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"POSTMSG", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"POWERMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"PRINT", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
-    {u"PRINTF", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"PRINTF", Printf_Command, 0x2007, 1, u"", &printfHelp},
     {u"PRIORITY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"PROCESSMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"PROMPT", Prompt_Command, 0x202007, 1, u"", &promptHelp},
@@ -312,7 +315,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"UNZIP", Unbuilt_Command, 0x82007, 1, u"[1] zip dirs [2*] *", &unbuiltHelp},
     {u"UPTIME", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"USBMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
-    {u"UUID", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"UUID", Uuid_Command, 0x2007, 1, u"", &uuidHelp},
     {u"VBEEP", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"VDESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"VER", Ver_Command, 0x202007, 1, u"", &verHelp},

@@ -35,14 +35,6 @@ const CommandHelp unsetarrayHelp = {
 
 namespace {
 
-constexpr std::size_t longestName = 127;
-
-bool IsArrayName(std::u16string_view name)
-{
-    return !name.empty() && name.size() <= longestName &&
-           name.find_first_of(u" <>|=.*?!@#$%^&[]") == std::u16string_view::npos;
-}
-
 // "name[10,20]"
 CString Describe(const ARRAYS& array)
 {

@@ -39,6 +39,13 @@ bool PlaceOf(const ARRAYS& array, const ArrayIndexes& indexes, std::uint64_t& pl
 
 } // namespace
 
+bool IsArrayName(std::u16string_view name)
+{
+    constexpr std::size_t longestName = 127;
+    return !name.empty() && name.size() <= longestName &&
+           name.find_first_of(u" <>|=.*?!@#$%^&[]") == std::u16string_view::npos;
+}
+
 bool SplitArrayElement(std::u16string_view text, std::u16string_view& name, std::u16string_view& indexes)
 {
     const std::size_t open = text.find(u'[');

@@ -39,6 +39,9 @@ struct ARRAYS {
     std::unordered_map<std::uint64_t, CString> sparse;
 };
 
+// Whether an array may be named so.
+bool IsArrayName(std::u16string_view name);
+
 // Takes "name[i,j]" apart; false when it is not of this form. The parts are views of the text.
 bool SplitArrayElement(std::u16string_view text, std::u16string_view& name, std::u16string_view& indexes);
 

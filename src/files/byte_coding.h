@@ -21,8 +21,8 @@ public:
 
 // What the encoders write besides the bytes.
 struct EncodingFrame {
-    bool lines = false;    // cut into lines, as in files and mails; uuencode and yEnc always are
-    std::string name;      // of the file, for the headers of uuencode and yEnc
+    bool lines = false;     // cut into lines, as in files and mails; uuencode and yEnc always are
+    std::string name;       // of the file, for the headers of uuencode and yEnc
     std::uint64_t size = 0; // of all the input, for yEnc's
 };
 std::unique_ptr<ByteCoder> MakeEncoder(ByteCoding coding, const EncodingFrame& frame);

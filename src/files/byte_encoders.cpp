@@ -67,7 +67,8 @@ private:
             for (std::size_t i = 0; i < 3; ++i)
                 bits = bits << 8 | (i < count ? Byte(bytes[at + i]) : 0u);
             const char four[] = {digits[bits >> 18], digits[bits >> 12 & 63],
-                                 count > 1 ? digits[bits >> 6 & 63] : '=', count > 2 ? digits[bits & 63] : '='};
+                                 count > 1 ? digits[bits >> 6 & 63] : '=',
+                                 count > 2 ? digits[bits & 63] : '='};
             output.append(four, sizeof four);
         }
         output.append(lines ? lineEnd : "");
@@ -107,7 +108,10 @@ private:
     static constexpr std::size_t bytesPerLine = 45;
 
     // Blanks get lost on the way, so that 0 is a back-quote.
-    static char Digit(std::uint32_t bits) { return (bits & 63) == 0 ? '`' : static_cast<char>((bits & 63) + 32); }
+    static char Digit(std::uint32_t bits)
+    {
+        return (bits & 63) == 0 ? '`' : static_cast<char>((bits & 63) + 32);
+    }
 
     void Group(std::string_view bytes, std::string& output) override
     {

@@ -58,8 +58,8 @@ void Crc32::Update(std::string_view bytes) noexcept
     for (; bytes.size() >= bytesPerStep; bytes.remove_prefix(bytesPerStep)) {
         const std::uint32_t first =
             crc ^ (Byte(bytes[0]) | Byte(bytes[1]) << 8 | Byte(bytes[2]) << 16 | Byte(bytes[3]) << 24);
-        crc = reflected[7][first & 0xFF] ^ reflected[6][first >> 8 & 0xFF] ^ reflected[5][first >> 16 & 0xFF] ^
-              reflected[4][first >> 24] ^ LastFour(reflected, bytes);
+        crc = reflected[7][first & 0xFF] ^ reflected[6][first >> 8 & 0xFF] ^
+              reflected[5][first >> 16 & 0xFF] ^ reflected[4][first >> 24] ^ LastFour(reflected, bytes);
     }
     for (const char unit : bytes)
         crc = crc >> 8 ^ reflected[0][(crc ^ Byte(unit)) & 0xFF];

@@ -81,7 +81,7 @@ struct FreeRegion {
     void operator()(OnigRegion* region) const { onig_region_free(region, 1); }
 };
 
-OnigRegex Compile(std::u16string_view expression, OnigOptionType options, OnigSyntaxType* syntax)
+OnigRegex CompileIn(std::u16string_view expression, OnigOptionType options, OnigSyntaxType* syntax)
 {
     OnigRegex regex = nullptr;
     OnigErrorInfo error;
@@ -89,6 +89,14 @@ OnigRegex Compile(std::u16string_view expression, OnigOptionType options, OnigSy
         onig_new(&regex, Bytes(expression.data()), Bytes(expression.data() + expression.size()), options,
                  ONIG_ENCODING_UTF16_LE, syntax, &error);
     return status == ONIG_NORMAL ? regex : nullptr;
+}
+
+OnigRegex Compile(std::u16string_view expression, OnigOptionType options, OnigSyntaxType* syntax)
+{
+    OnigRegex regex = CompileIn(expression, options, syntax);
+    // The syntax with named groups takes "(?-i)" for a call of a group.
+    const bool plainer = !regex && syntax == ONIG_SYNTAX_PERL_NG;
+    return plainer ? CompileIn(expression, options, ONIG_SYNTAX_PERL) : regex;
 }
 
 // The whole match and each group of the expression; `skip` groups behind the whole match are not its own.

@@ -20,6 +20,8 @@ inline int Text(FunctionCall& call, std::u16string_view text)
 inline int ForeignText(FunctionCall& call, std::u16string_view text)
 {
     call.value = text;
+    for (std::size_t at = text.find(u'\0'); at != text.npos; at = text.find(u'\0', at + 1))
+        call.value.Set(at, u'\uFFFD'); // a NUL would end the line for whoever reads it next
     return function_result::neverRescan;
 }
 

@@ -190,7 +190,6 @@ int Regex_Function(FunctionCall& call);
 int Regexindex_Function(FunctionCall& call);
 int Regexsub_Function(FunctionCall& call);
 int Rereplace_Function(FunctionCall& call);
-int Wild_Function(FunctionCall& call);
 
 // likeness.cpp
 int Similar_Function(FunctionCall& call);
@@ -222,3 +221,57 @@ int Time_Function(FunctionCall& call);
 int Maketime_Function(FunctionCall& call);
 int Makeage_Function(FunctionCall& call);
 int Agedate_Function(FunctionCall& call);
+
+// text_codings.cpp
+int Urlencode_Function(FunctionCall& call);
+int Urldecode_Function(FunctionCall& call);
+int Htmlencode_Function(FunctionCall& call);
+int Htmldecode_Function(FunctionCall& call);
+int Punyencode_Function(FunctionCall& call);
+int Punydecode_Function(FunctionCall& call);
+
+// byte_codings.cpp
+int B64encode_Function(FunctionCall& call);
+int B64decode_Function(FunctionCall& call);
+int Hexencode_Function(FunctionCall& call);
+int Hexdecode_Function(FunctionCall& call);
+int Qpencode_Function(FunctionCall& call);
+int Qpdecode_Function(FunctionCall& call);
+int Uuencode_Function(FunctionCall& call);
+int Uudecode_Function(FunctionCall& call);
+int Yencode_Function(FunctionCall& call);
+int Ydecode_Function(FunctionCall& call);
+int Utf8encode_Function(FunctionCall& call);
+int Utf8decode_Function(FunctionCall& call);
+
+// hashes.cpp
+int Crc32_Function(FunctionCall& call);
+int Md5_Function(FunctionCall& call);
+int Sha1_Function(FunctionCall& call);
+int Sha256_Function(FunctionCall& call);
+int Sha384_Function(FunctionCall& call);
+int Sha512_Function(FunctionCall& call);
+int Cksum_Function(FunctionCall& call);
+
+// buffers.cpp
+int Balloc_Function(FunctionCall& call);
+int Bfree_Function(FunctionCall& call);
+int Bsize_Function(FunctionCall& call);
+int Bpeek_Function(FunctionCall& call);
+int Bpoke_Function(FunctionCall& call);
+int Bpeekstr_Function(FunctionCall& call);
+int Bpokestr_Function(FunctionCall& call);
+int Bread_Function(FunctionCall& call);
+int Bwrite_Function(FunctionCall& call);
+
+// array_functions.cpp
+int Arrayinfo_Function(FunctionCall& call);
+int Arrayize_Function(FunctionCall& call);
+int Execarray_Function(FunctionCall& call);
+
+// definitions.cpp
+int Alias_Function(FunctionCall& call);
+int Function_Function(FunctionCall& call);
+
+// uuids.cpp
+int Uuid_Function(FunctionCall& call);

@@ -1,4 +1,4 @@
-// Texts matched by regular expressions and wildcards.
+// Texts matched by regular expressions.
 //
 // The expression comes first, as it may hold brackets that do not pair; one with commas stands in double
 // quotes. The text holds whatever commas are left.
@@ -9,7 +9,6 @@
 #include "engine/inifile.h"
 #include "expand/expansion.h"
 #include "files/regex.h"
-#include "files/wildcards.h"
 #include "functions/answers.h"
 #include "functions/arguments.h"
 
@@ -128,15 +127,4 @@ int Rereplace_Function(FunctionCall& call)
     });
     changed.Append(text.substr(done));
     return changed.size() > longestExpansion ? answer::tooLong : answer::Text(call, changed);
-}
-
-// @wild[text,pattern]: whether the whole text matches the wildcards, or a regular expression behind "::".
-int Wild_Function(FunctionCall& call)
-{
-    const FunctionArguments arguments(call, u"st");
-    if (arguments.Error())
-        return arguments.Error();
-    const int differs =
-        WildcardComparison(arguments.Text(1), arguments.Text(0), false, true, RegexSyntaxInForce());
-    return differs < 0 ? invalidRegex : answer::Flag(call, differs == 0);
 }

@@ -1,19 +1,40 @@
 // Words and fields of a text.
-//
-// Words are parted by runs of separators, fields by each single one, so that fields may be empty. Text in
-// double quotes is never parted.
 #include "functions/families.h"
 
 #include <vector>
 
 #include "functions/arguments.h"
+#include "functions/word_cutting.h"
 #include "text/format.h"
 
 namespace {
 
 using View = std::u16string_view;
 
-constexpr View usualSeparators = u" \t,";
+using Splitter = std::vector<View> (*)(View text, View separators);
+
+int AnswerPart(FunctionCall& call, Splitter split)
+{
+    const FunctionArguments arguments(call, u"sn|q");
+    if (arguments.Error())
+        return arguments.Error();
+    const std::vector<View> parts =
+        split(arguments.Text(0), arguments.Has(2) ? arguments.Text(2) : usualSeparators);
+    const std::int64_t count = static_cast<std::int64_t>(parts.size());
+    const std::int64_t n = arguments.Number(1) < 0 ? arguments.Number(1) + count : arguments.Number(1);
+    call.value = n >= 0 && n < count ? parts[static_cast<std::size_t>(n)] : View();
+    return 0;
+}
+
+int AnswerCount(FunctionCall& call, Splitter split)
+{
+    const FunctionArguments arguments(call, u"s|q");
+    const View separators = arguments.Has(1) ? arguments.Text(1) : usualSeparators;
+    call.value = Format(u"%u", split(arguments.Text(0), separators).size());
+    return 0;
+}
+
+} // namespace
 
 std::vector<View> SplitFields(View text, View separators)
 {
@@ -40,31 +61,6 @@ std::vector<View> SplitWords(View text, View separators)
     std::erase_if(words, [](View word) { return word.empty(); });
     return words;
 }
-
-using Splitter = std::vector<View> (*)(View text, View separators);
-
-int AnswerPart(FunctionCall& call, Splitter split)
-{
-    const FunctionArguments arguments(call, u"sn|q");
-    if (arguments.Error())
-        return arguments.Error();
-    const std::vector<View> parts =
-        split(arguments.Text(0), arguments.Has(2) ? arguments.Text(2) : usualSeparators);
-    const std::int64_t count = static_cast<std::int64_t>(parts.size());
-    const std::int64_t n = arguments.Number(1) < 0 ? arguments.Number(1) + count : arguments.Number(1);
-    call.value = n >= 0 && n < count ? parts[static_cast<std::size_t>(n)] : View();
-    return 0;
-}
-
-int AnswerCount(FunctionCall& call, Splitter split)
-{
-    const FunctionArguments arguments(call, u"s|q");
-    const View separators = arguments.Has(1) ? arguments.Text(1) : usualSeparators;
-    call.value = Format(u"%u", split(arguments.Text(0), separators).size());
-    return 0;
-}
-
-} // namespace
 
 // @word[text,n[,"separators"]]: word n, counted from 0, or from the end when negative.
 int Word_Function(FunctionCall& call) { return AnswerPart(call, SplitWords); }

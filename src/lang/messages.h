@@ -80,6 +80,16 @@ constexpr unsigned unknownTextKind = 0x200002D4;     // 3724
 constexpr unsigned timerNotRunning = 0x20000280;     // 3640
 constexpr unsigned invalidRegex = 0x200002BC;        // 3700
 constexpr unsigned unknownDateForm = 0x200002BD;     // 3701
+constexpr unsigned malformedText = 0x200002BE;       // 3702
+constexpr unsigned noBuffer = 0x200002BF;            // 3703
+constexpr unsigned tooManyBuffers = 0x200002C0;      // 3704
+constexpr unsigned outsideBuffer = 0x200002C1;       // 3705
+constexpr unsigned unknownChoice = 0x200002C2;       // 3706
+constexpr unsigned unknownAlgorithm = 0x200002C3;    // 3707
+constexpr unsigned checksumDiffers = 0x200002C4;     // 3708
+constexpr unsigned invalidFormat = 0x200002C5;       // 3709
+constexpr unsigned noChecksums = 0x200002C6;         // 3710
+constexpr unsigned invalidUuid = 0x200002C7;         // 3711
 } // namespace errors
 
 namespace message {
@@ -140,4 +150,5 @@ constexpr unsigned timerStarted = 3641;
 constexpr unsigned timerStopped = 3642;
 constexpr unsigned timerSplit = 3643;
 constexpr unsigned breakState = 3644;
+constexpr unsigned checksumRight = 3715;
 } // namespace message

@@ -2,53 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/handle.h"
-#include "text/format.h"
-
-namespace {
-
-bool WriteNewFile(const CString& name, std::string_view bytes)
-{
-    const OwnedHandle file(CreateFileW(name.w(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-    if (!file)
-        return false;
-    while (!bytes.empty()) {
-        constexpr std::size_t largestWrite = std::size_t{1} << 20;
-        DWORD written = 0;
-        const auto count = static_cast<DWORD>(std::min(bytes.size(), largestWrite));
-        if (!WriteFile(file.Get(), bytes.data(), count, &written, nullptr) || written == 0)
-            return false;
-        bytes.remove_prefix(written);
-    }
-    return FlushFileBuffers(file.Get());
-}
-
-// Whether somebody holds the file so that it cannot give its name away. The system would find out only after
-// it has begun.
-bool IsHeld(const CString& name)
-{
-    constexpr DWORD anybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    return !OwnedHandle(CreateFileW(name.w(), DELETE, anybody, nullptr, OPEN_EXISTING, 0, nullptr));
-}
-
-bool TakePlaceOf(const CString& name, const CString& replacement)
-{
-    const DWORD attributes = GetFileAttributesW(name.w());
-    if (attributes == INVALID_FILE_ATTRIBUTES)
-        return MoveFileExW(replacement.w(), name.w(), MOVEFILE_WRITE_THROUGH);
-    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
-        SetLastError(ERROR_ACCESS_DENIED);
-        return false;
-    }
-    if (IsHeld(name))
-        return false;
-    // Not every file system can hand the old file's rights on.
-    return ReplaceFileW(name.w(), replacement.w(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
-                        nullptr) ||
-           MoveFileExW(replacement.w(), name.w(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-}
-
-} // namespace
+#include "platform/byte_files.h"
 
 bool ReadWholeFile(const CString& name, std::string& bytes, std::size_t most)
 {
@@ -75,13 +29,8 @@ bool ReadWholeFile(const CString& name, std::string& bytes, std::size_t most)
 
 bool ReplaceWholeFile(const CString& name, std::string_view bytes)
 {
-    const CString temporary = Format(u"%s.%x.tmp", name, GetCurrentProcessId());
-    if (WriteNewFile(temporary, bytes) && TakePlaceOf(name, temporary))
-        return true;
-    const DWORD reason = GetLastError();
-    DeleteFileW(temporary.w());
-    SetLastError(reason);
-    return false;
+    ReplacedFile file;
+    return file.Create(name) && file.Write(bytes) && file.Commit();
 }
 
 bool CreateNewFile(const CString& name)

@@ -1,0 +1,81 @@
+// Array variables asked about and filled.
+#include "functions/families.h"
+
+#include <vector>
+
+#include <windows.h>
+
+#include "core/output_capture.h"
+#include "expand/lists.h"
+#include "files/text_lines.h"
+#include "functions/answers.h"
+#include "functions/arguments.h"
+#include "functions/word_cutting.h"
+
+namespace {
+
+// Makes an array of one dimension with these elements. 0, or a result that was reported.
+int FillArray(const CString& name, const std::vector<CString>& elements)
+{
+    if (!IsArrayName(name))
+        return -ReportArrayStatus(ArrayStatus::NotAnArray, name);
+    ArrayIndexes index;
+    index.count = 1;
+    index.values[0] = static_cast<std::int64_t>(std::max<std::size_t>(elements.size(), 1));
+    ArrayStatus status = ArrayVariables().Define(name, index);
+    for (std::size_t i = 0; i < elements.size() && status == ArrayStatus::Ok; ++i) {
+        index.values[0] = static_cast<std::int64_t>(i);
+        status = ArrayVariables().Set(name, index, elements[i]);
+    }
+    return -ReportArrayStatus(status, name);
+}
+
+} // namespace
+
+// @arrayinfo[name[,n]]: how many dimensions the array has, 0 when there is none; or the size of dimension n.
+int Arrayinfo_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"t|n");
+    if (arguments.Error())
+        return arguments.Error();
+    const int index = QueryArrayVariable(CString(arguments.Text(0)).Trim());
+    const ArrayIndexes sizes = index < 0 ? ArrayIndexes() : ArrayVariables().At(index).sizes;
+    if (!arguments.Has(1))
+        return answer::Number(call, sizes.count);
+    const std::int64_t n = arguments.Number(1) < 0 ? arguments.Number(1) + sizes.count : arguments.Number(1);
+    return answer::Number(call, n >= 0 && n < sizes.count ? sizes.values[n] : 0);
+}
+
+// @arrayize[text,name[,"separators"]]: makes an array of the text's words and gives their number.
+int Arrayize_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"st|q");
+    if (arguments.Error())
+        return arguments.Error();
+    std::vector<CString> words;
+    for (const std::u16string_view word :
+         SplitWords(arguments.Text(0), arguments.Has(2) ? arguments.Text(2) : usualSeparators))
+        words.emplace_back(word);
+    const int code = FillArray(CString(arguments.Text(1)).Trim(), words);
+    return code ? code : answer::Number(call, static_cast<std::int64_t>(words.size()));
+}
+
+// @execarray[command,name]: makes an array of the lines that the command writes and gives their number.
+int Execarray_Function(FunctionCall& call)
+{
+    constexpr std::size_t mostLines = 1'000'000;
+    const FunctionArguments arguments(call, u"st");
+    if (arguments.Error())
+        return arguments.Error();
+    OutputCapture capture;
+    bool ran = false;
+    capture.Run(CString(arguments.Text(0)), ran);
+    TextLines text;
+    if (!ran || !text.Open(capture.File()))
+        return static_cast<int>(GetLastError());
+    std::vector<CString> lines;
+    for (std::u16string_view line; lines.size() < mostLines && text.Next(line);)
+        lines.emplace_back(line);
+    const int code = FillArray(CString(arguments.Text(1)).Trim(), lines);
+    return code ? code : answer::Number(call, static_cast<std::int64_t>(lines.size()));
+}
