@@ -14,7 +14,8 @@ const CommandHelp printfHelp = {
     u"%%  the percent sign\n"
     u"Between % and the letter: - on the left, + with sign, 0 filled with zeros, # with prefix, a width, and "
     u"a "
-    u"period and a precision; * takes the number from the arguments. Escapes are \\n new line, \\t tab, \\a "
+    u"period and a precision; * takes the number from the arguments. Escapes are \\n line end (CR and LF), "
+    u"\\t tab, \\a "
     u"bell, \\b, \\e, \\f, \\r, \\v, \\\\, \\\", \\nnn octal, \\xhh and \\uhhhh. No line end is added. The "
     u"format is used again until no argument is left; a missing argument is nothing, or 0. A format in "
     u"back-quotes keeps its percent signs; elsewhere they are doubled in batch files.",

@@ -47,8 +47,8 @@ char16_t TakeCode(View& text, int base, std::size_t most)
 // The escape behind a backslash, which is taken off the text.
 void AppendEscape(CString& target, View& text)
 {
-    constexpr View letters = u"abefnrtv\\\"'";
-    constexpr View meanings = u"\a\b\x1B\f\n\r\t\v\\\"'";
+    constexpr View letters = u"abefrtv\\\"'";
+    constexpr View meanings = u"\a\b\x1B\f\r\t\v\\\"'";
     const char16_t unit = text[0];
     const std::size_t known = letters.find(unit);
     if (unit >= u'0' && unit <= u'7') {
@@ -57,7 +57,9 @@ void AppendEscape(CString& target, View& text)
     }
     text.remove_prefix(1);
     const bool coded = (unit == u'x' || unit == u'u') && !text.empty() && HexDigit(text[0]) >= 0;
-    if (coded)
+    if (unit == u'n')
+        target.Append(target.back() == u'\r' ? u"\n" : u"\r\n");
+    else if (coded)
         target.Append(TakeCode(text, 16, unit == u'x' ? 2 : 4));
     else if (known != View::npos)
         target.Append(meanings[known]);

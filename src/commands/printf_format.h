@@ -4,7 +4,8 @@
 //   %e %E %f %F %g %G %a %A floating numbers   %% the percent sign
 //
 // with the flags - + blank 0 #, a width and a precision, each of which may be "*" for an argument. Escapes
-// are \\ \" \a \b \e \f \n \r \t \v, \nnn octal, \xhh and \uhhhh. A missing argument is nothing, or 0.
+// are \\ \" \a \b \e \f \r \t \v, \nnn octal, \xhh and \uhhhh; \n is a line end, CR and LF. A missing
+// argument is nothing, or 0.
 #pragma once
 
 #include <string_view>
