@@ -67,6 +67,7 @@ set(MOVACORE_PURE_ROOMS
   src/files/digest.cpp
   src/files/directory_name.cpp
   src/files/file_walk.cpp
+  src/files/name_colors.cpp
   src/files/name_pattern.cpp
   src/files/range_reading.cpp
   src/files/ranges.cpp

@@ -11,6 +11,7 @@
 #include "files/dates.h"
 #include "files/descriptions.h"
 #include "files/directory_name.h"
+#include "platform/console.h"
 #include "text/compare.h"
 #include "text/path_names.h"
 
@@ -46,6 +47,12 @@ std::u16string_view WithoutSeparator(std::u16string_view directory)
 DirListing::DirListing(const DirOptions& what)
     : options(what), country(Country()), pager(what.pauses), questions(what.shortNames)
 {
+    const std::optional<ScreenFacts> screen =
+        aIniFile.ColorDir && IsConsole(1) ? ReadScreenFacts() : std::nullopt;
+    if (screen) {
+        colors = NameColors(aIniFile.ColorDir);
+        screenColors = screen->attributes;
+    }
     texts.directory = LoadMessage(message::directoryMark);
     texts.junction = LoadMessage(message::junctionMark);
     texts.directoryLink = LoadMessage(message::directoryLinkMark);
@@ -58,16 +65,27 @@ void DirListing::Line(std::u16string_view text)
         refused = refused || !pager.Line(text);
         return;
     }
+    waiting.text.Append(text).Append(u"\r\n");
+    if (waiting.text.size() >= outputBlock)
+        Flush();
+}
+
+void DirListing::Line(const PaintedText& text)
+{
+    if (options.pauses) {
+        refused = refused || !pager.Line(text);
+        return;
+    }
     waiting.Append(text).Append(u"\r\n");
-    if (waiting.size() >= outputBlock)
+    if (waiting.text.size() >= outputBlock)
         Flush();
 }
 
 void DirListing::Flush()
 {
-    if (!waiting.empty() && !refused)
+    if (!waiting.text.empty() && !refused)
         refused = !Print(waiting);
-    waiting.SetLength(0);
+    waiting.Clear();
 }
 
 void DirListing::Sort(std::vector<FoundFile>& files)
@@ -206,6 +224,11 @@ CString DirListing::ShownName(const FoundFile& file) const
     return name;
 }
 
+std::optional<unsigned> DirListing::ColorOf(const FoundFile& file) const
+{
+    return colors.Empty() ? std::nullopt : colors.Of(file.name, file.facts.attributes, screenColors);
+}
+
 void DirListing::WriteBare(const SearchedDirectory& directory)
 {
     const bool full = options.fullNames || options.deepest > 0;
@@ -217,6 +240,10 @@ void DirListing::WriteBare(const SearchedDirectory& directory)
     }
     const std::size_t start = path.size();
     for (const FoundFile& file : directory.found.files) {
+        if (!colors.Empty()) {
+            Line(PaintedText().Append(path).Append(ShownName(file), ColorOf(file)));
+            continue;
+        }
         if (options.lowerCase)
             path.Append(ShownName(file));
         else
@@ -257,14 +284,15 @@ CString DirListing::KindText(const EntryFacts& facts) const
     return link ? Format(u"   %-14s ", texts.fileLink) : Format(u"%17s ", Number(facts.size));
 }
 
-CString DirListing::LongLine(const SearchedDirectory& directory, const FoundFile& file)
+PaintedText DirListing::LongLine(const SearchedDirectory& directory, const FoundFile& file)
 {
-    CString line = Format(u"%s %s", TimeText(TimeOf(file.facts, options.time)), KindText(file.facts));
+    PaintedText line;
+    line.Append(Format(u"%s %s", TimeText(TimeOf(file.facts, options.time)), KindText(file.facts)));
     if (options.shortNames)
         line.Append(Format(u"%-12s ", file.shortName));
     if (options.owners)
         line.Append(Format(u"%-22s ", questions.Owner(directory.found.name, file.name)));
-    line.Append(ShownName(file));
+    line.Append(ShownName(file), ColorOf(file));
     const CString description = descriptions.Find(file.name);
     if (!description.empty())
         line.Append(u"  ").Append(description);
@@ -298,13 +326,15 @@ void DirListing::WriteColumns(const SearchedDirectory& directory)
     const std::size_t columns = std::max<std::size_t>(1, (width + gap) / (longest + gap));
     const std::size_t rows = (names.size() + columns - 1) / columns;
     for (std::size_t row = 0; row < rows; ++row) {
-        CString line;
+        PaintedText line;
         for (std::size_t column = 0; column < columns; ++column) {
             const std::size_t at =
                 options.layout == DirLayout::Down ? column * rows + row : row * columns + column;
-            if (at < names.size())
-                line.Append(Format(u"%-*s", longest + gap, names[at]));
+            if (at >= names.size())
+                break;
+            line.Append(CString(column * (longest + gap) - line.text.size(), u' '));
+            line.Append(names[at], ColorOf(directory.found.files[at]));
         }
-        Line(line.TrimRight(u" "));
+        Line(line);
     }
 }

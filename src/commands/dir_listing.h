@@ -7,9 +7,11 @@
 
 #include "commands/dir_options.h"
 #include "commands/pager.h"
+#include "engine/painted_text.h"
 #include "files/description_list.h"
 #include "files/directory_source.h"
 #include "files/file_search.h"
+#include "files/name_colors.h"
 #include "platform/national.h"
 
 class DirListing {
@@ -45,12 +47,14 @@ private:
     void WriteColumns(const SearchedDirectory& directory);
     void WriteStreams(std::u16string_view path, const CString& size);
     void WriteCounts(const Counts& counts);
-    CString LongLine(const SearchedDirectory& directory, const FoundFile& file);
+    PaintedText LongLine(const SearchedDirectory& directory, const FoundFile& file);
     CString KindText(const EntryFacts& facts) const;
     CString TimeText(std::uint64_t fileTime);
     CString Number(std::uint64_t number) const;
     CString ShownName(const FoundFile& file) const;
+    std::optional<unsigned> ColorOf(const FoundFile& file) const;
     void Line(std::u16string_view text);
+    void Line(const PaintedText& text);
     void Flush();
 
     const DirOptions& options;
@@ -59,7 +63,9 @@ private:
     SystemDirectories questions;
     SystemRangeClock clock;
     DescriptionList descriptions; // of the directory that is written
-    CString waiting;              // lines that are not written yet
+    PaintedText waiting;          // lines that are not written yet
+    NameColors colors;            // without rules where nobody would see them
+    unsigned screenColors = 0;
     bool refused = false;
     CString volume;        // whose header was written last
     CString lastDirectory; // shown for the present argument

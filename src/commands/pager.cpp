@@ -17,12 +17,23 @@ Pager::Pager(bool pauses)
 
 bool Pager::Line(std::u16string_view text) { return Piece(Format(u"%s\r\n", text)); }
 
+bool Pager::Line(PaintedText line)
+{
+    Prepare(line.text);
+    return Print(line.Append(u"\r\n"));
+}
+
 bool Pager::Piece(std::u16string_view text)
+{
+    Prepare(text);
+    return Print(text);
+}
+
+void Pager::Prepare(std::u16string_view text)
 {
     ThrowIfBroken();
     if (screen.rows > 0)
         MakeRoom(text.substr(0, text.find_last_not_of(u"\r\n") + 1).size());
-    return Print(text);
 }
 
 // Waits before a line that would push the first one of this screen out of sight.

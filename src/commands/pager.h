@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "engine/painted_text.h"
 #include "platform/console_size.h"
 
 class Pager {
@@ -11,10 +12,12 @@ public:
     explicit Pager(bool pauses);
     // Writes a line and its end. False when the output refused it: there is no use in going on.
     bool Line(std::u16string_view text);
+    bool Line(PaintedText line);
     // Writes a line that brings its end along, or a part of a long one, as it stands.
     bool Piece(std::u16string_view text);
 
 private:
+    void Prepare(std::u16string_view text);
     void MakeRoom(std::size_t length);
 
     ConsoleSize screen; // without rows there are no pauses

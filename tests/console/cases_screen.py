@@ -80,3 +80,15 @@ def greeting(console):
     console.ends_with('Unknown command "no_such_thing"', ">")
     console.has_colors("\x1b[93mno_such")
     console.has_colors("\x1b[91mUnknown")
+
+
+@case("DIR shows names in the colours of ColorDir, and TYPE sets tabs as TabStops says")
+def colored_names(console):
+    console.file("look.ini", "ColorDir=txt:bright green; ini:red on white", "TabStops=3")
+    console.file("a.txt", "x\ty")
+    console.start("@look.ini")
+    console.shows(">")
+    console.line("dir /w/h/k/m & type a.txt & dir /b *.txt")
+    console.ends_with("a.txt     look.ini", "x  y", "a.txt", ">")
+    console.has_colors("\x1b[92ma.txt\x1b[39m")
+    console.has_colors("\x1b[31m\x1b[47mlook.ini")
