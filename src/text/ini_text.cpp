@@ -124,7 +124,7 @@ void IniText::Set(View section, View entry, View value)
         text.Replace(from, line->value.size(), value);
         return;
     }
-    std::size_t behind = npos;
+    std::size_t behind = section.empty() ? 0 : npos; // entries may stand in front of all sections
     for (Line line; NextLine(line);) {
         const bool filled = !Trimmed(text.view().substr(line.start, line.end - line.start)).empty();
         if (EqualNoCase(line.section, section) && (line.isHeader || (behind != npos && filled)))
