@@ -21,5 +21,5 @@ int AnswerAmount(FunctionCall& call, std::uint64_t bytes, const AmountUnit& unit
     CString text = Format(u"%u", bytes / static_cast<std::uint64_t>(unit.bytes));
     if (unit.separators)
         AddCommas(text);
-    return AnswerText(call, text);
+    return answer::ForeignText(call, text);
 }

@@ -35,7 +35,7 @@ int AnswerSpace(FunctionCall& call, std::uint64_t (*amount)(const DiskSpace& spa
     if (!ReadAmountUnit(arguments.Text(1), unit))
         return Refuse(errors::unknownUnit);
     const auto space = ReadDiskSpace(DriveRoot(FileArgument(arguments.Text(0))));
-    return space ? AnswerAmount(call, amount(*space), unit) : AnswerNumber(call, -1);
+    return space ? AnswerAmount(call, amount(*space), unit) : answer::Number(call, -1);
 }
 
 VolumeDetails DetailsOf(const FunctionCall& call)
@@ -79,42 +79,43 @@ int Disktotal_Function(FunctionCall& call)
 }
 
 // @label[drive], @fstype[drive], @serial[drive] ("1234-ABCD").
-int Label_Function(FunctionCall& call) { return AnswerText(call, DetailsOf(call).label); }
-int Fstype_Function(FunctionCall& call) { return AnswerText(call, DetailsOf(call).fileSystem); }
+int Label_Function(FunctionCall& call) { return answer::ForeignText(call, DetailsOf(call).label); }
+int Fstype_Function(FunctionCall& call) { return answer::ForeignText(call, DetailsOf(call).fileSystem); }
 
 int Serial_Function(FunctionCall& call)
 {
     const auto details = ReadVolumeDetails(RootOf(call));
-    return AnswerText(call, details ? Format(u"%04X-%04X", details->serial >> 16, details->serial & 0xFFFF)
-                                    : CString());
+    return answer::ForeignText(
+        call, details ? Format(u"%04X-%04X", details->serial >> 16, details->serial & 0xFFFF) : CString());
 }
 
 // @ready[drive]: whether there is a medium that can be read.
 int Ready_Function(FunctionCall& call)
 {
-    return AnswerFlag(call, ReadVolumeDetails(RootOf(call)).has_value());
+    return answer::Flag(call, ReadVolumeDetails(RootOf(call)).has_value());
 }
 
 // @removable[drive], @remote[drive], @cdrom[drive], @usb[drive]
 int Removable_Function(FunctionCall& call)
 {
-    return AnswerFlag(call, DriveKind(RootOf(call)) == removableDrive);
+    return answer::Flag(call, DriveKind(RootOf(call)) == removableDrive);
 }
-int Remote_Function(FunctionCall& call) { return AnswerFlag(call, DriveKind(RootOf(call)) == remoteDrive); }
-int Cdrom_Function(FunctionCall& call) { return AnswerFlag(call, DriveKind(RootOf(call)) == opticalDrive); }
-int Usb_Function(FunctionCall& call) { return AnswerFlag(call, BusName(StorageOf(call).bus) == u"USB"); }
+int Remote_Function(FunctionCall& call) { return answer::Flag(call, DriveKind(RootOf(call)) == remoteDrive); }
+int Cdrom_Function(FunctionCall& call) { return answer::Flag(call, DriveKind(RootOf(call)) == opticalDrive); }
+int Usb_Function(FunctionCall& call) { return answer::Flag(call, BusName(StorageOf(call).bus) == u"USB"); }
 
 // @drivetype[drive]: the system's number (platform/volumes.h). @drivetypeex[drive]: a word.
 int Drivetype_Function(FunctionCall& call)
 {
-    return AnswerNumber(call, std::int64_t{DriveKind(RootOf(call))});
+    return answer::Number(call, std::int64_t{DriveKind(RootOf(call))});
 }
 
 int Drivetypeex_Function(FunctionCall& call)
 {
     const char16_t letter = LetterOf(call);
     const bool substituted = letter && !SubstitutedFolder(letter).empty();
-    return AnswerText(call, KindWord(DriveKind(RootOf(call)), BusName(StorageOf(call).bus), substituted));
+    return answer::ForeignText(call,
+                               KindWord(DriveKind(RootOf(call)), BusName(StorageOf(call).bus), substituted));
 }
 
 // @mediatype[drive]: "HDD", "SSD", "optical", "removable" or "".
@@ -122,26 +123,26 @@ int Mediatype_Function(FunctionCall& call)
 {
     const unsigned kind = DriveKind(RootOf(call));
     if (kind == opticalDrive)
-        return AnswerText(call, u"optical");
+        return answer::ForeignText(call, u"optical");
     const StorageFacts storage = StorageOf(call);
     if (storage.rotates)
-        return AnswerText(call, *storage.rotates ? u"HDD" : u"SSD");
-    return AnswerText(call, kind == removableDrive || storage.removable ? u"removable" : u"");
+        return answer::ForeignText(call, *storage.rotates ? u"HDD" : u"SSD");
+    return answer::ForeignText(call, kind == removableDrive || storage.removable ? u"removable" : u"");
 }
 
 // @bustype[drive]: "USB", "SATA", "NVMe" and so on. @serialhw[drive]: the number on the hardware.
-int Bustype_Function(FunctionCall& call) { return AnswerText(call, BusName(StorageOf(call).bus)); }
-int Serialhw_Function(FunctionCall& call) { return AnswerText(call, StorageOf(call).serial); }
+int Bustype_Function(FunctionCall& call) { return answer::ForeignText(call, BusName(StorageOf(call).bus)); }
+int Serialhw_Function(FunctionCall& call) { return answer::ForeignText(call, StorageOf(call).serial); }
 
 // @subst[drive]: the folder that a substituted drive stands for.
 int Subst_Function(FunctionCall& call)
 {
     const char16_t letter = LetterOf(call);
-    return AnswerText(call, letter ? SubstitutedFolder(letter) : CString());
+    return answer::ForeignText(call, letter ? SubstitutedFolder(letter) : CString());
 }
 
 // @unc[name]: the name of a file on a connected drive by its server.
 int Unc_Function(FunctionCall& call)
 {
-    return AnswerText(call, UniversalName(FullPathName(FileArgument(call.arguments))));
+    return answer::ForeignText(call, UniversalName(FullPathName(FileArgument(call.arguments))));
 }

@@ -9,11 +9,11 @@
 #include "core/executable_type.h"
 #include "engine/country.h"
 #include "files/attribute_masks.h"
-#include "files/dates.h"
 #include "files/descriptions.h"
 #include "files/ranges.h"
 #include "files/text_reader.h"
 #include "functions/arguments.h"
+#include "functions/date_forms.h"
 #include "functions/file_answers.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"
@@ -69,19 +69,6 @@ int ReadChosenTime(const FunctionArguments& arguments, bool inUtc, std::uint64_t
     return 0;
 }
 
-// 0 is the country's order, 1 month first, 2 day first, 3 year first, 4 the international form.
-bool FormatDateAs(std::int64_t format, const calendar::Date& date, CString& text)
-{
-    const NationalSettings country = Country();
-    const DateOrder orders[] = {country.dateOrder, DateOrder::MonthDayYear, DateOrder::DayMonthYear,
-                                DateOrder::YearMonthDay};
-    if (format < 0 || format > 4)
-        return false;
-    text = format == 4 ? FormatIsoDate(date)
-                       : FormatDate(date, orders[static_cast<std::size_t>(format)], country.dateSeparator);
-    return true;
-}
-
 bool SameContents(const CString& one, const CString& other)
 {
     TextReader first;
@@ -99,21 +86,21 @@ bool SameContents(const CString& one, const CString& other)
 
 } // namespace
 
-// @filedate[name[,time[,format]]], @filetime[name[,time]], @fileage[name[,time]]: the day, the time of day,
+// @filedate[name[,time[,form]]], @filetime[name[,time]], @fileage[name[,time]]: the day, the time of day,
 // and both as a file time (100 nanoseconds since 1601, UTC). `time` is w, a or c, with a "u" behind it in
 // UTC.
 int Filedate_Function(FunctionCall& call)
 {
-    const FunctionArguments arguments(call, u"s|tn");
+    const FunctionArguments arguments(call, u"s|tt");
+    const auto form = arguments.Has(2) ? FindDateForm(arguments.Text(2)) : DateForm::Local;
     std::uint64_t time = 0;
     bool there = false;
+    if (!form)
+        return answer::invalidForm;
     if (const int code = ReadChosenTime(arguments, false, time, there))
         return code;
-    CString text;
     const auto date = there ? DateFromDays(MomentOfFileTime(time).day) : std::nullopt;
-    if (date && !FormatDateAs(arguments.Number(2), *date, text))
-        return Refuse(errors::invalidNumber);
-    return AnswerText(call, text);
+    return answer::ForeignText(call, date ? FormatDateAs(*date, *form, Country()) : CString());
 }
 
 int Filetime_Function(FunctionCall& call)
@@ -124,11 +111,11 @@ int Filetime_Function(FunctionCall& call)
     if (const int code = ReadChosenTime(arguments, false, time, there))
         return code;
     if (!there)
-        return AnswerText(call, View());
+        return answer::ForeignText(call, View());
     const int second = MomentOfFileTime(time).second;
     const char16_t separator = Country().timeSeparator;
-    return AnswerText(call, Format(u"%02d%c%02d%c%02d", second / 3600, separator, second / 60 % 60, separator,
-                                   second % 60));
+    return answer::ForeignText(call, Format(u"%02d%c%02d%c%02d", second / 3600, separator, second / 60 % 60,
+                                            separator, second % 60));
 }
 
 int Fileage_Function(FunctionCall& call)
@@ -138,7 +125,7 @@ int Fileage_Function(FunctionCall& call)
     bool there = false;
     if (const int code = ReadChosenTime(arguments, true, time, there))
         return code;
-    return AnswerNumber(call, there ? static_cast<std::int64_t>(time) : -1);
+    return answer::Number(call, there ? static_cast<std::int64_t>(time) : -1);
 }
 
 // @attrib[name[,attributes]]: the attributes as letters, or whether a selection by /A would take the file.
@@ -147,11 +134,11 @@ int Attrib_Function(FunctionCall& call)
     const FunctionArguments arguments(call, u"s|t");
     const auto attributes = ReadFileAttributes(FileArgument(arguments.Text(0)));
     if (!arguments.Has(1))
-        return AnswerText(call, attributes ? AttributeLetters(*attributes) : CString());
+        return answer::ForeignText(call, attributes ? AttributeLetters(*attributes) : CString());
     AttributeMasks masks;
     if (const int code = GetSearchAttributes(arguments.Text(1), masks))
         return code;
-    return AnswerFlag(call, attributes && masks.Select(*attributes));
+    return answer::Flag(call, attributes && masks.Select(*attributes));
 }
 
 // @wattrib[name,letters]: sets attributes, or clears those with "-" in front; whether that was done.
@@ -165,50 +152,53 @@ int Wattrib_Function(FunctionCall& call)
     if (!change)
         return Refuse(errors::unknownAttribute);
     const auto attributes = ReadFileAttributes(name);
-    return AnswerFlag(call,
-                      attributes && WriteFileAttributes(name, (*attributes & ~change->clear) | change->set));
+    return answer::Flag(call, attributes &&
+                                  WriteFileAttributes(name, (*attributes & ~change->clear) | change->set));
 }
 
 // @owner[name]: "DOMAIN\name".
-int Owner_Function(FunctionCall& call) { return AnswerText(call, FileOwner(FileArgument(call.arguments))); }
+int Owner_Function(FunctionCall& call)
+{
+    return answer::ForeignText(call, FileOwner(FileArgument(call.arguments)));
+}
 
 // @descript[name]: the description.
 int Descript_Function(FunctionCall& call)
 {
     const CString name = FileArgument(call.arguments);
-    return AnswerText(call, ReadDescriptions(DirectoryPart(name)).Find(FileNamePart(name)));
+    return answer::ForeignText(call, ReadDescriptions(DirectoryPart(name)).Find(FileNamePart(name)));
 }
 
 // @inode[name]: the number by which the file system knows the file. @links[name]: how many names it has.
 int Inode_Function(FunctionCall& call)
 {
     const auto identity = IdentifyFile(FileArgument(call.arguments));
-    return AnswerText(call, identity ? Format(u"%u", identity->file) : CString(u"-1"));
+    return answer::ForeignText(call, identity ? Format(u"%u", identity->file) : CString(u"-1"));
 }
 
 int Links_Function(FunctionCall& call)
 {
     const auto identity = IdentifyFile(FileArgument(call.arguments));
-    return AnswerNumber(call, identity ? std::int64_t{identity->links} : -1);
+    return answer::Number(call, identity ? std::int64_t{identity->links} : -1);
 }
 
 // @junction[name], @symlink[name]: where it leads to; "" for anything else.
 int Junction_Function(FunctionCall& call)
 {
     const LinkTarget link = ReadLinkTarget(FileArgument(call.arguments));
-    return AnswerText(call, link.kind == LinkKind::Junction ? link.target : CString());
+    return answer::ForeignText(call, link.kind == LinkKind::Junction ? link.target : CString());
 }
 
 int Symlink_Function(FunctionCall& call)
 {
     const LinkTarget link = ReadLinkTarget(FileArgument(call.arguments));
-    return AnswerText(call, link.kind == LinkKind::SymbolicLink ? link.target : CString());
+    return answer::ForeignText(call, link.kind == LinkKind::SymbolicLink ? link.target : CString());
 }
 
 // @exetype[name]: the kind of program, by the numbers of core/executable_type.h.
 int Exetype_Function(FunctionCall& call)
 {
-    return AnswerNumber(call, GetExeType(FileArgument(call.arguments)));
+    return answer::Number(call, GetExeType(FileArgument(call.arguments)));
 }
 
 // @filetype[name]: what the file seems to hold (text/content_kind.h).
@@ -217,7 +207,7 @@ int Filetype_Function(FunctionCall& call)
     TextReader reader;
     std::string block;
     const bool read = reader.Open(FileArgument(call.arguments)) && reader.ReadBytes(block);
-    return AnswerText(call, read ? ContentKind(block) : View());
+    return answer::ForeignText(call, read ? ContentKind(block) : View());
 }
 
 // @compare[name,other]: whether both files hold the same.
@@ -230,8 +220,8 @@ int Compare_Function(FunctionCall& call)
     const CString other = FileArgument(arguments.Text(1));
     const auto facts = ReadFileFacts(one);
     const auto otherFacts = ReadFileFacts(other);
-    return AnswerFlag(call,
-                      facts && otherFacts && facts->size == otherFacts->size && SameContents(one, other));
+    return answer::Flag(call,
+                        facts && otherFacts && facts->size == otherFacts->size && SameContents(one, other));
 }
 
 // @filelock[name]: the ids of the processes that hold the file open, parted by blanks.
@@ -240,7 +230,7 @@ int Filelock_Function(FunctionCall& call)
     CString text;
     for (const std::uint32_t id : ProcessesUsing(FileArgument(call.arguments)))
         text.Append(text.empty() ? u"" : u" ").Append(Format(u"%u", id));
-    return AnswerText(call, text);
+    return answer::ForeignText(call, text);
 }
 
 // @verinfo[name[,item]]: a text of the version resource, FileVersion when no item is named.
@@ -248,7 +238,7 @@ int Verinfo_Function(FunctionCall& call)
 {
     const FunctionArguments arguments(call, u"s|t");
     const View item = arguments.Has(1) ? arguments.Text(1) : u"FileVersion";
-    return AnswerText(call, VersionText(FileArgument(arguments.Text(0)), item));
+    return answer::ForeignText(call, VersionText(FileArgument(arguments.Text(0)), item));
 }
 
 // @properties[name,property]: a property as the Windows shell shows it, by its full name ("System.Author") or
@@ -258,7 +248,8 @@ int Properties_Function(FunctionCall& call)
     const FunctionArguments arguments(call, u"st");
     if (arguments.Error())
         return arguments.Error();
-    return AnswerText(call, FileProperty(FileArgument(arguments.Text(0)), CString(arguments.Text(1)).Trim()));
+    return answer::ForeignText(
+        call, FileProperty(FileArgument(arguments.Text(0)), CString(arguments.Text(1)).Trim()));
 }
 
 // @summary[name,item]: an item of a document's summary (Title, Subject, Author, Keywords, Comments ...).
@@ -267,8 +258,8 @@ int Summary_Function(FunctionCall& call)
     const FunctionArguments arguments(call, u"st");
     if (arguments.Error())
         return arguments.Error();
-    return AnswerText(call,
-                      SummaryProperty(FileArgument(arguments.Text(0)), CString(arguments.Text(1)).Trim()));
+    return answer::ForeignText(
+        call, SummaryProperty(FileArgument(arguments.Text(0)), CString(arguments.Text(1)).Trim()));
 }
 
 // @assoc[extension]: the file type that is registered for it. @ftype[type or extension]: the command that
@@ -277,7 +268,7 @@ int Assoc_Function(FunctionCall& call)
 {
     const CString extension = FileArgument(call.arguments);
     const CString key = extension.front() == u'.' ? extension : CString(u".") + extension;
-    return AnswerText(call, ReadRegistryText(RegistryRoot::ClassesRoot, key).value_or(CString()));
+    return answer::ForeignText(call, ReadRegistryText(RegistryRoot::ClassesRoot, key).value_or(CString()));
 }
 
 int Ftype_Function(FunctionCall& call)
@@ -285,9 +276,9 @@ int Ftype_Function(FunctionCall& call)
     const CString type = FileArgument(call.arguments);
     Association found;
     if (type.front() == u'.')
-        return AnswerText(call, MyFindExecutable(type, found) ? found.commandTemplate : CString());
+        return answer::ForeignText(call, MyFindExecutable(type, found) ? found.commandTemplate : CString());
     const CString key = type + u"\\shell\\open\\command";
-    return AnswerText(call, type.empty()
-                                ? CString()
-                                : ReadRegistryText(RegistryRoot::ClassesRoot, key).value_or(CString()));
+    return answer::ForeignText(
+        call,
+        type.empty() ? CString() : ReadRegistryText(RegistryRoot::ClassesRoot, key).value_or(CString()));
 }

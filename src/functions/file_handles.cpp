@@ -114,7 +114,7 @@ bool ReadByteList(View text, std::string& bytes)
     return true;
 }
 
-int AnswerEnd(FunctionCall& call) { return AnswerText(call, endOfFile); }
+int AnswerEnd(FunctionCall& call) { return answer::ForeignText(call, endOfFile); }
 
 } // namespace
 
@@ -129,9 +129,9 @@ int Fileopen_Function(FunctionCall& call)
         return Refuse(access ? errors::unknownTextKind : errors::unknownOpenMode);
     auto file = std::make_unique<TextFile>();
     if (!file->Open(FileArgument(arguments.Text(0)), access->choice, kind->choice))
-        return AnswerNumber(call, -1);
+        return answer::Number(call, -1);
     const std::int64_t handle = KeepFile(std::move(file));
-    return handle ? AnswerNumber(call, handle) : Refuse(ERROR_TOO_MANY_OPEN_FILES);
+    return handle ? answer::Number(call, handle) : Refuse(ERROR_TOO_MANY_OPEN_FILES);
 }
 
 // @fileclose[handle]: 0, or -1 when it is not open.
@@ -143,7 +143,7 @@ int Fileclose_Function(FunctionCall& call)
     std::unique_ptr<TextFile>* file = FindHandle(arguments.Number(0));
     if (file)
         file->reset();
-    return AnswerNumber(call, file ? 0 : -1);
+    return answer::Number(call, file ? 0 : -1);
 }
 
 // @filehandle[handle]: the full name of the open file, "" when it is none.
@@ -153,7 +153,7 @@ int Filehandle_Function(FunctionCall& call)
     if (arguments.Error())
         return arguments.Error();
     const std::unique_ptr<TextFile>* file = FindHandle(arguments.Number(0));
-    return AnswerText(call, file ? (*file)->Name() : CString());
+    return answer::ForeignText(call, file ? (*file)->Name() : CString());
 }
 
 // @fileread[handle[,n]]: the next line, or the next n characters.
@@ -166,14 +166,14 @@ int Fileread_Function(FunctionCall& call)
     CString text;
     bool atEnd = false;
     if (!file)
-        return AnswerNumber(call, -1);
+        return answer::Number(call, -1);
     if (!arguments.Has(1))
         return (*file)->ReadLine(text, atEnd) ? AnswerLine(call, text, atEnd) : Refuse(GetLastError());
     const auto count =
         static_cast<std::size_t>(std::clamp<std::int64_t>(arguments.Number(1), 0, mostCharacters));
     if (!(*file)->ReadCharacters(count, text))
         return Refuse(GetLastError());
-    return text.empty() && count > 0 ? AnswerEnd(call) : AnswerText(call, text);
+    return text.empty() && count > 0 ? AnswerEnd(call) : answer::ForeignText(call, text);
 }
 
 // @filereadb[handle,n]: the next n bytes as numbers parted by blanks.
@@ -184,7 +184,7 @@ int Filereadb_Function(FunctionCall& call)
         return arguments.Error();
     std::unique_ptr<TextFile>* file = FindHandle(arguments.Number(0));
     if (!file)
-        return AnswerNumber(call, -1);
+        return answer::Number(call, -1);
     constexpr std::int64_t unitsPerByte = 4;
     std::string bytes;
     const std::int64_t count =
@@ -196,7 +196,7 @@ int Filereadb_Function(FunctionCall& call)
     CString text;
     for (const char byte : bytes)
         text.Append(text.empty() ? u"" : u" ").Append(Format(u"%u", static_cast<unsigned char>(byte)));
-    return AnswerText(call, text);
+    return answer::ForeignText(call, text);
 }
 
 // @filewrite[handle,text]: the text, as it stands behind the comma, and a line end. The bytes written, or -1.
@@ -207,7 +207,7 @@ int Filewrite_Function(FunctionCall& call)
     if (!ReadHandle(call.arguments, handle, text))
         return Refuse(errors::invalidNumber);
     std::unique_ptr<TextFile>* file = FindHandle(handle);
-    return AnswerNumber(call, file ? (*file)->WriteText(CString(text) + u"\r\n") : -1);
+    return answer::Number(call, file ? (*file)->WriteText(CString(text) + u"\r\n") : -1);
 }
 
 // @filewriteb[handle,bytes]: bytes as numbers. How many were written, or -1.
@@ -219,7 +219,7 @@ int Filewriteb_Function(FunctionCall& call)
     if (!ReadHandle(call.arguments, handle, list) || !ReadByteList(list, bytes))
         return Refuse(errors::invalidNumber);
     std::unique_ptr<TextFile>* file = FindHandle(handle);
-    return AnswerNumber(call, file ? (*file)->WriteBytes(bytes) : -1);
+    return answer::Number(call, file ? (*file)->WriteBytes(bytes) : -1);
 }
 
 // @fileseek[handle,offset[,origin]]: origin is 0 for the start, 1 for the present place, 2 for the end;
@@ -235,13 +235,13 @@ int Fileseek_Function(FunctionCall& call)
         return Refuse(errors::invalidNumber);
     std::unique_ptr<TextFile>* file = FindHandle(arguments.Number(0));
     if (!file)
-        return AnswerNumber(call, -1);
+        return answer::Number(call, -1);
     const std::int64_t from = origin == 0 ? 0 : origin == 1 ? (*file)->Place() : (*file)->Size();
     std::int64_t place = 0;
     if (__builtin_add_overflow(from, offset, &place) || place < 0)
-        return AnswerNumber(call, -1);
+        return answer::Number(call, -1);
     (*file)->Seek(place);
-    return AnswerNumber(call, place);
+    return answer::Number(call, place);
 }
 
 // @fileseekl[handle,n]: to the start of line n, from 0. Its place in bytes, or -1 when there are fewer lines;
@@ -253,7 +253,7 @@ int Fileseekl_Function(FunctionCall& call)
         return arguments.Error();
     std::unique_ptr<TextFile>* file = FindHandle(arguments.Number(0));
     const bool there = file && arguments.Number(1) >= 0 && (*file)->SeekLine(arguments.Number(1));
-    return AnswerNumber(call, there ? (*file)->Place() : -1);
+    return answer::Number(call, there ? (*file)->Place() : -1);
 }
 
 // @truncate[handle[,size]]: the file ends at its present place, or with that many bytes. The size, or -1.
@@ -264,5 +264,5 @@ int Truncate_Function(FunctionCall& call)
         return arguments.Error();
     std::unique_ptr<TextFile>* file = FindHandle(arguments.Number(0));
     const std::int64_t size = file ? arguments.Number(1, (*file)->Place()) : -1;
-    return AnswerNumber(call, size >= 0 && (*file)->Cut(size) ? size : -1);
+    return answer::Number(call, size >= 0 && (*file)->Cut(size) ? size : -1);
 }

@@ -48,5 +48,5 @@ int Lines_Function(FunctionCall& call)
 {
     LineSource source;
     const auto count = source.Open(FileArgument(call.arguments)) ? source.Lines().Count() : std::nullopt;
-    return AnswerNumber(call, count.value_or(-1));
+    return answer::Number(call, count.value_or(-1));
 }

@@ -55,7 +55,7 @@ int AnswerUniqueFile(FunctionCall& call, View folder, View prefix, View extensio
 {
     const CString wanted = FileArgument(folder);
     const CString name = CreateUniqueFile(wanted.empty() ? TemporaryFolder() : wanted, prefix, extension);
-    return name.empty() ? Refuse(GetLastError()) : AnswerText(call, name);
+    return name.empty() ? Refuse(GetLastError()) : answer::ForeignText(call, name);
 }
 
 // The distribution that "wsl" starts, by the registry.
@@ -71,36 +71,39 @@ CString DefaultDistribution()
 } // namespace
 
 // @full[name]: the full name by the current directory. @lfn and @sfn: with long and with short components.
-int Full_Function(FunctionCall& call) { return AnswerText(call, FullPathName(FileArgument(call.arguments))); }
+int Full_Function(FunctionCall& call)
+{
+    return answer::ForeignText(call, FullPathName(FileArgument(call.arguments)));
+}
 
 int Lfn_Function(FunctionCall& call)
 {
-    return AnswerText(call, LongPathName(FullPathName(FileArgument(call.arguments))));
+    return answer::ForeignText(call, LongPathName(FullPathName(FileArgument(call.arguments))));
 }
 
 int Sfn_Function(FunctionCall& call)
 {
-    return AnswerText(call, ShortPathName(FullPathName(FileArgument(call.arguments))));
+    return answer::ForeignText(call, ShortPathName(FullPathName(FileArgument(call.arguments))));
 }
 
 // @altname[name]: the short name of the file alone, "" when it does not exist.
 int Altname_Function(FunctionCall& call)
 {
     const CString full = FullPathName(FileArgument(call.arguments));
-    return AnswerText(call, ReadFileAttributes(full) ? FileNamePart(ShortPathName(full)) : View());
+    return answer::ForeignText(call, ReadFileAttributes(full) ? FileNamePart(ShortPathName(full)) : View());
 }
 
 // @truename[name]: where the name leads to, links and substituted drives resolved; "" when it does not exist.
 int Truename_Function(FunctionCall& call)
 {
-    return AnswerText(call, RealPathName(FileArgument(call.arguments)));
+    return answer::ForeignText(call, RealPathName(FileArgument(call.arguments)));
 }
 
 // @drive[name]: "C:" or "\\server\share".
 int Drive_Function(FunctionCall& call)
 {
     const CString full = FullPathName(FileArgument(call.arguments));
-    return AnswerText(call, SplitPath(full).drive);
+    return answer::ForeignText(call, SplitPath(full).drive);
 }
 
 // @search[name[,"folders"]]: the full name of the file that would run, or of the first one in the folders,
@@ -111,7 +114,8 @@ int Search_Function(FunctionCall& call)
     const CString name = FileArgument(arguments.Text(0));
     if (name.empty())
         return Refuse(errors::missingArgument);
-    return AnswerText(call, arguments.Has(1) ? SearchAlong(name, arguments.Text(1)) : SearchPaths(name));
+    return answer::ForeignText(call,
+                               arguments.Has(1) ? SearchAlong(name, arguments.Text(1)) : SearchPaths(name));
 }
 
 // @unique[[folder]]: makes an empty file of a new name in the folder (else in that for temporary files).
@@ -136,7 +140,7 @@ int Wild_Function(FunctionCall& call)
         return arguments.Error();
     const int compared = WildcardComparisonEx(arguments.Text(1), FileArgument(arguments.Text(0)), true, true,
                                               static_cast<RegexSyntax>(aIniFile.RegularExpressions));
-    return compared < 0 ? Refuse(ERROR_INVALID_PARAMETER) : AnswerFlag(call, compared == 0);
+    return compared < 0 ? Refuse(ERROR_INVALID_PARAMETER) : answer::Flag(call, compared == 0);
 }
 
 // @cwd[[drive]]: the current directory, of that drive. @cwds: with a backslash at the end.
@@ -144,7 +148,7 @@ int Cwd_Function(FunctionCall& call)
 {
     CString directory;
     const int code = CurrentDirectoryOf(call, directory);
-    return code ? code : AnswerText(call, directory);
+    return code ? code : answer::ForeignText(call, directory);
 }
 
 int Cwds_Function(FunctionCall& call)
@@ -155,7 +159,7 @@ int Cwds_Function(FunctionCall& call)
         return code;
     if (!IsPathSeparator(directory.back()))
         directory.Append(u'\\');
-    return AnswerText(call, directory);
+    return answer::ForeignText(call, directory);
 }
 
 // @dirstack[[n]]: entry n of the stack of PUSHD; 0, and no number, is the one that POPD would go to.
@@ -167,8 +171,8 @@ int Dirstack_Function(FunctionCall& call)
         return Refuse(errors::invalidNumber);
     const std::int64_t count = static_cast<std::int64_t>(stack.size());
     n = n < 0 ? n + count : n;
-    return AnswerText(call,
-                      n >= 0 && n < count ? stack[static_cast<std::size_t>(count - 1 - n)].view() : View());
+    return answer::ForeignText(
+        call, n >= 0 && n < count ? stack[static_cast<std::size_t>(count - 1 - n)].view() : View());
 }
 
 // @shfolder[name or number]: where Windows keeps the folder.
@@ -176,17 +180,17 @@ int Shfolder_Function(FunctionCall& call)
 {
     std::int64_t number = 0;
     const bool numbered = ReadNumberArgument(call.arguments, number);
-    return AnswerText(call, numbered ? ShellFolder(static_cast<int>(number))
-                                     : ShellFolder(FileArgument(call.arguments)));
+    return answer::ForeignText(call, numbered ? ShellFolder(static_cast<int>(number))
+                                              : ShellFolder(FileArgument(call.arguments)));
 }
 
 // @wslpath[name]: the file's name inside the Linux subsystem. @wslname[name]: the other way.
 int Wslpath_Function(FunctionCall& call)
 {
-    return AnswerText(call, LinuxName(FullPathName(FileArgument(call.arguments))));
+    return answer::ForeignText(call, LinuxName(FullPathName(FileArgument(call.arguments))));
 }
 
 int Wslname_Function(FunctionCall& call)
 {
-    return AnswerText(call, WindowsName(FileArgument(call.arguments), DefaultDistribution()));
+    return answer::ForeignText(call, WindowsName(FileArgument(call.arguments), DefaultDistribution()));
 }

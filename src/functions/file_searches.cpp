@@ -72,6 +72,8 @@ public:
     {
         CString name(arguments.Text(0));
         name.Trim();
+        if (name.front() == u'`') // double quotes are the search's own
+            name = BareArgument(name);
         return name.empty() ? CString(u"*") : name;
     }
 
@@ -120,7 +122,7 @@ int AnswerCount(FunctionCall& call, FILESEARCH& search, const CString& name)
     for (bool found = FindFiles(search, name); found; found = FindFiles(search))
         ++count;
     const int code = SelectionError(search);
-    return code ? code : AnswerNumber(call, count);
+    return code ? code : answer::Number(call, count);
 }
 
 bool IsPlainName(const CString& name)
@@ -215,7 +217,7 @@ int Filesize_Function(FunctionCall& call)
     const auto total = TotalSize(search, selection.Name(), selection.Has(2));
     if (const int code = SelectionError(search))
         return code;
-    return total ? AnswerAmount(call, *total, unit) : AnswerNumber(call, -1);
+    return total ? AnswerAmount(call, *total, unit) : answer::Number(call, -1);
 }
 
 // @expand[selection[,attributes]]: the names of all files and directories, parted by blanks, in quotes where
@@ -236,7 +238,7 @@ int Expand_Function(FunctionCall& call)
             return Refuse(errors::lineTooLong);
     }
     code = SelectionError(search);
-    return code ? code : AnswerText(call, names);
+    return code ? code : answer::ForeignText(call, names);
 }
 
 // @findfirst[selection[,attributes]], @findnext[[selection]], @findclose[[selection]]: the files one by one,
@@ -265,20 +267,20 @@ int Findfirst_Function(FunctionCall& call)
     const CString name = found ? search.name : CString();
     if (found)
         open.push_back(std::move(fresh));
-    return code ? code : AnswerText(call, name);
+    return code ? code : answer::ForeignText(call, name);
 }
 
 int Findnext_Function(FunctionCall& call)
 {
     const auto place = FindSearch(call.arguments);
     if (place == Searches().open.end())
-        return AnswerText(call, View());
+        return answer::ForeignText(call, View());
     FILESEARCH& search = (*place)->search;
     const bool found = FindFiles(search);
     const CString name = found ? search.name : CString();
     if (!found)
         Searches().open.erase(place);
-    return AnswerText(call, name);
+    return answer::ForeignText(call, name);
 }
 
 // 0, or -1 when there is no such search.
@@ -288,5 +290,5 @@ int Findclose_Function(FunctionCall& call)
     const bool there = place != Searches().open.end();
     if (there)
         Searches().open.erase(place);
-    return AnswerNumber(call, there ? 0 : -1);
+    return answer::Number(call, there ? 0 : -1);
 }

@@ -74,10 +74,10 @@ int Iniread_Function(FunctionCall& call)
     if (const int code = ReadIniFile(pieces[0], file))
         return code;
     if (pieces.size() == 1)
-        return AnswerText(call, JoinNames(file.text.Sections()));
+        return answer::ForeignText(call, JoinNames(file.text.Sections()));
     if (pieces.size() == 2)
-        return AnswerText(call, JoinNames(file.text.Entries(Bare(pieces[1]))));
-    return AnswerText(call, file.text.Value(Bare(pieces[1]), Bare(pieces[2])).value_or(CString()));
+        return answer::ForeignText(call, JoinNames(file.text.Entries(Bare(pieces[1]))));
+    return answer::ForeignText(call, file.text.Value(Bare(pieces[1]), Bare(pieces[2])).value_or(CString()));
 }
 
 // @iniwrite[file,section[,entry[,value]]]: sets the value, which may hold commas. Without a value the entry
@@ -103,5 +103,5 @@ int Iniwrite_Function(FunctionCall& call)
         file.text.Set(section, entry, BareArgument(call.arguments.substr(start)));
     }
     const bool nothingToDo = pieces.size() < 4 && !file.exists;
-    return AnswerFlag(call, nothingToDo || WriteIniFile(file));
+    return answer::Flag(call, nothingToDo || WriteIniFile(file));
 }

@@ -10,5 +10,5 @@ constexpr std::u16string_view endOfFile = u"**EOF**";
 inline int AnswerLine(FunctionCall& call, std::u16string_view line, bool atEnd)
 {
     return line.size() > longestExpansion ? Refuse(errors::lineTooLong)
-                                          : AnswerText(call, atEnd ? endOfFile : line);
+                                          : answer::ForeignText(call, atEnd ? endOfFile : line);
 }

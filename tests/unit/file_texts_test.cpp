@@ -34,7 +34,7 @@ TEST(SizeUnits, LetterCaseCounts)
 TEST(ContentKind, TellsTextsFromTheRest)
 {
     const std::pair<std::string, const char16_t*> rows[] = {
-        {"", u"empty"},          {"a\r\n\x1A", u"ascii"},      {"\xE4pfel", u"ansi"}, {"\xC3\xA4", u"utf8"},
+        {"", u"empty"},          {"a\r\n\x1A", u"ascii"},      {"\xE4pfel", u"ansi"},  {"\xC3\xA4", u"utf8"},
         {"\xFF\xFE"s, u"utf16"}, {"\xFE\xFF\0a"s, u"utf16be"}, {"MZ\0\1"s, u"binary"},
     };
     for (const auto& [bytes, kind] : rows)

@@ -12,7 +12,8 @@ std::string Bytes(const IniText& ini) { return ToUtf8(ini.Text()); }
 
 TEST(IniText, FirstOfEqualEntriesCountsAndRemarksAreNone)
 {
-    const IniText ini(u"top=1\r\n; [no]\r\n[ A ]\r\nx = ' y '\r\n;x=3\r\nX=2\r\n[b]\r\n[a]\r\nz=\"q\r\nw=\r\n[open");
+    const IniText ini(
+        u"top=1\r\n; [no]\r\n[ A ]\r\nx = ' y '\r\n;x=3\r\nX=2\r\n[b]\r\n[a]\r\nz=\"q\r\nw=\r\n[open");
     EXPECT_EQ(ini.Value(u"a", u"x"), CString(u" y "));
     EXPECT_EQ(ini.Value(u"A", u"Z"), CString(u"\"q"));
     EXPECT_EQ(ini.Value(u"a", u"w"), CString());

@@ -55,7 +55,8 @@ TEST(LineEnds, AreCountedAndFound)
         text.append(i * 7 % 61, 'x').append("\n");
         ends.push_back(text.size());
     }
-    for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{17}, std::size_t{4095}, text.size()}) {
+    for (const std::size_t size :
+         {std::size_t{0}, std::size_t{1}, std::size_t{17}, std::size_t{4095}, text.size()}) {
         const auto block = std::string_view(text).substr(0, size);
         EXPECT_EQ(CountLineEnds(block, TextEncoding::Utf8), std::count(block.begin(), block.end(), '\n'));
     }
