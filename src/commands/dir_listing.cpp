@@ -35,13 +35,6 @@ std::uint64_t TimeOf(const EntryFacts& facts, WhichTime which)
 
 template <typename T> int Compare(const T& a, const T& b) { return a < b ? -1 : b < a ? 1 : 0; }
 
-// Without the separator at its end, unless it is a root.
-std::u16string_view WithoutSeparator(std::u16string_view directory)
-{
-    const bool root = directory.size() <= 3 || directory.ends_with(u":\\");
-    return root ? directory : directory.substr(0, directory.size() - 1);
-}
-
 } // namespace
 
 DirListing::DirListing(const DirOptions& what)
@@ -212,7 +205,7 @@ void DirListing::WriteDirectoryHeader(std::u16string_view directory)
         return;
     WriteVolume(directory);
     Line(u"");
-    Line(LoadMessage(message::directoryOf, WithoutSeparator(directory)));
+    Line(LoadMessage(message::directoryOf, WithoutEndSeparators(directory)));
     Line(u"");
 }
 

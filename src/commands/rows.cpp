@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "commands/alias.h"
+#include "commands/attrib.h"
 #include "commands/batch_control.h"
 #include "commands/beep.h"
 #include "commands/break.h"
@@ -17,6 +18,7 @@
 #include "commands/commands_list.h"
 #include "commands/date_time.h"
 #include "commands/delay.h"
+#include "commands/delete.h"
 #include "commands/detach.h"
 #include "commands/dir.h"
 #include "commands/directory.h"
@@ -35,6 +37,7 @@
 #include "commands/inkey.h"
 #include "commands/local.h"
 #include "commands/log.h"
+#include "commands/make_directory.h"
 #include "commands/on.h"
 #include "commands/option.h"
 #include "commands/path.h"
@@ -43,6 +46,8 @@
 #include "commands/prompt.h"
 #include "commands/random.h"
 #include "commands/remark.h"
+#include "commands/remove_directory.h"
+#include "commands/rename.h"
 #include "commands/repeat.h"
 #include "commands/set.h"
 #include "commands/set_array.h"
@@ -54,6 +59,7 @@
 #include "commands/text_block.h"
 #include "commands/timer.h"
 #include "commands/title.h"
+#include "commands/touch.h"
 #include "commands/true_false.h"
 #include "commands/type.h"
 #include "commands/unbuilt.h"
@@ -70,7 +76,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"ALIAS", Alias_Command, 0x1080027, 1, u"[/r] * [1] aliases [2*] *", &aliasHelp},
     {u"ASSOC", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
     {u"ASSOCIATE", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"ATTRIB", Unbuilt_Command, 0x82127, 1, u"", &unbuiltHelp},
+    {u"ATTRIB", Attrib_Command, 0x82127, 1, u"", &attribHelp},
     {u"BATCOMP", Unbuilt_Command, 0x2107, 1, u"btm cmd bat dirs", &unbuiltHelp},
     {u"BDEBUGGER", Unbuilt_Command, 0x2007, 1, u"btm cmd bat dirs", &unbuiltHelp},
     {u"BEEP", Beep_Command, 0x2007, 1, u"", &beepHelp},
@@ -104,7 +110,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DEDUPE", Unbuilt_Command, 0x2107, 1, u"dirs", &unbuiltHelp},
     {u"DEFAULT", Case_Command, 0x402044, 1, u"", &switchHelp},
     {u"DEFER", Defer_Command, 0x2402064, 1, u"", &deferHelp},
-    {u"DEL", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
+    {u"DEL", Delete_Command, 0x286327, 1, u"", &deleteHelp},
     {u"DELAY", Delay_Command, 0x2007, 1, u"", &delayHelp},
     {u"DESCRIBE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"DESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -132,7 +138,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"ENUMPROCESSES", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ENUMSERVERS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ENUMSHARES", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"ERASE", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
+    {u"ERASE", Delete_Command, 0x286327, 1, u"", &deleteHelp},
     {u"ESET", Eset_Command, 0x82007, 1, u"[/a] aliases [/f] functions [1*] variables", &esetHelp},
     {u"EVENTLOG", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"EVENTMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
@@ -187,9 +193,9 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"LOG", Log_Command, 0x2007, 1, u"", &logHelp},
     {u"LOOKUPERRORS", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"LUA", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"MD", Unbuilt_Command, 0x282327, 1, u"dirs", &unbuiltHelp},
+    {u"MD", MakeDirectory_Command, 0x282327, 1, u"dirs", &makeDirectoryHelp},
     {u"MEMORY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"MKDIR", Unbuilt_Command, 0x282327, 1, u"dirs", &unbuiltHelp},
+    {u"MKDIR", MakeDirectory_Command, 0x282327, 1, u"dirs", &makeDirectoryHelp},
     {u"MKLINK", Unbuilt_Command, 0x202107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
     {u"MKLNK", Unbuilt_Command, 0x2107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
     {u"MONITOR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
@@ -231,21 +237,21 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"QUERYBOX", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"QUIT", Quit_Command, 0x402007, 1, u"", &quitHelp},
     {u"RANDOM", Random_Command, 0x2007, 1, u"", &randomHelp},
-    {u"RD", Unbuilt_Command, 0x282327, 1, u"dirs", &unbuiltHelp},
+    {u"RD", RemoveDirectory_Command, 0x282327, 1, u"dirs", &removeDirectoryHelp},
     {u"REBOOT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RECORDER", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"RECYCLE", Unbuilt_Command, 0x2007, 1, u"dirs", &unbuiltHelp},
     {u"REGDIR", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"REGMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"REM", Remark_Command, 0x604207, 1, u"", &remarkHelp},
-    {u"REN", Unbuilt_Command, 0x282127, 1, u"", &unbuiltHelp},
-    {u"RENAME", Unbuilt_Command, 0x282127, 1, u"", &unbuiltHelp},
+    {u"REN", Rename_Command, 0x282127, 1, u"", &renameHelp},
+    {u"RENAME", Rename_Command, 0x282127, 1, u"", &renameHelp},
     {u"REPEAT", Repeat_Command, 0x2016, 1, u"", &repeatHelp},
     {u"RESOLUTION", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RESTOREPOINT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RETURN", Ret_Command, 0x402047, 1, u"", &returnHelp},
     {u"REXEC", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"RMDIR", Unbuilt_Command, 0x282327, 1, u"dirs", &unbuiltHelp},
+    {u"RMDIR", RemoveDirectory_Command, 0x282327, 1, u"dirs", &removeDirectoryHelp},
     {u"RSHELL", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"SAVECONSOLE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"SCREEN", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
@@ -291,7 +297,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TITLE", Title_Command, 0x202007, 1, u"", &titleHelp},
     {u"TMP", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"TOAST", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"TOUCH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"TOUCH", Touch_Command, 0x82107, 1, u"", &touchHelp},
     {u"TPIPE", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"TRANSIENT", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"TREE", Unbuilt_Command, 0x82107, 1, u"dirs", &unbuiltHelp},

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "text/compare.h"
 
@@ -57,8 +58,10 @@ bool IsInSet(std::u16string_view set, char16_t unit)
 
 // One pattern without quotes and list separators against one name.
 //
-// Only the last "*" passed is ever tried again: every earlier one has reached its follower at the earliest
-// place possible, and starting it later can only leave less of the name to the rest of the pattern.
+// As a rule only the last "*" passed is ever tried again: every earlier one has reached its follower at the
+// earliest place possible, and starting it later can only leave less of the name to the rest of the pattern.
+// That does not hold where a "?" may meet a period, for then it passes over a "*" behind it: there earlier
+// ones are tried as well, each from no place twice.
 class Matcher {
 public:
     Matcher(std::u16string_view cleanPattern, std::u16string_view fileName, bool useDotRules, bool useSets)
@@ -67,35 +70,54 @@ public:
         if (dotRules && !pattern.starts_with(u'[') && (name == u"." || name == u".."))
             name = {};
         hasExtension = name.find(u'.') != npos;
+        if (dotRules && hasExtension && pattern.find(u'?') != npos)
+            failedFrom.assign(pattern.size() + 1, npos);
     }
 
     bool Run()
     {
         for (;;) {
+            bool goesOn = true;
             if (p < pattern.size() && pattern[p] == u'*') {
-                PassStar();
+                goesOn = PassStar();
                 if (p == pattern.size())
                     return true;
             } else if (!Step()) {
                 if (n == name.size() && RestMatchesNothing())
                     return true;
-                if (!Retry())
-                    return false;
+                goesOn = false;
             }
+            if (!goesOn && !Retry())
+                return false;
         }
     }
 
 private:
-    void PassStar()
+    // A "*" that was passed: the rest of the pattern behind it was tried from `first` up to `name`.
+    struct Star {
+        std::size_t pattern = npos; // npos: nothing is to be tried again
+        std::size_t first = 0;
+        std::size_t name = 0;
+    };
+
+    bool TriesEarlierStars() const { return !failedFrom.empty(); }
+
+    // False when the rest is known to match from nowhere here.
+    bool PassStar()
     {
         PassWildcards();
-        starPattern = p;
-        starName = n;
+        if (TriesEarlierStars()) {
+            if (n >= failedFrom[p])
+                return false;
+            earlier.push_back(star);
+        }
+        star = {p, n, n};
         if (dotRules && RestIsExtension()) {
             const std::size_t period = name.rfind(u'.');
             n = period == npos || period < n ? name.size() : period;
-            starPattern = npos;
+            star.pattern = npos;
         }
+        return true;
     }
 
     void PassWildcards()
@@ -164,17 +186,31 @@ private:
         return rest.find_first_not_of(u'.') == npos || std::all_of(rest.begin() + 1, rest.end(), IsWildcard);
     }
 
-    // Goes back to the last "*" and lets it take one character more.
+    // Goes back to the last "*" and lets it take more of the name.
     bool Retry()
     {
-        if (starPattern == npos || starName == name.size())
-            return false;
-        p = starPattern;
-        ++starName;
-        if (const char16_t follower = pattern[p]; follower != u'?' && follower != u'[')
-            starName = FindLetter(follower, starName);
-        n = starName;
+        while (star.pattern == npos || !Lengthen()) {
+            if (earlier.empty())
+                return false;
+            if (star.pattern != npos)
+                failedFrom[star.pattern] = std::min(failedFrom[star.pattern], star.first);
+            star = earlier.back();
+            earlier.pop_back();
+        }
+        p = star.pattern;
+        n = star.name;
         return true;
+    }
+
+    // To the next place from which the rest might match; false when there is none.
+    bool Lengthen()
+    {
+        if (star.name == name.size())
+            return false;
+        ++star.name;
+        if (const char16_t follower = pattern[star.pattern]; follower != u'?' && follower != u'[')
+            star.name = FindLetter(follower, star.name);
+        return !TriesEarlierStars() || star.name < failedFrom[star.pattern];
     }
 
     // The place of the letter in the name at or after `from`, else the name's end.
@@ -195,8 +231,10 @@ private:
     bool hasExtension = false;
     std::size_t p = 0;
     std::size_t n = 0;
-    std::size_t starPattern = npos; // behind the last "*", npos before the first one
-    std::size_t starName = 0;
+    Star star;
+    std::vector<Star> earlier;
+    std::vector<std::size_t>
+        failedFrom; // by the place in the pattern: the rest matches nowhere from there on
 };
 
 bool MatchesRegex(std::u16string_view expression, std::u16string_view name, RegexSyntax syntax, int& result)

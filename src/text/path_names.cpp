@@ -76,6 +76,13 @@ CString JoinPath(std::u16string_view directory, std::u16string_view name)
     return path;
 }
 
+std::u16string_view WithoutEndSeparators(std::u16string_view path) noexcept
+{
+    while (path.size() > 1 && IsPathSeparator(path.back()) && path[path.size() - 2] != u':')
+        path.remove_suffix(1);
+    return path;
+}
+
 bool IsDeviceName(std::u16string_view name) noexcept
 {
     if (name.size() > 2 && name.back() == u':')

@@ -34,6 +34,9 @@ bool HasWildcards(std::u16string_view path) noexcept;
 // `name` in `directory`, with one separator between them; an empty directory adds nothing.
 CString JoinPath(std::u16string_view directory, std::u16string_view name);
 
+// Without separators at its end, unless it is a root ("\", "C:\").
+std::u16string_view WithoutEndSeparators(std::u16string_view path) noexcept;
+
 // A name that the system opens as a device wherever it stands: CON, PRN, AUX, NUL, COM1 to COM9, LPT1 to
 // LPT9, CONIN$, CONOUT$; a colon behind it is allowed. Names with an extension are files.
 bool IsDeviceName(std::u16string_view name) noexcept;

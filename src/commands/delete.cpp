@@ -1,0 +1,219 @@
+#include "commands/delete.h"
+
+#include <windows.h>
+
+#include "commands/file_work.h"
+#include "core/command_switches.h"
+#include "engine/break.h"
+#include "engine/console_entry.h"
+#include "engine/inifile.h"
+#include "engine/output.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "files/description_changes.h"
+#include "lang/messages.h"
+#include "platform/file_changes.h"
+#include "platform/file_facts.h"
+#include "text/numbers.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+const CommandHelp deleteHelp = {
+    u"Deletes files.",
+    u"DEL [range ...] [/A[:]attributes] [/E] [/F] [/K] [/N] [/P] [/Q] [/R] [/S] [/T] [/W[passes]] [/X] [/Y] "
+    u"[/Z] "
+    u"file ...",
+    u"/A  files with attributes, as DIR /A tells\n" FILE_WORK_SWITCHES u"/F  read-only files too\n"
+    u"/K  delete for good, even if RecycleBin says otherwise\n"
+    u"/R  move to the recycle bin\n"
+    u"/S  in all subdirectories too\n"
+    u"/W  write over the contents first, as often as told or as DelWipePasses says\n"
+    u"/X  with /S, remove the subdirectories that are empty then\n"
+    u"/Y  do not ask whether all files of a directory are meant\n"
+    u"/Z  hidden, system and read-only files too\n"
+    u"The name of a directory means all files in it, which is asked about first unless /Q, /Y or "
+    u"DelGlobalQuery=No "
+    u"says otherwise. Ranges pick files, as DIR explains. Descriptions go with their files. The result "
+    u"counters are "
+    u"%_del_files, %_del_dirs and %_del_errors.",
+    u"del *.obj *.pdb\n"
+    u"del /s /x /[d-30] C:\\logs\\*.log\n"
+    u"del /n /[s10M] *\n"
+    u"del /w3 secret.txt",
+};
+
+namespace {
+
+struct DeleteOptions {
+    bool readOnly = false;
+    bool forGood = false;
+    bool recycle = false;
+    bool emptyDirectories = false;
+    bool unasked = false;
+    int wipePasses = 0; // 0: contents are left on the disk
+};
+
+class Deletion {
+public:
+    Deletion(const FileWorkOptions& workOptions, const DeleteOptions& deleteOptions)
+        : work(u"del", workOptions, BatchManners::Silent), options(deleteOptions),
+          usesBin(options.recycle || (aIniFile.RecycleBin && !options.forGood && options.wipePasses == 0))
+    {}
+
+    void Delete(FILESEARCH& search, const CString& argument)
+    {
+        if (!IsEverythingWanted(argument))
+            return;
+        search.error = 0;
+        StartSearch(search, argument);
+        SearchedDirectory directory;
+        std::vector<CString> walked;
+        std::size_t matches = 0;
+        while (!work.IsStopped() && NextDirectory(search, directory)) {
+            if (directory.found.error)
+                work.Failed(directory.found.error, directory.found.name);
+            matches += directory.found.files.size();
+            DeleteIn(directory);
+            if (directory.found.depth > 0)
+                walked.push_back(directory.found.name);
+        }
+        if (options.emptyDirectories)
+            RemoveEmpty(walked);
+        if (matches == 0 && !work.IsStopped() && search.error == 0)
+            work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(argument));
+    }
+
+    FileWork work;
+
+private:
+    // "Delete all files of this directory" is asked about once; without a person it takes a switch to say so.
+    bool IsEverythingWanted(const CString& argument)
+    {
+        if (options.unasked || !aIniFile.DelGlobalQuery)
+            return true;
+        const CString name(WithoutQuotes(argument));
+        const std::u16string_view pattern = FileNamePart(name);
+        const bool isDirectory = !HasWildcards(name) && QueryIsDirectory(name);
+        if (!isDirectory && pattern != u"*" && pattern != u"*.*")
+            return true;
+        if (!IsConsole(0)) {
+            work.Failed(errors::needsYes, name);
+            return false;
+        }
+        const CString shown = isDirectory ? JoinPath(name, u"*") : name;
+        return QueryInputChar(message::askDeleteAll, shown, u"YN", u'N') == u'Y';
+    }
+
+    void DeleteIn(const SearchedDirectory& directory)
+    {
+        DescriptionChanges descriptions(directory.found.name);
+        try {
+            for (const FoundFile& file : directory.found.files)
+                DeleteFile(directory, file, descriptions);
+        } catch (...) {
+            descriptions.Write();
+            throw;
+        }
+        descriptions.Write();
+    }
+
+    void DeleteFile(const SearchedDirectory& directory, const FoundFile& file,
+                    DescriptionChanges& descriptions)
+    {
+        const CString shown = CString(directory.shown) + file.name;
+        if (!work.Wants(message::askDelete, shown))
+            return;
+        if (!work.Pretends()) {
+            const CString name = CString(directory.found.name) + file.name;
+            if (const unsigned failed = DeleteFromDisk(name, file.facts.attributes)) {
+                work.Failed(failed, shown);
+                return;
+            }
+            descriptions.Remove(file.name);
+            NotifyOfChange(FolderChange::FileDeleted, name);
+        }
+        work.Did(message::deleting, shown);
+    }
+
+    unsigned DeleteFromDisk(const CString& name, std::uint32_t attributes)
+    {
+        const bool readOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+        if (readOnly && !options.readOnly)
+            return ERROR_ACCESS_DENIED;
+        if (usesBin && MoveToRecycleBin(name) == 0)
+            return 0;
+        if (options.recycle)
+            return ERROR_NOT_SUPPORTED;
+        if (readOnly)
+            if (const unsigned failed =
+                    ChangeAttributes(name, attributes & ~std::uint32_t{FILE_ATTRIBUTE_READONLY}))
+                return failed;
+        if (options.wipePasses > 0 && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+            if (const unsigned failed = OverwriteContents(name, options.wipePasses, ThrowIfBroken))
+                return failed;
+        return EraseFile(name);
+    }
+
+    // Deepest first; those that still hold something stay without a word.
+    void RemoveEmpty(const std::vector<CString>& directories)
+    {
+        for (auto directory = directories.rbegin(); directory != directories.rend() && !work.Pretends();
+             ++directory) {
+            const CString name(directory->view().substr(0, directory->size() - 1));
+            if (RemoveEmptyDirectory(name) == 0)
+                work.DidDirectory(message::removedDirectory, name);
+        }
+    }
+
+    DeleteOptions options;
+    bool usesBin;
+};
+
+// Takes "/W" and "/Wn" out of the arguments. 0, or the result of a reported error.
+int TakeWipeSwitch(CString& arguments, int& passes)
+{
+    CString count;
+    if (!TakeSwitchLetters(arguments, u"W", count))
+        return result::success;
+    passes = static_cast<int>(aIniFile.DelWipePasses);
+    if (count.empty())
+        return result::success;
+    const std::optional<std::int64_t> number = ParseInteger(count);
+    if (number.value_or(0) < 1 || *number > 99)
+        return MVError(errors::invalidNumber, count);
+    passes = static_cast<int>(*number);
+    return result::success;
+}
+
+} // namespace
+
+int Delete_Command(CString& arguments)
+{
+    FILESEARCH search;
+    FileWorkOptions workOptions;
+    DeleteOptions options;
+    if (const int code = TakeWipeSwitch(arguments, options.wipePasses))
+        return code;
+    std::uint64_t flags = 0;
+    if (const int code = ReadFileWork(arguments, u"FKRSXYZ", search, workOptions, flags))
+        return code;
+    const auto has = [flags](int bit) { return (flags >> bit & 1) != 0; };
+    const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
+    if (names.empty())
+        return UsageError();
+    options.readOnly = has(0) || has(6);
+    options.forGood = has(1);
+    options.recycle = has(2);
+    options.emptyDirectories = has(4);
+    options.unasked = has(5) || workOptions.quiet || workOptions.pretends || workOptions.asks;
+    if (has(3))
+        search.deepest = allLevels;
+    if (has(6))
+        search.attributes.included = AttributeMasks::all;
+    search.attributes.forbidden |= file_attribute::directory;
+    search.intoDirectories = true;
+    Deletion deletion(workOptions, options);
+    for (const CString& name : names)
+        deletion.Delete(search, name);
+    return deletion.work.Finish(message::filesDeleted);
+}

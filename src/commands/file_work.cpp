@@ -1,0 +1,104 @@
+#include "commands/file_work.h"
+
+#include "core/command_switches.h"
+#include "engine/break.h"
+#include "engine/console_entry.h"
+#include "engine/inifile.h"
+#include "engine/internal_entry.h"
+#include "engine/output.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "lang/messages.h"
+
+int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search, FileWorkOptions& options,
+                 std::uint64_t& ownFlags)
+{
+    if (const int code = GetRange(arguments, &search.ranges, 0))
+        return code;
+    if (const int code = TakeAttributeSwitches(arguments, search.attributes))
+        return code;
+    constexpr std::u16string_view shared = u"ENPQT";
+    std::uint64_t flags = 0;
+    if (const int code = ReadSwitches(arguments, CString(shared) + own, flags))
+        return code;
+    options.ignoresErrors = (flags & 1) != 0;
+    options.pretends = (flags & 2) != 0;
+    options.asks = (flags & 4) != 0;
+    options.quiet = (flags & 8) != 0;
+    options.totalsOnly = (flags & 16) != 0;
+    ownFlags = flags >> shared.size();
+    return result::success;
+}
+
+void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16string_view newName)
+{
+    if (aIniFile.SHChangeNotify)
+        NotifyFolders(change, name, newName);
+}
+
+FileWork::FileWork(std::u16string_view counterName, const FileWorkOptions& switches, BatchManners manners)
+    : counter(counterName), options(switches)
+{
+    const bool everyday = CurrentSyntax().cmdDelimiters && !options.pretends && !options.totalsOnly;
+    showsLines = !options.quiet && !options.totalsOnly && !everyday;
+    showsTotals = !options.quiet && !(everyday && manners == BatchManners::Silent);
+}
+
+bool FileWork::Wants(unsigned question, std::u16string_view name)
+{
+    ThrowIfBroken();
+    if (stopped || !options.asks)
+        return !stopped;
+    switch (QueryInputChar(question, name, u"YNRQ", u'Q')) {
+    case u'Y': return true;
+    case u'R': options.asks = false; return true;
+    case u'Q': stopped = true; return false;
+    default: return false;
+    }
+}
+
+void FileWork::Show(unsigned line, std::u16string_view name, std::u16string_view newName)
+{
+    if (!showsLines)
+        return;
+    CString text = LoadMessage(line, name);
+    if (!newName.empty())
+        text.Append(u" -> ").Append(newName);
+    PrintLine(text);
+}
+
+void FileWork::Did(unsigned line, std::u16string_view name, std::u16string_view newName)
+{
+    ++files;
+    Show(line, name, newName);
+}
+
+void FileWork::DidDirectory(unsigned line, std::u16string_view name, std::u16string_view newName)
+{
+    ++directories;
+    Show(line, name, newName);
+}
+
+void FileWork::Failed(unsigned code, std::u16string_view name)
+{
+    ++errors;
+    if (!options.ignoresErrors)
+        MVError(code, name);
+}
+
+int FileWork::Finish(unsigned totals)
+{
+    const auto set = [this](std::u16string_view what, std::int64_t count) {
+        SetResultCounter(CString(counter).Append(what), count);
+    };
+    set(u"_files", files);
+    set(u"_dirs", directories);
+    set(u"_errors", errors);
+    const std::int64_t done = files + directories;
+    if (showsTotals && totals != 0)
+        PrintLine(LoadMessage(done == 0   ? totals
+                              : done == 1 ? totals + 1
+                                          : totals + 2,
+                              Format(u"%I64d", done)));
+    return errors != 0 || (done == 0 && !stopped) ? result::error : result::success;
+}

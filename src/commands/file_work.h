@@ -1,0 +1,81 @@
+// What commands that change files have in common: switches, questions, the line for each file, errors, totals
+// and result counters. A command reads its switches, makes a FileWork and, for each file that its search
+// finds,
+//
+//     if (!work.Wants(question, name)) continue;      // also ends the loop, see IsStopped()
+//     if (!work.Pretends())
+//         if (const unsigned failed = ...change the file...) { work.Failed(failed, name); continue; }
+//     work.Did(message, name);
+//
+// and ends with `return work.Finish(totals)`.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "commands/search_switches.h"
+#include "files/file_search.h"
+#include "platform/file_changes.h"
+#include "text/cstring.h"
+
+struct FileWorkOptions {
+    bool ignoresErrors = false; // /E: errors are counted, but not shown
+    bool pretends = false;      // /N
+    bool asks = false;          // /P
+    bool quiet = false;         // /Q: no lines, no totals
+    bool totalsOnly = false;    // /T
+};
+
+// The help of these switches, for each command's own.
+#define FILE_WORK_SWITCHES                                                                                   \
+    u"/E  show no error messages\n"                                                                          \
+    u"/N  change nothing, show only what would be done\n"                                                    \
+    u"/P  ask before each file: Y yes, N no, R the rest without asking, Esc or Q no more\n"                  \
+    u"/Q  show neither names nor totals\n"                                                                   \
+    u"/T  show totals only\n"
+
+// Takes the ranges, the attribute switch, these switches and those in `own` out of the arguments; `ownFlags`
+// gets a bit for each of `own`. 0, or the result of a reported error.
+int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search, FileWorkOptions& options,
+                 std::uint64_t& ownFlags);
+
+// Tells the desktop's folder windows of a change when the setting SHChangeNotify asks for it.
+void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16string_view newName = {});
+
+// Lines that a batch file of the everyday kind (.BAT, .CMD) does not expect are left out there.
+enum class BatchManners { Silent, TotalsOnly };
+
+class FileWork {
+public:
+    // The counters are %_NAME_files, %_NAME_dirs and %_NAME_errors.
+    FileWork(std::u16string_view counterName, const FileWorkOptions& switches, BatchManners manners);
+
+    bool Pretends() const { return options.pretends; }
+    // No more is to be done: the person said so.
+    bool IsStopped() const { return stopped; }
+
+    // Whether to change this one; asks with message `question` under /P.
+    bool Wants(unsigned question, std::u16string_view name);
+
+    // Counts and shows it: message `line` with the name, and behind it "-> newName" when there is one.
+    void Did(unsigned line, std::u16string_view name, std::u16string_view newName = {});
+    void DidDirectory(unsigned line, std::u16string_view name, std::u16string_view newName = {});
+    // Counts an error and shows it, a Windows error number or one of the shell's codes.
+    void Failed(unsigned code, std::u16string_view name);
+
+    // Shows the totals with one of three messages from `totals` on: for no file, one, and more. Sets the
+    // counters and answers the command's result.
+    int Finish(unsigned totals);
+
+private:
+    void Show(unsigned line, std::u16string_view name, std::u16string_view newName);
+
+    std::u16string_view counter;
+    FileWorkOptions options;
+    bool showsLines;
+    bool showsTotals;
+    bool stopped = false;
+    std::int64_t files = 0;
+    std::int64_t directories = 0;
+    std::int64_t errors = 0;
+};

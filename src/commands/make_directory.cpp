@@ -1,0 +1,77 @@
+#include "commands/make_directory.h"
+
+#include <windows.h>
+
+#include "commands/file_work.h"
+#include "core/command_switches.h"
+#include "engine/directory_entry.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "files/directory_name.h"
+#include "lang/messages.h"
+#include "platform/directory.h"
+#include "platform/file_changes.h"
+#include "platform/file_facts.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+const CommandHelp makeDirectoryHelp = {
+    u"Makes directories.",
+    u"MD [/D] [/E] [/N] [/P] [/Q] [/S] [/T] directory ...",
+    u"/D  make the (last) directory the current "
+    u"one"
+    u"\n" FILE_WORK_SWITCHES u"/S  accepted for older habits: directories above that are missing are always "
+    u"made\n"
+    u"A directory that exists already is an error. The result counters are %_md_dirs and %_md_errors.",
+    u"md src\\include\\detail\n"
+    u"md \"My Documents\" backup\n"
+    u"md /d new project",
+};
+
+namespace {
+
+// Makes the directory and those above it that are missing; 0 or a Windows error number.
+unsigned MakeWithParents(const CString& name)
+{
+    const unsigned failed = MakeDirectory(name);
+    if (failed != ERROR_PATH_NOT_FOUND)
+        return failed;
+    const std::u16string_view parent = WithoutEndSeparators(DirectoryPart(name));
+    if (parent.empty() || parent.ends_with(u':'))
+        return failed;
+    const unsigned above = MakeWithParents(CString(parent));
+    // Somebody else may have made it in the meantime.
+    return above != 0 && above != ERROR_ALREADY_EXISTS ? above : MakeDirectory(name);
+}
+
+} // namespace
+
+int MakeDirectory_Command(CString& arguments)
+{
+    FILESEARCH search;
+    FileWorkOptions options;
+    std::uint64_t flags = 0;
+    if (const int code = ReadFileWork(arguments, u"DS", search, options, flags))
+        return code;
+    const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
+    if (names.empty())
+        return UsageError();
+    FileWork work(u"md", options, BatchManners::Silent);
+    CString last;
+    for (const CString& argument : names) {
+        // A separator behind the name says nothing; the system would not take it everywhere.
+        const CString name(WithoutEndSeparators(CleanDirectoryName(argument)));
+        if (!work.Wants(message::askMakeDirectory, name))
+            continue;
+        if (const unsigned failed = work.Pretends() ? 0 : MakeWithParents(name)) {
+            work.Failed(failed, name);
+            continue;
+        }
+        work.DidDirectory(message::madeDirectory, name);
+        NotifyOfChange(FolderChange::DirectoryCreated, name);
+        last = name;
+    }
+    if ((flags & 1) != 0 && !last.empty() && !work.Pretends() && !MakeCurrent(last))
+        work.Failed(0, last);
+    return work.Finish(0);
+}

@@ -1,0 +1,127 @@
+#include "commands/remove_directory.h"
+
+#include <windows.h>
+
+#include "commands/file_work.h"
+#include "commands/tree_removal.h"
+#include "core/command_switches.h"
+#include "engine/console_entry.h"
+#include "engine/inifile.h"
+#include "engine/output.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "files/directory_name.h"
+#include "lang/messages.h"
+#include "platform/file_changes.h"
+#include "platform/file_facts.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+const CommandHelp removeDirectoryHelp = {
+    u"Removes directories.",
+    u"RD [range ...] [/A[:]attributes] [/E] [/K] [/N] [/P] [/Q] [/R] [/S] [/T] directory ...",
+    u"/S  remove the directory with all that is in it, after a question\n"
+    u"/Q  ask nothing, show nothing\n"
+    u"/E  show no error messages\n"
+    u"/K  delete for good, even if RecycleBin says otherwise\n"
+    u"/N  change nothing, show only what would be done\n"
+    u"/P  ask before each directory: Y yes, N no, R the rest without asking, Esc or Q no more\n"
+    u"/R  move to the recycle bin\n"
+    u"/T  show totals only\n"
+    u"Without /S a directory must be empty. Wildcards pick directories. Of a link to a directory the link is "
+    u"removed, and what it leads to stays. The result counters are %_rd_dirs and %_rd_errors.",
+    u"rd empty\n"
+    u"rd /s /q build\n"
+    u"rd /n /s *.tmp",
+};
+
+namespace {
+
+enum OwnSwitch : std::uint64_t { keepNothing = 1, recycle = 2, withContents = 4 }; // "KRS"
+
+class Removal {
+public:
+    Removal(const FileWorkOptions& options, std::uint64_t flags)
+        : work(u"rd", options, BatchManners::Silent), withTree((flags & withContents) != 0),
+          asksForTree(withTree && !options.quiet && !options.asks && !options.pretends),
+          usesBin((flags & recycle) != 0 || (aIniFile.RecycleBin && (flags & keepNothing) == 0))
+    {}
+
+    void Remove(const CString& name)
+    {
+        if (!work.Wants(message::askRemoveDirectory, name) || !IsTreeWanted(name))
+            return;
+        if (const unsigned failed = work.Pretends() ? 0 : RemoveFromDisk(name)) {
+            work.Failed(failed, name);
+            return;
+        }
+        work.DidDirectory(message::removedDirectory, name);
+        NotifyOfChange(FolderChange::DirectoryDeleted, name);
+    }
+
+    FileWork work;
+
+private:
+    // Everything in a tree is gone at once: without a person it takes /Q to say so.
+    bool IsTreeWanted(const CString& name)
+    {
+        if (!asksForTree)
+            return true;
+        if (!IsConsole(0)) {
+            work.Failed(errors::needsQuiet, name);
+            return false;
+        }
+        return QueryInputChar(message::askRemoveTree, name, u"YN", u'N') == u'Y';
+    }
+
+    unsigned RemoveFromDisk(const CString& name)
+    {
+        const std::optional<std::uint32_t> attributes = ReadFileAttributes(name);
+        if (!attributes)
+            return GetLastError();
+        if ((*attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+            return ERROR_DIRECTORY;
+        const bool isLink = (*attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+        if (usesBin && !isLink)
+            if (MoveToRecycleBin(name) == 0)
+                return 0;
+        if (withTree && !isLink)
+            return RemoveTree(name, [this](unsigned code, const CString& part) { work.Failed(code, part); });
+        return RemoveEmptyDirectory(name);
+    }
+
+    bool withTree;
+    bool asksForTree;
+    bool usesBin;
+};
+
+} // namespace
+
+int RemoveDirectory_Command(CString& arguments)
+{
+    FILESEARCH search;
+    FileWorkOptions options;
+    std::uint64_t flags = 0;
+    if (const int code = ReadFileWork(arguments, u"KRS", search, options, flags))
+        return code;
+    const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
+    if (names.empty())
+        return UsageError();
+    search.attributes.required |= file_attribute::directory;
+    Removal removal(options, flags);
+    for (const CString& argument : names) {
+        const CString name(WithoutEndSeparators(CleanDirectoryName(argument)));
+        if (!HasWildcards(name)) {
+            removal.Remove(name);
+            continue;
+        }
+        bool any = false;
+        for (bool found = FindFiles(search, name); found; found = FindFiles(search)) {
+            any = true;
+            removal.Remove(search.name);
+        }
+        if (!any)
+            removal.work.Failed(search.error ? search.error : ERROR_FILE_NOT_FOUND, name);
+    }
+    return removal.work.Finish(0);
+}

@@ -1,0 +1,148 @@
+#include "commands/rename.h"
+
+#include <windows.h>
+
+#include "commands/file_work.h"
+#include "core/command_switches.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "files/description_changes.h"
+#include "files/target_names.h"
+#include "lang/messages.h"
+#include "platform/file_changes.h"
+#include "platform/file_facts.h"
+#include "text/compare.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+const CommandHelp renameHelp = {
+    u"Renames files and directories.",
+    u"REN [range ...] [/A[:]attributes] [/E] [/N] [/P] [/Q] [/S] [/T] name ... newname",
+    u"/A  files with attributes, as DIR /A tells\n" FILE_WORK_SWITCHES u"/S  in all subdirectories too\n"
+    u"The new name stands in the directory of the old one unless it names another one on the same drive; one "
+    u"that "
+    u"exists takes the file in under its old name. \"*\" and \"?\" in the new name stand for what they meet "
+    u"in the old "
+    u"one. Wildcards in the old name pick files, with /AD directories; a name without wildcards may be "
+    u"either. A "
+    u"name that is taken is an error. Descriptions go along. The result counters are %_ren_files, %_ren_dirs "
+    u"and "
+    u"%_ren_errors.",
+    u"ren draft.txt final.txt\n"
+    u"ren *.jpeg *.jpg\n"
+    u"ren /[d-1] *.log old\\*.log\n"
+    u"ren /s *.htm *.html",
+};
+
+namespace {
+
+class Renaming {
+public:
+    Renaming(const FileWorkOptions& options, const CString& newName)
+        : work(u"ren", options, BatchManners::Silent), target(newName), hasDirectory(HasDirectory(newName))
+    {
+        if (hasDirectory && !HasWildcards(newName) && QueryIsDirectory(newName))
+            target = JoinPath(newName, u"*");
+    }
+
+    void RenameAll(FILESEARCH& search, const CString& argument)
+    {
+        search.error = 0;
+        StartSearch(search, argument);
+        SearchedDirectory directory;
+        std::size_t matches = 0;
+        while (!work.IsStopped() && NextDirectory(search, directory)) {
+            if (directory.found.error)
+                work.Failed(directory.found.error, directory.found.name);
+            matches += directory.found.files.size();
+            RenameIn(directory);
+        }
+        if (matches == 0 && !work.IsStopped() && search.error == 0)
+            work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(argument));
+    }
+
+    FileWork work;
+
+private:
+    void RenameIn(const SearchedDirectory& directory)
+    {
+        DescriptionChanges descriptions(directory.found.name);
+        try {
+            for (const FoundFile& file : directory.found.files)
+                Rename(directory, file, descriptions);
+        } catch (...) {
+            descriptions.Write();
+            throw;
+        }
+        if (const unsigned failed = descriptions.Write())
+            work.Failed(failed, directory.found.name);
+    }
+
+    void Rename(const SearchedDirectory& directory, const FoundFile& file, DescriptionChanges& descriptions)
+    {
+        const CString shown = CString(directory.shown) + file.name;
+        CString newName;
+        if (!MakeWildcardName(newName, target, file.name)) {
+            work.Failed(ERROR_FILENAME_EXCED_RANGE, shown);
+            return;
+        }
+        const CString from = CString(directory.found.name) + file.name;
+        const CString to = hasDirectory ? FullPathName(newName) : CString(directory.found.name) + newName;
+        if (from == to || !work.Wants(message::askRename, shown))
+            return;
+        if (!work.Pretends()) {
+            if (const unsigned failed = RenameFile(from, to, false)) {
+                // Which of the two names is the trouble is not told by the number.
+                const bool aboutNewName = failed == ERROR_ALREADY_EXISTS || failed == ERROR_FILE_EXISTS ||
+                                          failed == ERROR_INVALID_NAME || failed == ERROR_PATH_NOT_FOUND;
+                work.Failed(failed, aboutNewName ? newName : shown);
+                return;
+            }
+            CarryDescription(directory, file, to, descriptions);
+            NotifyOfChange(FolderChange::FileRenamed, from, to);
+        }
+        const bool isDirectory = file.facts.IsDirectory();
+        isDirectory ? work.DidDirectory(message::nameAlone, shown, newName)
+                    : work.Did(message::nameAlone, shown, newName);
+    }
+
+    static void CarryDescription(const SearchedDirectory& directory, const FoundFile& file, const CString& to,
+                                 DescriptionChanges& descriptions)
+    {
+        if (EqualNoCase(DirectoryPart(to), directory.found.name))
+            descriptions.Rename(file.name, FileNamePart(to));
+        else
+            descriptions.MoveTo(DirectoryPart(to), file.name, FileNamePart(to));
+    }
+
+    CString target;
+    bool hasDirectory;
+};
+
+} // namespace
+
+int Rename_Command(CString& arguments)
+{
+    FILESEARCH search;
+    FileWorkOptions options;
+    std::uint64_t flags = 0;
+    if (const int code = ReadFileWork(arguments, u"S", search, options, flags))
+        return code;
+    std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
+    if (names.size() < 2)
+        return UsageError();
+    const CString newName(WithoutQuotes(names.back()));
+    names.pop_back();
+    if (flags != 0)
+        search.deepest = allLevels;
+    const AttributeMasks masks = search.attributes;
+    Renaming renaming(options, newName);
+    for (const CString& name : names) {
+        search.attributes = masks;
+        const bool picks = HasWildcards(WithoutQuotes(name)) || search.deepest > 0;
+        if (picks && (masks.required & file_attribute::directory) == 0)
+            search.attributes.forbidden |= file_attribute::directory;
+        renaming.RenameAll(search, name);
+    }
+    return renaming.work.Finish(message::filesRenamed);
+}

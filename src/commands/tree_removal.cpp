@@ -1,0 +1,76 @@
+#include "commands/tree_removal.h"
+
+#include <vector>
+
+#include <windows.h>
+
+#include "engine/break.h"
+#include "files/directory_source.h"
+#include "platform/file_changes.h"
+#include "platform/file_facts.h"
+#include "text/path_names.h"
+
+namespace {
+
+struct Entry {
+    CString name; // full
+    std::uint32_t attributes = 0;
+    bool emptied = false; // what is in the directory was dealt with
+
+    bool IsDirectory() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+    bool IsLink() const { return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
+};
+
+class Contents : public EntrySink {
+public:
+    Contents(std::u16string_view ofDirectory, std::vector<Entry>& receiver)
+        : directory(ofDirectory), entries(receiver)
+    {}
+    void Take(const DirectoryEntry& entry) override
+    {
+        if (entry.name != u"." && entry.name != u"..")
+            entries.push_back({JoinPath(directory, entry.name), entry.facts.attributes});
+    }
+
+private:
+    std::u16string_view directory;
+    std::vector<Entry>& entries;
+};
+
+unsigned RemoveEntry(const Entry& entry)
+{
+    if ((entry.attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        ChangeAttributes(entry.name, entry.attributes & ~std::uint32_t{FILE_ATTRIBUTE_READONLY});
+    return entry.IsDirectory() ? RemoveEmptyDirectory(entry.name) : EraseFile(entry.name);
+}
+
+} // namespace
+
+unsigned RemoveTree(const CString& directory, const std::function<void(unsigned, const CString&)>& failed)
+{
+    SystemDirectories source(false);
+    // What is still to be removed; a directory lies below its contents.
+    std::vector<Entry> entries = {{FullPathName(directory), FILE_ATTRIBUTE_DIRECTORY}};
+    unsigned left = 0;
+    while (!entries.empty()) {
+        ThrowIfBroken();
+        if (Entry& last = entries.back(); last.IsDirectory() && !last.IsLink() && !last.emptied) {
+            last.emptied = true;
+            const CString inside = JoinPath(last.name, u"");
+            Contents contents(inside, entries);
+            if (const unsigned code = source.Read(inside, u"*", contents))
+                failed(code, inside);
+            continue;
+        }
+        const Entry entry = std::move(entries.back());
+        entries.pop_back();
+        const unsigned code = RemoveEntry(entry);
+        if (code == 0)
+            continue;
+        left = code;
+        // Directories that are not empty for a reason told already need no line of their own.
+        if (!entries.empty() && code != ERROR_DIR_NOT_EMPTY)
+            failed(code, entry.name);
+    }
+    return left;
+}

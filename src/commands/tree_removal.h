@@ -1,0 +1,11 @@
+// Removing a directory with all that is in it.
+#pragma once
+
+#include <functional>
+
+#include "text/cstring.h"
+
+// Links inside are removed, never followed; attributes that protect files do not. What cannot be removed is
+// told to `failed` (a Windows error number and the name) and the rest goes on. 0, or the error number of what
+// is left: then the directory still stands. Throws Break between two files.
+unsigned RemoveTree(const CString& directory, const std::function<void(unsigned, const CString&)>& failed);

@@ -1,0 +1,31 @@
+// Keeping the descriptions of a directory in step with its files while a command deletes or renames many of
+// them: the description file is read at the first change and written once, at the end.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "files/description_list.h"
+
+// Does nothing while the setting Descriptions is off, or when the directory has no description file.
+class DescriptionChanges {
+public:
+    // With a separator at the end, or "" for the current directory.
+    explicit DescriptionChanges(std::u16string_view ofDirectory) : directory(ofDirectory) {}
+
+    void Remove(std::u16string_view name);
+    void Rename(std::u16string_view name, std::u16string_view newName);
+
+    // To another directory, at once: the description that the new name has there is lost.
+    void MoveTo(std::u16string_view newDirectory, std::u16string_view name, std::u16string_view newName);
+
+    // 0, or the Windows error number that kept the file from being written.
+    unsigned Write();
+
+private:
+    DescriptionList& List();
+
+    CString directory;
+    std::optional<DescriptionList> list;
+    bool changed = false;
+};
