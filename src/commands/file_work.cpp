@@ -88,12 +88,7 @@ void FileWork::Failed(unsigned code, std::u16string_view name)
 
 int FileWork::Finish(unsigned totals)
 {
-    const auto set = [this](std::u16string_view what, std::int64_t count) {
-        SetResultCounter(CString(counter).Append(what), count);
-    };
-    set(u"_files", files);
-    set(u"_dirs", directories);
-    set(u"_errors", errors);
+    SetResultCounters(counter, {files, directories, errors});
     const std::int64_t done = files + directories;
     if (showsTotals && totals != 0)
         PrintLine(LoadMessage(done == 0   ? totals
