@@ -286,15 +286,18 @@ PaintedText DirListing::LongLine(const SearchedDirectory& directory, const Found
     if (options.owners)
         line.Append(Format(u"%-22s ", questions.Owner(directory.found.name, file.name)));
     line.Append(ShownName(file), ColorOf(file));
-    const CString description = descriptions.Find(file.name);
-    if (!description.empty())
-        line.Append(u"  ").Append(description);
+    if (descriptions)
+        if (const CString description = descriptions->Of(file.name); !description.empty())
+            line.Append(u"  ").Append(description);
     return line;
 }
 
 void DirListing::WriteLong(const SearchedDirectory& directory)
 {
-    descriptions = ReadDescriptions(directory.found.name);
+    if (aIniFile.Descriptions)
+        descriptions.emplace(directory.found.name);
+    else
+        descriptions.reset();
     for (const FoundFile& file : directory.found.files) {
         Line(LongLine(directory, file));
         if (!options.streams || IsDots(file.name))

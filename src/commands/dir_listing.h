@@ -8,7 +8,7 @@
 #include "commands/dir_options.h"
 #include "commands/pager.h"
 #include "engine/painted_text.h"
-#include "files/description_list.h"
+#include "files/descriptions.h"
 #include "files/directory_source.h"
 #include "files/file_search.h"
 #include "files/name_colors.h"
@@ -62,9 +62,9 @@ private:
     Pager pager;
     SystemDirectories questions;
     SystemRangeClock clock;
-    DescriptionList descriptions; // of the directory that is written
-    PaintedText waiting;          // lines that are not written yet
-    NameColors colors;            // without rules where nobody would see them
+    std::optional<DirectoryDescriptions> descriptions; // of the directory that is written, where shown
+    PaintedText waiting;                               // lines that are not written yet
+    NameColors colors;                                 // without rules where nobody would see them
     unsigned screenColors = 0;
     bool refused = false;
     CString volume;        // whose header was written last

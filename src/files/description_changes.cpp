@@ -7,8 +7,10 @@
 
 DescriptionList& DescriptionChanges::List()
 {
+    // Streams go along with their files by themselves.
+    const bool inFile = aIniFile.Descriptions && !aIniFile.NTFSDescriptions;
     if (!list)
-        list = aIniFile.Descriptions ? ReadDescriptions(directory) : DescriptionList();
+        list = inFile ? ReadDescriptions(directory) : DescriptionList();
     return *list;
 }
 

@@ -7,7 +7,8 @@
 
 #include "files/description_list.h"
 
-// Does nothing while the setting Descriptions is off, or when the directory has no description file.
+// Does nothing while the setting Descriptions is off, when the directory has no description file, or when
+// NTFSDescriptions keeps descriptions in the files themselves.
 class DescriptionChanges {
 public:
     // With a separator at the end, or "" for the current directory.

@@ -11,6 +11,7 @@
 #include "platform/handle.h"
 #include "platform/text_output.h"
 #include "platform/whole_file.h"
+#include "text/encoding.h"
 #include "text/format.h"
 #include "text/path_names.h"
 
@@ -23,6 +24,25 @@ RecognisedEncoding PresentEncoding(const CString& path)
 {
     std::string bytes;
     return ReadWholeFile(path, bytes, largestFile) ? RecogniseTextFile(bytes) : RecognisedEncoding();
+}
+
+CString StreamOf(std::u16string_view directory, std::u16string_view name)
+{
+    return SystemPath(JoinPath(directory, name)) + u":Comment";
+}
+
+bool DescribeInStream(const CString& stream, std::u16string_view description)
+{
+    if (description.empty())
+        return DeleteFileW(stream.w()) || GetLastError() == ERROR_FILE_NOT_FOUND;
+    const OwnedHandle file(
+        CreateFileW(stream.w(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file)
+        return false;
+    // The file itself has not changed: these times ask the system to leave its own alone.
+    constexpr FILETIME asItIs = {0xFFFFFFFF, 0xFFFFFFFF};
+    SetFileTime(file.Get(), nullptr, &asItIs, &asItIs);
+    return WriteBytes(file.Get(), ToUtf8(description)) && SetEndOfFile(file.Get());
 }
 
 bool WriteNewFile(const CString& path, const std::string& bytes)
@@ -64,8 +84,29 @@ bool WriteDescriptions(std::u16string_view directory, const DescriptionList& lis
     return written;
 }
 
+DirectoryDescriptions::DirectoryDescriptions(std::u16string_view of)
+    : directory(of), inStreams(aIniFile.NTFSDescriptions != 0)
+{
+    if (!inStreams)
+        list = ReadDescriptions(directory);
+}
+
+CString DirectoryDescriptions::Of(std::u16string_view name) const
+{
+    if (!inStreams)
+        return list.Find(name);
+    std::string bytes;
+    constexpr std::size_t longest = 4096; // bytes
+    return ReadWholeFile(StreamOf(directory, name), bytes, longest) ? FromUtf8(bytes) : CString();
+}
+
 bool SetDescription(std::u16string_view directory, std::u16string_view name, std::u16string_view description)
 {
+    // Opening a stream would make the file.
+    if (aIniFile.NTFSDescriptions && !ReadFileAttributes(SystemPath(JoinPath(directory, name))))
+        return false;
+    if (aIniFile.NTFSDescriptions)
+        return DescribeInStream(StreamOf(directory, name), description.substr(0, aIniFile.DescriptionMax));
     DescriptionList list = ReadDescriptions(directory);
     list.Set(name, description.substr(0, aIniFile.DescriptionMax));
     return WriteDescriptions(directory, list);

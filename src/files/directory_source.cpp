@@ -69,8 +69,8 @@ CString SystemDirectories::Owner(std::u16string_view directory, std::u16string_v
 CString SystemDirectories::Description(std::u16string_view directory, std::u16string_view name)
 {
     if (!descriptions || describedDirectory.view() != directory) {
-        descriptions = ReadDescriptions(directory);
+        descriptions.emplace(directory);
         describedDirectory = directory;
     }
-    return descriptions->Find(name);
+    return descriptions->Of(name);
 }

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "files/description_list.h"
+#include "files/descriptions.h"
 #include "files/file_walk.h"
 #include "platform/file_details.h"
 
@@ -21,7 +21,7 @@ public:
 private:
     bool shortNames;
     CString describedDirectory; // whose descriptions were asked for last
-    std::optional<DescriptionList> descriptions;
+    std::optional<DirectoryDescriptions> descriptions;
 };
 
 class SystemRangeClock : public RangeClock {

@@ -166,7 +166,7 @@ int Owner_Function(FunctionCall& call)
 int Descript_Function(FunctionCall& call)
 {
     const CString name = FileArgument(call.arguments);
-    return answer::ForeignText(call, ReadDescriptions(DirectoryPart(name)).Find(FileNamePart(name)));
+    return answer::ForeignText(call, DirectoryDescriptions(DirectoryPart(name)).Of(FileNamePart(name)));
 }
 
 // @inode[name]: the number by which the file system knows the file. @links[name]: how many names it has.

@@ -1,0 +1,39 @@
+// Descriptions in the two places that the settings know.
+#include "files/descriptions.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "engine/inifile.h"
+#include "platform/file_facts.h"
+#include "platform/whole_file.h"
+#include "text/format.h"
+
+TEST(Descriptions, AreKeptWhereTheSettingsWantThem)
+{
+    CString folder;
+    folder.SetLength(GetTempPathW(MAX_PATH, reinterpret_cast<wchar_t*>(folder.Edit(MAX_PATH + 1))));
+    folder += Format(u"mova_described_%u\\", unsigned{GetCurrentProcessId()});
+    ASSERT_TRUE(CreateDirectoryW(folder.w(), nullptr));
+    ASSERT_TRUE(CreateNewFile(folder + u"a b.txt"));
+    const CString list = folder + u"DESCRIPT.ION";
+    aIniFile.DescriptionMax = 20;
+    for (const SettingChoice inStreams : {0, 1}) {
+        aIniFile.NTFSDescriptions = inStreams;
+        auto description = [&] { return DirectoryDescriptions(folder).Of(u"A B.txt"); };
+        EXPECT_EQ(description(), u"");
+        EXPECT_TRUE(SetDescription(folder, u"a b.txt", u"für später, und noch viel mehr"));
+        EXPECT_EQ(description(), u"für später, und noch");
+        EXPECT_TRUE(SetDescription(folder, u"a b.txt", u"kürzer"));
+        EXPECT_EQ(description(), u"kürzer");
+        EXPECT_EQ(ReadFileAttributes(list).has_value(), inStreams == 0);
+        EXPECT_TRUE(SetDescription(folder, u"a b.txt", u""));
+        EXPECT_EQ(description(), u"");
+        EXPECT_FALSE(ReadFileAttributes(list));
+    }
+    EXPECT_FALSE(SetDescription(folder, u"gone.txt", u"x"));
+    EXPECT_FALSE(ReadFileAttributes(folder + u"gone.txt"));
+    aIniFile.NTFSDescriptions = 0;
+    DeleteFileW((folder + u"a b.txt").w());
+    EXPECT_TRUE(RemoveDirectoryW(folder.w()));
+}
