@@ -1,4 +1,4 @@
-// ActOnBlockWords of engine/batch_entry.h.
+// ActOnBlockWords and QueryLoopPart of engine/batch_entry.h.
 #include <algorithm>
 
 #include "batch/do_header.h"
@@ -85,4 +85,19 @@ int ActOnBlockWords(CString& command, bool& consumed)
     }
     consumed = step == BlockStep::Skip || (step == BlockStep::RunRest && command.empty());
     return code;
+}
+
+LoopPart QueryLoopPart(std::u16string_view command)
+{
+    const Syntax syntax = CurrentSyntax();
+    const DoLine line = ClassifyDoLine(command, syntax);
+    if (line == DoLine::Closes)
+        return LoopPart::Closes;
+    if (line != DoLine::Opens)
+        return LoopPart::None;
+    // A mistake, and a question for help, are not waited for.
+    const std::u16string_view behind = TailFromArgument(command, 1, syntax);
+    DoHeader header;
+    const bool loop = !behind.starts_with(syntax.switchChar) && ReadDoHeader(behind, syntax, header);
+    return loop ? LoopPart::Opens : LoopPart::None;
 }

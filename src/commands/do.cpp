@@ -1,8 +1,12 @@
 #include "commands/do.h"
 
+#include <utility>
+
 #include "batch/do_header.h"
 #include "batch/do_loop.h"
+#include "core/command_lookup.h"
 #include "core/command_switches.h"
+#include "engine/help_entry.h"
 #include "engine/results.h"
 #include "engine/state.h"
 
@@ -20,19 +24,31 @@ const CommandHelp doHelp = {
     u"/C  the characters of the text\n"
     u"WHILE is tested before each pass, UNTIL behind it. @CON stands for the lines of standard input.\n"
     u"ITERATE begins the next pass, LEAVE [n] leaves the loop, or n of them. In place of the lines the "
-    u"commands "
-    u"may stand in parentheses behind DO.",
+    u"commands may stand in parentheses behind DO, or with ENDDO on the same line. At the prompt the lines "
+    u"are "
+    u"asked for up to ENDDO. The result is 0 once the loop has ended, whatever its commands answered, and 2 "
+    u"when a number or condition makes no sense or the ENDDO is missing.",
     u"do n = 1 to 10\n"
     u"  echo %n\n"
     u"enddo\n"
-    u"do file in *.txt (echo %file)",
+    u"do file in *.txt (echo %file)\n"
+    u"do 3 & beep & delay 1 & enddo",
 };
 
 int Do_Command(CString& arguments)
 {
+    // The table leaves "/?" alone, because it may be part of a condition.
+    const char16_t help[] = {CurrentSyntax().switchChar, u'?'};
+    const BUILTIN* row = nullptr;
+    if (arguments.Trim() == std::u16string_view(help, 2) && FindInternalCommand(u"DO", true, &row) >= 0)
+        return NTInternalHelp(*row);
     DoHeader header;
     if (!ReadDoHeader(arguments, CurrentSyntax(), header))
         return UsageError();
+    if (CString lines = std::exchange(Tls().loopBody, CString()); !header.hasBody && !lines.empty()) {
+        header.body = lines;
+        header.hasBody = true;
+    }
     if (!header.hasBody && !Tls().Frame())
         return MVError(errors::batchOnly, u"DO");
     return RunDo(header);

@@ -9,6 +9,7 @@
 #include "core/command_lookup.h"
 #include "core/command_switches.h"
 #include "engine/command_state.h"
+#include "engine/inifile.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -19,7 +20,7 @@ const CommandHelp setdosHelp = {
     u"Shows or changes how the command line behaves, for this shell.",
     u"SETDOS\n"
     u"SETDOS [/A0 | /A1] [/Cc] [/D0 | /D1 | /Dname] [/Ec] [/Fmin.max] [/Gdt | /G0] [/I+name | /I-name] "
-    u"[/Mn] [/N0 | /N1] [/Pc] [/So:i] [/V0 | /V1] [/X[+|-]list]",
+    u"[/Mn] [/N0 | /N1] [/Pc] [/So:i] [/T0 | /T1] [/V0 | /V1] [/X[+|-]list]",
     u"/A  escape sequences in output: 1 on, 0 off\n"
     u"/C  the character that parts commands\n"
     u"/D  file descriptions: 1 on, 0 off, or the name of the file that holds them\n"
@@ -31,6 +32,9 @@ const CommandHelp setdosHelp = {
     u"/N  redirection keeps existing files: 1 on, 0 off\n"
     u"/P  the character behind a parameter number that means \"and all after it\"\n"
     u"/S  height of the cursor in percent, for overstrike and insert; -1 leaves it alone\n"
+    u"/T  each line of a batch file is shown on standard error before it runs, with its depth, file and "
+    u"number: "
+    u"1 on, 0 off\n"
     u"/V  batch files begin with their commands shown: 1 on, 0 off\n"
     u"/X  switches parts of expansion off (-) or on (+): 1 aliases, 2 aliases in aliases, 3 %=, 4 references "
     u"in values, 6 redirection and pipes, 7 brackets of regular expressions, 8 the escape character, A "
@@ -136,6 +140,16 @@ int SetSeparators(View, View text)
     return code == result::success ? ChangeSetting(u"ThousandsChar", name(1)) : code;
 }
 
+// A bit of the setting Debug.
+int SetTracing(View setting, View text)
+{
+    const CString value = Behind(text);
+    if (value != u"0" && value != u"1")
+        return refused;
+    const std::uint32_t others = aIniFile.Debug & ~debug_bits::traceLines;
+    return ChangeSetting(setting, Format(u"%u", value == u"1" ? others | debug_bits::traceLines : others));
+}
+
 int SwitchCommand(View, View text)
 {
     const View name = text.substr(std::min<std::size_t>(1, text.size()));
@@ -195,6 +209,7 @@ constexpr SetdosRow rows[] = {
     {u'P', u"ParameterChar", SetCharacter},
     {u'S', u"CursorOver", SetCursor},
     {u'S', u"CursorIns", SetCursor},
+    {u'T', u"Debug", SetTracing},
     {u'V', u"BatchEcho", SetYesNo},
     {u'X', nullptr, SwitchExpansion},
 };

@@ -1,5 +1,6 @@
 // The road of one line: Command_S cuts it into commands and takes each through the steps below, in the order
 // in which they stand in `steps`.
+#include <algorithm>
 #include <utility>
 
 #include "core/blocks.h"
@@ -53,6 +54,7 @@ private:
     Step DetachTrailing();
     Step LookUp();
     Step CompleteBlocks();
+    Step TakeLoopBody();
     Step ExpandWhole();
     Step Cut();
     Step Expand();
@@ -69,6 +71,7 @@ private:
     CString CommandsByLine() const;
     CommandShape ShapeOf(std::u16string_view text) const;
     Separator FindEnd(std::size_t from) const;
+    std::size_t FindLoopEnd(std::size_t from) const;
     void CutPipe();
 
     CString rest;    // from the current command to the end of the line
@@ -102,23 +105,15 @@ using StepFunction = Step (CommandLine::*)();
 int CommandLine::Run()
 {
     static constexpr StepFunction steps[] = {
-        &CommandLine::PassBlockWords,
-        &CommandLine::ExpandAlias,
-        &CommandLine::TakePrefixes,
-        &CommandLine::PassLabel,
-        &CommandLine::AskBefore,
-        &CommandLine::PassRemark,
-        &CommandLine::RunEchox,
-        &CommandLine::JoinContinuation,
-        &CommandLine::DetachTrailing,
-        &CommandLine::LookUp,
-        &CommandLine::CompleteBlocks,
-        &CommandLine::ExpandWhole,
-        &CommandLine::Cut,
-        &CommandLine::Expand,
-        &CommandLine::EchoAndLog,
-        &CommandLine::Redirect,
-        &CommandLine::Execute,
+        &CommandLine::PassBlockWords,  &CommandLine::ExpandAlias,
+        &CommandLine::TakePrefixes,    &CommandLine::PassLabel,
+        &CommandLine::AskBefore,       &CommandLine::PassRemark,
+        &CommandLine::RunEchox,        &CommandLine::JoinContinuation,
+        &CommandLine::DetachTrailing,  &CommandLine::LookUp,
+        &CommandLine::CompleteBlocks,  &CommandLine::TakeLoopBody,
+        &CommandLine::ExpandWhole,     &CommandLine::Cut,
+        &CommandLine::Expand,          &CommandLine::EchoAndLog,
+        &CommandLine::Redirect,        &CommandLine::Execute,
         &CommandLine::FollowConnector,
     };
     if (rest.empty() || (rest.front() == u':' && rest.Find(u'\n') == npos))
@@ -348,6 +343,29 @@ Step CommandLine::CompleteBlocks()
     return code == result::success ? Step::Go : Fail(code);
 }
 
+// The commands between DO and ENDDO on the same line, or typed on the lines behind it, are the loop's body.
+// In a batch file the loop reads the lines that follow by itself.
+Step CommandLine::TakeLoopBody()
+{
+    if (!row || !EqualNoCase(row->name, u"DO") ||
+        QueryLoopPart(rest.view().substr(0, FindEnd(0).at)) != LoopPart::Opens)
+        return Step::Go;
+    std::size_t end = npos;
+    CString line;
+    while ((end = FindLoopEnd(FindEnd(0).Behind())) == npos) {
+        if (Tls().Frame())
+            return Step::Go;
+        if (!ReadFollowingLine(line))
+            return Fail(MVError(errors::unfinishedBlock, u"DO"));
+        rest.Append(u'\n').Append(line);
+    }
+    const Separator behindHeader = FindEnd(0);
+    const std::size_t start = behindHeader.Behind();
+    Tls().loopBody = rest.Substr(start, end - start);
+    rest.Erase(behindHeader.at, end - behindHeader.at);
+    return Step::Go;
+}
+
 // A line that begins with ENDLOCAL is expanded as a whole before the old environment comes back, so that
 // "endlocal & set x=%x%" carries x out.
 Step CommandLine::ExpandWhole()
@@ -563,6 +581,23 @@ Separator CommandLine::FindEnd(std::size_t from) const
     return end;
 }
 
+// Where the ENDDO ends that closes the loop whose lines begin at `from`; npos when it is not on the line.
+std::size_t CommandLine::FindLoopEnd(std::size_t from) const
+{
+    for (int depth = 1; from < rest.size();) {
+        const Separator end = FindEnd(from);
+        const std::size_t stop = std::min(end.at, rest.size());
+        const LoopPart part = QueryLoopPart(rest.view().substr(from, stop - from));
+        depth += part == LoopPart::Opens ? 1 : part == LoopPart::Closes ? -1 : 0;
+        if (depth == 0)
+            return stop;
+        if (end.at == npos)
+            break;
+        from = end.Behind();
+    }
+    return npos;
+}
+
 // Counts nested lines for as long as one runs.
 class LineDepth {
 public:
@@ -587,4 +622,9 @@ int Command_S(CString line, int flags)
     return CommandLine(std::move(line), flags).Run();
 }
 
-void ResetParsingFlags() { Tls().aliasBypass = false; }
+void ResetParsingFlags()
+{
+    TLS_VARIABLES& tls = Tls();
+    tls.aliasBypass = false;
+    tls.loopBody.Clear();
+}

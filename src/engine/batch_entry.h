@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "text/cstring.h"
@@ -35,6 +36,10 @@ int ExitBatchFile();   // ends the current frame; 2 when there was none to end
 // expansion. `consumed` tells that the command was one of them, or stands in a branch that is skipped, and
 // is not to run; the answer is a code of results.h.
 int ActOnBlockWords(CString& command, bool& consumed);
+
+// What a command is to the search for the end of a loop whose lines stand on one line, or are typed.
+enum class LoopPart { None, Opens, Closes };
+LoopPart QueryLoopPart(std::u16string_view command);
 
 // Runs the commands that ON has set in the current batch file for what has happened since they were last
 // asked for. result::success, or the code of a command that has left the line.

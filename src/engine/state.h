@@ -195,6 +195,7 @@ struct TLS_VARIABLES {
     LoopSignal loopSignal = LoopSignal::None;
     int loopsToLeave = 0;  // LEAVE n
     CString loopCondition; // what followed ENDDO
+    CString loopBody;      // of the DO that is about to run, when its lines stood on its own line
     std::vector<BATCH_FRAME> frames;
     int batchIndex = -1;                              // current frame, -1 outside batch files
     int batchFloor = -1;                              // frames at or below belong to an outer invocation
