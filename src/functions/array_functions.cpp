@@ -10,6 +10,7 @@
 #include "files/text_lines.h"
 #include "functions/answers.h"
 #include "functions/arguments.h"
+#include "functions/file_answers.h"
 #include "functions/word_cutting.h"
 
 namespace {
@@ -28,6 +29,20 @@ int FillArray(const CString& name, const std::vector<CString>& elements)
         status = ArrayVariables().Set(name, index, elements[i]);
     }
     return -ReportArrayStatus(status, name);
+}
+
+// Makes an array of the file's lines and answers their number.
+int AnswerLinesAsArray(FunctionCall& call, std::u16string_view file, const CString& name)
+{
+    constexpr std::size_t mostLines = 1'000'000;
+    TextLines text;
+    if (!text.Open(file))
+        return static_cast<int>(GetLastError());
+    std::vector<CString> lines;
+    for (std::u16string_view line; lines.size() < mostLines && text.Next(line);)
+        lines.emplace_back(line);
+    const int code = FillArray(name, lines);
+    return code ? code : answer::Number(call, static_cast<std::int64_t>(lines.size()));
 }
 
 } // namespace
@@ -63,19 +78,22 @@ int Arrayize_Function(FunctionCall& call)
 // @execarray[command,name]: makes an array of the lines that the command writes and gives their number.
 int Execarray_Function(FunctionCall& call)
 {
-    constexpr std::size_t mostLines = 1'000'000;
     const FunctionArguments arguments(call, u"st");
     if (arguments.Error())
         return arguments.Error();
     OutputCapture capture;
     bool ran = false;
     capture.Run(CString(arguments.Text(0)), ran);
-    TextLines text;
-    if (!ran || !text.Open(capture.File()))
+    if (!ran)
         return static_cast<int>(GetLastError());
-    std::vector<CString> lines;
-    for (std::u16string_view line; lines.size() < mostLines && text.Next(line);)
-        lines.emplace_back(line);
-    const int code = FillArray(CString(arguments.Text(1)).Trim(), lines);
-    return code ? code : answer::Number(call, static_cast<std::int64_t>(lines.size()));
+    return AnswerLinesAsArray(call, capture.File(), CString(arguments.Text(1)).Trim());
+}
+
+// @filearray[file,name]: makes an array of the file's lines and gives their number.
+int Filearray_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"st");
+    if (arguments.Error())
+        return arguments.Error();
+    return AnswerLinesAsArray(call, FileArgument(arguments.Text(0)), CString(arguments.Text(1)).Trim());
 }

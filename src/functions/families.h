@@ -265,6 +265,7 @@ int Bread_Function(FunctionCall& call);
 int Bwrite_Function(FunctionCall& call);
 
 // array_functions.cpp
+int Filearray_Function(FunctionCall& call);
 int Arrayinfo_Function(FunctionCall& call);
 int Arrayize_Function(FunctionCall& call);
 int Execarray_Function(FunctionCall& call);

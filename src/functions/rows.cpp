@@ -117,7 +117,7 @@ constexpr VariableFunctionRow aVariableFunctions[] = {
     {u"field", Field_Function},
     {u"fields", Fields_Function},
     {u"fileage", Fileage_Function},
-    {u"filearray", nullptr},
+    {u"filearray", Filearray_Function},
     {u"fileclose", Fileclose_Function},
     {u"filedate", Filedate_Function},
     {u"filehandle", Filehandle_Function},
