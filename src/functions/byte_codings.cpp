@@ -48,7 +48,8 @@ CString FileName(View piece) { return CString(BareArgument(piece)).Trim(); }
 int ReadSource(const FunctionCall& call, bool filesOnly, Source& source)
 {
     std::vector<View> pieces = SplitFunctionArguments(call.arguments, call.syntax);
-    const bool said = pieces.size() > 1 && pieces.size() <= 3 && FileName(pieces.back()) == u"file";
+    const bool said =
+        pieces.size() > 1 && pieces.size() <= 3 && EqualNoCase(FileName(pieces.back()), u"file");
     source.text = call.arguments;
     source.isFile = said || filesOnly;
     if (!source.isFile)

@@ -34,6 +34,7 @@ int Word_Function(FunctionCall& call);
 int Words_Function(FunctionCall& call);
 int Field_Function(FunctionCall& call);
 int Fields_Function(FunctionCall& call);
+int Parse_Function(FunctionCall& call);
 
 // characters.cpp
 int Ascii_Function(FunctionCall& call);

@@ -12,6 +12,7 @@
 #include "files/file_digest.h"
 #include "functions/answers.h"
 #include "functions/arguments.h"
+#include "text/compare.h"
 #include "text/encoding.h"
 
 namespace {
@@ -36,9 +37,9 @@ int ReadSubject(const FunctionCall& call, Subject& subject)
     if (comma != View::npos) {
         const View text = call.arguments.substr(0, comma);
         const CString kind = CString(call.arguments.substr(comma + 1)).Trim();
-        if (kind == u"text")
+        if (EqualNoCase(kind, u"text"))
             subject.bytes = ToUtf8(text);
-        else if (kind == u"utf16")
+        else if (EqualNoCase(kind, u"utf16"))
             subject.bytes.emplace(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t));
     }
     subject.file = BareArgument(call.arguments);

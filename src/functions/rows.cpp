@@ -272,7 +272,7 @@ constexpr VariableFunctionRow aVariableFunctions[] = {
     {u"odbcquery", nullptr},
     {u"option", nullptr},
     {u"owner", Owner_Function},
-    {u"parse", nullptr},
+    {u"parse", Parse_Function},
     {u"path", Path_Function},
     {u"perl", nullptr},
     {u"pid", nullptr},

@@ -3,9 +3,12 @@
 
 #include <vector>
 
+#include "functions/answers.h"
 #include "functions/arguments.h"
 #include "functions/word_cutting.h"
+#include "text/compare.h"
 #include "text/format.h"
+#include "text/words.h"
 
 namespace {
 
@@ -69,3 +72,54 @@ int Words_Function(FunctionCall& call) { return AnswerCount(call, SplitWords); }
 // @field[text,n[,"separators"]], @fields[text[,"separators"]]
 int Field_Function(FunctionCall& call) { return AnswerPart(call, SplitFields); }
 int Fields_Function(FunctionCall& call) { return AnswerCount(call, SplitFields); }
+
+namespace {
+
+View Unquoted(View text)
+{
+    return text.size() > 1 && text.front() == u'"' && text.back() == u'"' ? text.substr(1, text.size() - 2)
+                                                                          : text;
+}
+
+// The value of the switch in the arguments: what follows its ":" or "=", "1" when nothing does, empty when it
+// is not there.
+View SwitchValue(View arguments, View wanted)
+{
+    for (Word at = NextBlankWord(arguments, 0); at.length > 0; at = NextBlankWord(arguments, at.end())) {
+        const View word = arguments.substr(at.start, at.length);
+        if (!BeginsNoCase(word, wanted))
+            continue;
+        const View rest = word.substr(wanted.size());
+        if (rest.empty())
+            return u"1";
+        if (rest[0] == u':' || rest[0] == u'=')
+            return Unquoted(rest.substr(1));
+    }
+    return {};
+}
+
+} // namespace
+
+// @parse[arguments,/name]: the value of a switch. @parse[arguments,n]: argument n that is no switch.
+int Parse_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"st");
+    if (arguments.Error())
+        return arguments.Error();
+    const View text = arguments.Text(0);
+    CString wanted(arguments.Text(1));
+    const char16_t switchChar = call.syntax.switchChar;
+    if (wanted.Trim().front() == switchChar)
+        return answer::Text(call, SwitchValue(text, wanted));
+    std::int64_t n = 0;
+    if (!ReadNumberArgument(wanted, n))
+        return answer::invalidNumber;
+    std::vector<View> plain;
+    for (Word at = NextBlankWord(text, 0); at.length > 0; at = NextBlankWord(text, at.end())) {
+        if (text[at.start] != switchChar)
+            plain.push_back(text.substr(at.start, at.length));
+    }
+    const auto count = static_cast<std::int64_t>(plain.size());
+    n = n < 0 ? n + count : n;
+    return answer::Text(call, n >= 0 && n < count ? Unquoted(plain[static_cast<std::size_t>(n)]) : View());
+}
