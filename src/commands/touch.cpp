@@ -9,6 +9,7 @@
 #include "engine/state.h"
 #include "files/dates.h"
 #include "lang/messages.h"
+#include "platform/clock.h"
 #include "platform/file_changes.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"
@@ -60,7 +61,7 @@ struct TimeChange {
         LocalFileTimes times;
         const std::uint64_t local = times.Convert(before);
         const std::uint64_t dayPart = day.value_or(local - local % ticksPerDay);
-        return FromLocalFileTime(dayPart + time.value_or(local % ticksPerDay));
+        return UniversalFileTime(dayPart + time.value_or(local % ticksPerDay));
     }
 };
 

@@ -65,14 +65,6 @@ std::uint64_t LocalFileTimes::Convert(std::uint64_t fileTime)
     return fileTime + static_cast<std::uint64_t>(difference);
 }
 
-std::uint64_t FromLocalFileTime(std::uint64_t localTime)
-{
-    // The difference is that of the time looked for, which is known only roughly until it is found.
-    std::uint64_t time = localTime - static_cast<std::uint64_t>(LocalDifference(localTime));
-    time = localTime - static_cast<std::uint64_t>(LocalDifference(time));
-    return time;
-}
-
 CString FileOwner(std::u16string_view name)
 {
     CString path = SystemPath(name);

@@ -31,9 +31,6 @@ private:
     std::int64_t difference = 0;
 };
 
-// The other way round, by the rules of that very day.
-std::uint64_t FromLocalFileTime(std::uint64_t localTime);
-
 // "DOMAIN\name"; "" when it may not be asked or is not known.
 CString FileOwner(std::u16string_view name);
 
