@@ -40,7 +40,7 @@ def for_lines(folder):
 
 def append_lines(folder):
     """One line appended to a file 5,000 times"""
-    lines = ["@echo off", "del out.txt 2>nul", "for /l %%i in (1,1,5000) do echo line %%i>>out.txt"]
+    lines = ["@echo off", "echo first>out.txt", "for /l %%i in (1,1,5000) do echo line %%i>>out.txt"]
     return batch_jobs(folder, "append", lines), 5000
 
 

@@ -32,5 +32,22 @@ target_link_libraries(movacore_mpfr INTERFACE movacore_gmp)
 # Checksums.
 movacore_pkg_config_library(nettle nettle)
 
+# Archives; only the engine uses them.
+if(WIN32)
+  find_package(ZLIB REQUIRED)
+  find_package(LibArchive REQUIRED)
+  movacore_library(archive LibArchive::LibArchive)
+  target_link_libraries(movacore_archive INTERFACE ZLIB::ZLIB)
+  if(MINGW)
+    target_compile_definitions(movacore_archive INTERFACE LIBARCHIVE_STATIC)
+    # Its random numbers come from advapi32, which must not be loaded with the shell.
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/advapi32_late.def)
+    set(movacoreLateLibrary ${PROJECT_BINARY_DIR}/libadvapi32_late.a)
+    execute_process(COMMAND ${CMAKE_DLLTOOL} -d ${PROJECT_SOURCE_DIR}/cmake/advapi32_late.def -y ${movacoreLateLibrary}
+                    COMMAND_ERROR_IS_FATAL ANY)
+    target_link_libraries(movacore_archive INTERFACE ${movacoreLateLibrary} delayimp)
+  endif()
+endif()
+
 # Only the tests need it.
 find_package(GTest QUIET)

@@ -29,7 +29,8 @@ if(movacoreSources)
   add_library(movacore_objects OBJECT ${movacoreSources})
   target_compile_definitions(movacore_objects PRIVATE MOVACORE_BUILD)
   target_link_libraries(movacore_objects PUBLIC
-    movacore_options movacore::onig movacore::mpfr movacore::gmp movacore::nettle ${movacoreSystemLibraries})
+    movacore_options movacore::onig movacore::mpfr movacore::gmp movacore::nettle movacore::archive
+    ${movacoreSystemLibraries})
 
   add_library(movacore SHARED)
   set_target_properties(movacore PROPERTIES OUTPUT_NAME Movacore PREFIX "")

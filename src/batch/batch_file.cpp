@@ -4,6 +4,7 @@
 
 #include "batch/packed_text.h"
 #include "batch/reader.h"
+#include "batch/zipped_text.h"
 #include "engine/batch_entry.h"
 #include "engine/console_entry.h"
 #include "engine/output.h"
@@ -73,26 +74,27 @@ bool ReadWhole(HANDLE file, std::vector<char>& bytes)
     return true;
 }
 
-bool IsZip(const std::vector<char>& bytes)
+// Reports what is wrong with a packed text.
+bool UnpackInPlace(BATCH_FRAME& frame, std::vector<char>& bytes)
 {
-    return std::string_view(bytes.data(), bytes.size()).starts_with("PK\x03\x04");
-}
-
-// 0, or the code to report.
-unsigned UnpackInPlace(BATCH_FRAME& frame, std::vector<char>& bytes)
-{
-    if (IsZip(bytes))
-        return ERROR_NOT_SUPPORTED;
-    const UnpackResult unpacked = UnpackText({bytes.data(), bytes.size()}, bytes);
-    if (unpacked == UnpackResult::NotPacked)
-        return 0;
-    if (unpacked != UnpackResult::Done)
-        return errors::packedFileCheck;
+    const std::string_view file(bytes.data(), bytes.size());
+    if (IsZippedText(file)) {
+        if (!ZipUncompressBTM(file, frame.fileName, bytes))
+            return false;
+    } else {
+        const UnpackResult unpacked = UnpackText(file, bytes);
+        if (unpacked == UnpackResult::NotPacked)
+            return true;
+        if (unpacked != UnpackResult::Done) {
+            MVError(errors::packedFileCheck, frame.fileName);
+            return false;
+        }
+    }
     // What the packed bytes looked like says nothing about the text.
     frame.flags = (frame.flags & ~(frame_flags::utf16 | frame_flags::utf8)) | frame_flags::packed;
     frame.readOffset = 0;
-    ApplyEncoding(frame, RecogniseTextFile({bytes.data(), bytes.size()}));
-    return 0;
+    ApplyEncoding(frame, RecogniseEncoding({bytes.data(), bytes.size()}));
+    return true;
 }
 
 void AppendCtrlZ(const BATCH_FRAME& frame, std::vector<char>& bytes)
@@ -153,10 +155,12 @@ int LoadBatchIntoMemory()
         return result::success;
     auto bytes = std::make_shared<std::vector<char>>();
     const bool read = ReadWhole(OsHandle(frame.file), *bytes);
-    const unsigned code = read ? UnpackInPlace(frame, *bytes) : GetLastError();
+    const unsigned reason = GetLastError();
     CloseFrameFile(frame);
-    if (code != 0)
-        return MVError(code, frame.fileName);
+    if (!read)
+        return MVError(reason, frame.fileName);
+    if (!UnpackInPlace(frame, *bytes))
+        return result::error;
     AppendCtrlZ(frame, *bytes);
     frame.memoryText = std::move(bytes);
     frame.file = batchFileInMemory;

@@ -51,13 +51,13 @@ std::vector<CString> QueriedEntries(const DefinitionStore& store, std::u16string
     CString entry;
     if (store.Find(name, MatchFor(name, NameMatch::Abbreviated), entry) && !byPrefix)
         return {entry};
-    if (HasNamePattern(name) && entry.empty())
-        return MatchingEntries(store, name);
     std::vector<CString> entries;
-    if (byPrefix) {
+    if (byPrefix) { // before the pattern: "set list[" is how scripts go through what they call an array
         entries = store.Entries();
         std::erase_if(entries, [&](const CString& each) { return !BeginsNoCase(EntryName(each), name); });
     }
+    if (HasNamePattern(name) && entries.empty() && entry.empty())
+        return MatchingEntries(store, name);
     if (entries.empty() && !entry.empty())
         entries.push_back(entry); // an array element, which no listing holds
     return entries;

@@ -10,6 +10,7 @@
 #include "commands/alias.h"
 #include "commands/attrib.h"
 #include "commands/batch_control.h"
+#include "commands/batcomp.h"
 #include "commands/beep.h"
 #include "commands/break.h"
 #include "commands/chcp.h"
@@ -77,7 +78,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"ASSOC", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
     {u"ASSOCIATE", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"ATTRIB", Attrib_Command, 0x82127, 1, u"", &attribHelp},
-    {u"BATCOMP", Unbuilt_Command, 0x2107, 1, u"btm cmd bat dirs", &unbuiltHelp},
+    {u"BATCOMP", Batcomp_Command, 0x2107, 1, u"btm cmd bat dirs", &batcompHelp},
     {u"BDEBUGGER", Unbuilt_Command, 0x2007, 1, u"btm cmd bat dirs", &unbuiltHelp},
     {u"BEEP", Beep_Command, 0x2007, 1, u"", &beepHelp},
     {u"BREAK", Break_Command, 0x202007, 1, u"", &breakHelp},

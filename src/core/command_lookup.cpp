@@ -1,6 +1,7 @@
 #include "core/command_lookup.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 #include "core/path_search.h"
@@ -36,10 +37,42 @@ CommandState& StateOf(const BUILTIN& row)
     return States()[static_cast<std::size_t>(&row - aInternalCommands)];
 }
 
+// Where the names of each first letter begin in the table; names of other first characters are few and stand
+// in front of "A" or behind "Z".
+int FirstRowFrom(char16_t letter)
+{
+    static const auto firstRows = [] {
+        std::array<int, 27> rows{};
+        for (int i = 0, at = 0; i < static_cast<int>(rows.size()); ++i) {
+            while (at < nInternalCommands && UpperCase(aInternalCommands[at].name[0]) < u'A' + i)
+                ++at;
+            rows[static_cast<std::size_t>(i)] = at;
+        }
+        return rows;
+    }();
+    return firstRows[static_cast<std::size_t>(letter - u'A')];
+}
+
+int FindCommandRow(std::u16string_view name)
+{
+    const char16_t letter = name.empty() ? u'\0' : UpperCase(name[0]);
+    if (letter < u'A' || letter > u'Z')
+        return FindRow(aInternalCommands, nInternalCommands, name);
+    const int first = FirstRowFrom(letter);
+    const int found =
+        FindRow(aInternalCommands + first, FirstRowFrom(static_cast<char16_t>(letter + 1)) - first, name);
+    return found < 0 ? found : first + found;
+}
+
 bool EndsName(char16_t unit, const Syntax& syntax)
 {
-    return unit == syntax.commandSep || unit == syntax.switchChar ||
-           std::u16string_view(u" \t\n:;,.\"`\\+=<>|&()").find(unit) != npos;
+    static constexpr auto ends = [] {
+        std::array<bool, 128> marks{};
+        for (const char16_t mark : std::u16string_view(u" \t\n:;,.\"`\\+=<>|&()"))
+            marks[mark] = true;
+        return marks;
+    }();
+    return unit == syntax.commandSep || unit == syntax.switchChar || (unit < ends.size() && ends[unit]);
 }
 
 // A first word that is the whole line and names an existing program file is that program.
@@ -53,7 +86,7 @@ bool IsProgramFile(std::u16string_view line)
 
 CommandState* FindState(std::u16string_view name)
 {
-    const int index = FindRow(aInternalCommands, nInternalCommands, name);
+    const int index = FindCommandRow(name);
     return index < 0 ? nullptr : &States()[static_cast<std::size_t>(index)];
 }
 
@@ -77,7 +110,7 @@ int FindInternalCommand(std::u16string_view line, bool includeDisabled, const BU
     const Syntax syntax = CurrentSyntax();
     const std::size_t start = std::min(line.find_first_not_of(u" \t"), line.size());
     const std::u16string_view name = ReadName(line, start, syntax);
-    const int index = name.empty() ? -1 : FindRow(aInternalCommands, nInternalCommands, name);
+    const int index = name.empty() ? -1 : FindCommandRow(name);
     if (index < 0)
         return -1;
     const BUILTIN& found = aInternalCommands[index];

@@ -171,7 +171,12 @@ bool SearchPaths(std::u16string_view name, FoundProgram& found, SearchKind kind)
     if (HasWildcards(name))
         return false;
     FileSystem files;
-    found.file = SearchInOrder(name, UsualPlaces(kind), files);
+    // A file that is named with its folder and extension is found without a look at the settings.
+    const CString named = WithoutQuotes(name);
+    const CString full =
+        HasDirectory(named) && !ExtensionPart(named).empty() ? files.FullName(named) : CString();
+    const bool asNamed = !full.empty() && files.IsFile(full);
+    found.file = asNamed ? full : SearchInOrder(name, UsualPlaces(kind), files);
     if (found.file.empty() && !HasDirectory(WithoutQuotes(name)))
         found.file = SearchInOrder(name, ScriptPlaces(), files);
     if (!found.file.empty())

@@ -14,7 +14,17 @@ BATCH_FRAME::BATCH_FRAME(BATCH_FRAME&&) noexcept = default;
 BATCH_FRAME& BATCH_FRAME::operator=(BATCH_FRAME&&) noexcept = default;
 BATCH_FRAME::~BATCH_FRAME() = default;
 
-bool BATCH_FRAME::EndsInCmd() const { return EndsNoCase(fileName, u".cmd") || EndsNoCase(fileName, u".bat"); }
+// Asked several times for every command: the last unit tells most names apart.
+bool BATCH_FRAME::EndsInCmd() const
+{
+    switch (fileName.back()) {
+    case u'd':
+    case u'D': return EndsNoCase(fileName, u".cmd");
+    case u't':
+    case u'T': return EndsNoCase(fileName, u".bat");
+    default: return false;
+    }
+}
 
 namespace {
 

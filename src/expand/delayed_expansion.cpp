@@ -35,6 +35,15 @@ DelayedReference Read(std::u16string_view text, std::size_t at, const Syntax& sy
     return {at, end + 1 - at, text.substr(at + 1, end - at - 1)};
 }
 
+// Whether the first unit of the text is there only to make the "!" behind it an ordinary character.
+bool EscapesSign(std::u16string_view text, bool inQuotes, const Syntax& syntax)
+{
+    if (!syntax.openQuotes || !syntax.escapes || text.front() != syntax.escapeChar)
+        return false;
+    const std::size_t sign = inQuotes ? 1 : 2;
+    return text.size() > sign && text[sign] == u'!' && text[sign - 1] == syntax.escapeChar;
+}
+
 } // namespace
 
 DelayedReference FindDelayedReference(std::u16string_view text, std::size_t from, bool& inQuotes,
@@ -42,6 +51,8 @@ DelayedReference FindDelayedReference(std::u16string_view text, std::size_t from
 {
     for (std::size_t at = from; at < text.size(); ++at) {
         const char16_t unit = text[at];
+        if (EscapesSign(text.substr(at), inQuotes, syntax))
+            return {at, 1, {}};
         if (unit == u'!') {
             if (const DelayedReference found = Read(text, at, syntax); found.length != 0)
                 return found;

@@ -202,6 +202,8 @@ int Expander::ExpandNested(CString& text, bool quoted)
 int Expander::RunDelayed()
 {
     bool quoted = false;
+    if (topLevel && line.Rest().starts_with(u'('))
+        PassQuoted(u'(');
     for (;;) {
         const View rest = line.Rest();
         const DelayedReference found = FindDelayedReference(rest, 0, quoted, settings.syntax);
@@ -209,7 +211,16 @@ int Expander::RunDelayed()
             return Keep(rest.size());
         const CString name(found.name);
         line.Keep(found.start);
-        if (const int code = InsertDelayed(name, found.length))
+        if (name.empty()) {
+            line.Drop(found.length);
+            changed = true;
+            const std::size_t protectedUnits = quoted ? 1 : 2;
+            line.Keep(protectedUnits);
+            continue;
+        }
+        const int code = settings.syntax.openQuotes ? InsertDelayedText(name, found.length, quoted)
+                                                    : InsertDelayed(name, found.length);
+        if (code != 0)
             return code;
     }
 }
@@ -241,6 +252,32 @@ int Expander::InsertDelayed(View reference, std::size_t length)
                 return code;
         }
         line.Add(value);
+    }
+    return line.Length() > longestExpansion ? Fail(errors::lineTooLong, Shown(line.Done())) : 0;
+}
+
+// In .bat and .cmd files what such a reference brings is text and nothing else: that is what authors use it
+// for. Signs that would part commands, redirect or name a variable are escaped where quotes do not protect
+// them.
+int Expander::InsertDelayedText(View reference, std::size_t length, bool& quoted)
+{
+    CString name(reference);
+    if (const int code = ExpandNested(name, quoted))
+        return code;
+    CString value(u"%");
+    value.Append(name).Append(u"%");
+    if (const int code = ExpandNested(value, quoted))
+        return code;
+    line.Drop(length);
+    changed = true;
+    const char16_t escape = settings.syntax.escapeChar;
+    for (const char16_t& unit : value.view()) {
+        quoted = quoted != (unit == u'"');
+        if (unit == u'%')
+            line.Add(u"%");
+        else if (!quoted && (unit == escape || View(u"&|<>").find(unit) != View::npos))
+            line.Add(View(&escape, 1));
+        line.Add(View(&unit, 1));
     }
     return line.Length() > longestExpansion ? Fail(errors::lineTooLong, Shown(line.Done())) : 0;
 }

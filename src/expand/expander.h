@@ -64,6 +64,7 @@ private:
 
     int CallFunction(View name, View arguments, std::size_t length, View shown);
     int InsertDelayed(View reference, std::size_t length);
+    int InsertDelayedText(View reference, std::size_t length, bool& quoted);
     int Insert(View value, std::size_t length, Scan scan);
     int InsertValue(View value, std::size_t length); // scanned again unless the mask says otherwise
     int Keep(std::size_t units);

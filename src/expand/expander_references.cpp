@@ -207,7 +207,10 @@ bool Expander::ReadParameters(int& code)
     const ParameterReference found = ReadParameter(text, current, settings.syntax);
     if (found.length == 0)
         return false;
-    code = InsertValue(found.value, 1 + found.length);
+    // A subroutine may have named the rest of its own arguments so.
+    CString rest;
+    const bool ofSubroutine = first == u'*' && !parameters && world.SubroutineParameter(u"*", rest);
+    code = InsertValue(ofSubroutine ? rest.view() : View(found.value), 1 + found.length);
     return true;
 }
 

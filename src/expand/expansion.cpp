@@ -41,6 +41,7 @@ int ExpandWith(CString& line, const ExpansionSettings& settings, ExpansionWorld&
 {
     if (settings.delayedExpansion && line.Find(u'!') != npos) {
         Expander delayed(line, world, settings);
+        delayed.topLevel = !nested;
         delayed.parameters = parameters;
         const int code = delayed.RunDelayed();
         if (delayed.Changed())

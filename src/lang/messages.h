@@ -75,6 +75,10 @@ constexpr unsigned noGlobalLists = 0x20000097;       // 3151
 constexpr unsigned nothingKept = 0x20000098;         // 3152
 constexpr unsigned invalidKey = 0x20000099;          // 3153
 constexpr unsigned iniProtected = 0x2000026C;        // 3620
+constexpr unsigned zippedFile = 0x200002A8;          // 3680
+constexpr unsigned alreadyPacked = 0x200002A9;       // 3681
+constexpr unsigned textTooLong = 0x200002AA;         // 3682
+constexpr unsigned onlyMemoryRuns = 0x200002AB;      // 3683
 constexpr unsigned unknownUnit = 0x200002D0;         // 3720
 constexpr unsigned unknownFileTime = 0x200002D1;     // 3721
 constexpr unsigned unknownAttribute = 0x200002D2;    // 3722
@@ -175,4 +179,5 @@ constexpr unsigned timerStopped = 3642;
 constexpr unsigned timerSplit = 3643;
 constexpr unsigned breakState = 3644;
 constexpr unsigned checksumRight = 3715;
+constexpr unsigned packedInto = 3685;
 } // namespace message

@@ -1,6 +1,8 @@
 #include "text/cstring.h"
 
 #include <algorithm>
+#include <array>
+#include <atomic>
 #include <cstring>
 #include <new>
 
@@ -14,11 +16,74 @@ void CopyUnits(char16_t* to, std::u16string_view from) noexcept
         std::memcpy(to, from.data(), from.size() * sizeof(char16_t));
 }
 
+// Blocks of the commonest sizes, kept for the next text instead of being given back: a line of a script makes
+// and drops dozens of short texts, and the heap was a fifth of what it cost. Threads share the stock.
+class Stock {
+public:
+    // Null when there is none.
+    void* Take() noexcept
+    {
+        const Holder holder(busy);
+        return count > 0 ? kept[--count] : nullptr;
+    }
+
+    bool Keep(void* block) noexcept
+    {
+        const Holder holder(busy);
+        if (count == kept.size())
+            return false;
+        kept[count++] = block;
+        return true;
+    }
+
+private:
+    struct Holder {
+        explicit Holder(std::atomic_flag& of) noexcept : flag(of)
+        {
+            while (flag.test_and_set(std::memory_order_acquire)) {
+            }
+        }
+        ~Holder() { flag.clear(std::memory_order_release); }
+        std::atomic_flag& flag;
+    };
+
+    std::atomic_flag busy;
+    std::size_t count = 0;
+    std::array<void*, 128> kept{};
+};
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr std::array<std::size_t, 0> stockedCapacities{}; // the sanitizer watches blocks that are given back
+#else
+constexpr std::array<std::size_t, 2> stockedCapacities{smallestCapacity, 63};
+#endif
+
+constinit std::array<Stock, stockedCapacities.size()> stocks;
+
+std::size_t RoundedCapacity(std::size_t capacity) noexcept
+{
+    const auto found = std::lower_bound(stockedCapacities.begin(), stockedCapacities.end(), capacity);
+    return found == stockedCapacities.end() ? capacity : *found;
+}
+
+// Null when blocks of that capacity are not kept.
+Stock* StockOf(std::size_t capacity) noexcept
+{
+    for (std::size_t i = 0; i < stocks.size(); ++i)
+        if (stockedCapacities[i] == capacity)
+            return &stocks[i];
+    return nullptr;
+}
+
 } // namespace
 
 CString::Block* CString::Allocate(std::size_t capacity)
 {
-    void* memory = ::operator new(sizeof(Block) + (capacity + 1) * sizeof(char16_t));
+    capacity = RoundedCapacity(capacity);
+    Stock* stock = StockOf(capacity);
+    void* memory = stock ? stock->Take() : nullptr;
+    if (!memory)
+        memory = ::operator new(sizeof(Block) + (capacity + 1) * sizeof(char16_t));
     return new (memory) Block{{1}, 0, capacity};
 }
 
@@ -33,8 +98,11 @@ CString::Block* CString::Copy(std::u16string_view text, std::size_t capacity)
 
 void CString::Release() noexcept
 {
-    if (block && block->owners.fetch_sub(1, std::memory_order_acq_rel) == 1)
-        ::operator delete(block);
+    if (block && block->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+        Stock* stock = StockOf(block->capacity);
+        if (!stock || !stock->Keep(block))
+            ::operator delete(block);
+    }
     block = nullptr;
 }
 

@@ -45,6 +45,20 @@ TEST(PackedText, BothForms)
     EXPECT_EQ(Unpacked(Word(0xEBBE) + Word(1) + Word(5) + ScrambledTable() + stream), streamText);
 }
 
+TEST(PackedText, PackingRoundTrips)
+{
+    for (std::size_t length = 0; length < 300; ++length) {
+        std::string text;
+        for (std::size_t i = 0; i < length; ++i)
+            text.push_back(static_cast<char>(i % 7 == 0 ? i * 31 : 'a' + i % 20));
+        // Multiples of 17 below 256 would read as keyed.
+        const bool keyedLength = length < 256 && length % 17 == 0;
+        EXPECT_EQ(Unpacked(PackText(text, TableForm::Plain, "\n")), text + (keyedLength ? "\n" : ""))
+            << length;
+        EXPECT_EQ(Unpacked(PackText(text, TableForm::Scrambled, "\n")), text) << length;
+    }
+}
+
 TEST(PackedText, LengthDecidesWhereTheTextEnds)
 {
     EXPECT_EQ(Unpacked(Word(0xBEEB) + Word(3) + Table() + stream), "ANO");

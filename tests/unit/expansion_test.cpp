@@ -498,6 +498,10 @@ TEST(Expansion, DelayedReferences)
     world.settings.syntax.openQuotes = true;
     Check(world, {u"!list[1]! !list[%n%]!.", u"first ."});
     Check(world, {u"!a.b! !my var!", u"dotted spaced"});
+    // In scripts of the older kind values are text, and "!" is escaped outside and inside of quotes.
+    world.environment[u"signs"] = u"a&b <c> \"d|e\" ^f";
+    Check(world, {u"echo !signs!&x", u"echo a^&b ^<c^> \"d|e\" ^^f&x"});
+    Check(world, {u"^^!a^^! \"^!a^! !a!\"", u"^!a^! \"!a! one\""});
 }
 
 TEST(Expansion, PseudoVariables)
