@@ -3,13 +3,6 @@
 
 #include <string_view>
 
-#include "text/cstring.h"
-
-enum class LinkKind { None, Junction, SymbolicLink, Other };
-
-struct LinkTarget {
-    LinkKind kind = LinkKind::None; // None: an ordinary file, or nothing of that name
-    CString target;                 // relative for links that are; "" for other reparse points
-};
+#include "text/link_record.h"
 
 LinkTarget ReadLinkTarget(std::u16string_view name);

@@ -3,6 +3,7 @@
 
 #include "text/content_kind.h"
 #include "text/encoding.h"
+#include "text/link_record.h"
 #include "text/size_units.h"
 #include "text/wsl_names.h"
 
@@ -39,4 +40,16 @@ TEST(ContentKind, TellsTextsFromTheRest)
     };
     for (const auto& [bytes, kind] : rows)
         EXPECT_EQ(ContentKind(bytes), kind) << testing::PrintToString(bytes);
+}
+
+TEST(LinkRecord, NameForPeopleElseForTheSystem)
+{
+    const std::string junction = "\x03\0\0\xA0\0\0\0\0\0\0\x0E\0\x10\0\0\0\\\0?\0?\0\\\0c\0:\0\\\0\0\0"s;
+    EXPECT_EQ(ReadLinkRecord(junction).kind, LinkKind::Junction);
+    EXPECT_EQ(ToUtf8(ReadLinkRecord(junction).target), "c:\\");
+    const std::string link = "\x0C\0\0\xA0\0\0\0\0\x04\0\x04\0\0\0\x04\0\x01\0\0\0a\0b\0x\0y\0"s;
+    EXPECT_EQ(ReadLinkRecord(link).kind, LinkKind::SymbolicLink);
+    EXPECT_EQ(ToUtf8(ReadLinkRecord(link).target), "ab");
+    EXPECT_EQ(ToUtf8(ReadLinkRecord(link.substr(0, 22)).target), "");
+    EXPECT_EQ(ReadLinkRecord(link.substr(0, 12)).kind, LinkKind::Other);
 }
