@@ -3,8 +3,6 @@
 
 #include <vector>
 
-#include <windows.h>
-
 #include "core/output_capture.h"
 #include "expand/lists.h"
 #include "files/text_lines.h"
@@ -37,7 +35,7 @@ int AnswerLinesAsArray(FunctionCall& call, std::u16string_view file, const CStri
     constexpr std::size_t mostLines = 1'000'000;
     TextLines text;
     if (!text.Open(file))
-        return static_cast<int>(GetLastError());
+        return SystemError();
     std::vector<CString> lines;
     for (std::u16string_view line; lines.size() < mostLines && text.Next(line);)
         lines.emplace_back(line);
@@ -85,7 +83,7 @@ int Execarray_Function(FunctionCall& call)
     bool ran = false;
     capture.Run(CString(arguments.Text(0)), ran);
     if (!ran)
-        return static_cast<int>(GetLastError());
+        return SystemError();
     return AnswerLinesAsArray(call, capture.File(), CString(arguments.Text(1)).Trim());
 }
 

@@ -15,6 +15,7 @@
 #include "files/file_digest.h"
 #include "functions/answers.h"
 #include "functions/arguments.h"
+#include "functions/file_answers.h"
 #include "platform/byte_files.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"
@@ -30,12 +31,6 @@ constexpr std::int64_t largestBuffer = std::int64_t{64} << 20;
 constexpr int noBuffer = static_cast<int>(errors::noBuffer);
 constexpr int outside = static_cast<int>(errors::outsideBuffer);
 constexpr int unknownChoice = static_cast<int>(errors::unknownChoice);
-
-int SystemError()
-{
-    const DWORD code = GetLastError();
-    return static_cast<int>(code != 0 ? code : ERROR_READ_FAULT);
-}
 
 // Buffer n is at n - 1.
 std::vector<std::optional<std::string>>& Buffers()
@@ -97,8 +92,6 @@ std::optional<bool> IsUtf16(const FunctionArguments& arguments, std::size_t n)
         return true;
     return name.empty() || EqualNoCase(name, u"utf8") ? std::optional(false) : std::nullopt;
 }
-
-CString FileArgument(const FunctionArguments& arguments) { return CString(arguments.Text(2)).Trim(); }
 
 // Writes into a file that may exist, at its end when `place` is negative. 0 or the error.
 int WriteAt(const CString& name, std::int64_t place, std::string_view bytes)
@@ -227,7 +220,7 @@ int Bread_Function(FunctionCall& call)
     if (place.error || place.arguments.Number(4) < 0)
         return place.error ? place.error : answer::invalidNumber;
     InputFile file;
-    if (!file.Open(FileArgument(place.arguments)) ||
+    if (!file.Open(FileArgument(place.arguments.Text(2))) ||
         !file.Seek(static_cast<std::uint64_t>(place.arguments.Number(4))))
         return SystemError();
     const std::size_t wanted = place.Length(3);
@@ -247,7 +240,7 @@ int Bwrite_Function(FunctionCall& call)
     if (place.error || place.arguments.Number(4) < -1)
         return place.error ? place.error : answer::invalidNumber;
     const std::string_view bytes = std::string_view(*place.buffer).substr(place.offset, place.Length(3));
-    const CString name = FileArgument(place.arguments);
+    const CString name = FileArgument(place.arguments.Text(2));
     int code = 0;
     if (place.arguments.Has(4)) {
         code = WriteAt(name, place.arguments.Number(4), bytes);

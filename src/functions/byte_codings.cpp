@@ -9,14 +9,13 @@
 #include <string>
 #include <vector>
 
-#include <windows.h>
-
 #include "engine/break.h"
 #include "expand/expansion.h"
 #include "files/byte_coding.h"
 #include "files/text_reader.h"
 #include "functions/answers.h"
 #include "functions/arguments.h"
+#include "functions/file_answers.h"
 #include "platform/byte_files.h"
 #include "text/compare.h"
 #include "text/encoding.h"
@@ -29,12 +28,6 @@ using Sink = std::function<bool(std::string_view bytes)>;
 
 constexpr int malformed = static_cast<int>(errors::malformedText);
 
-int SystemError()
-{
-    const DWORD code = GetLastError();
-    return static_cast<int>(code != 0 ? code : ERROR_READ_FAULT);
-}
-
 struct Source {
     bool isFile = false;
     View text;      // when it is none
@@ -42,22 +35,20 @@ struct Source {
     CString target; // empty: the answer is wanted
 };
 
-CString FileName(View piece) { return CString(BareArgument(piece)).Trim(); }
-
 // 0, or the error when names are missing.
 int ReadSource(const FunctionCall& call, bool filesOnly, Source& source)
 {
     std::vector<View> pieces = SplitFunctionArguments(call.arguments, call.syntax);
     const bool said =
-        pieces.size() > 1 && pieces.size() <= 3 && EqualNoCase(FileName(pieces.back()), u"file");
+        pieces.size() > 1 && pieces.size() <= 3 && EqualNoCase(FileArgument(pieces.back()), u"file");
     source.text = call.arguments;
     source.isFile = said || filesOnly;
     if (!source.isFile)
         return 0;
     if (said)
         pieces.pop_back();
-    source.name = FileName(pieces[0]);
-    source.target = pieces.size() > 1 ? FileName(pieces[1]) : CString();
+    source.name = FileArgument(pieces[0]);
+    source.target = pieces.size() > 1 ? FileArgument(pieces[1]) : CString();
     const bool enough = !source.name.empty() && (said || !source.target.empty()) && pieces.size() <= 2;
     return enough ? 0 : answer::missingArgument;
 }
@@ -98,7 +89,6 @@ int Deliver(FunctionCall& call, const Source& source, const std::function<int(co
         const int code = run([&](std::string_view more) {
             fits = bytes.size() + more.size() <= longestExpansion;
             bytes.append(fits ? more : std::string_view());
-            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
             return fits;
         });
         if (code != 0)

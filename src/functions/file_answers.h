@@ -15,3 +15,6 @@ CString FileArgument(std::u16string_view piece);
 
 // The codes of lang/messages.h as functions answer them.
 inline int Refuse(unsigned code) { return static_cast<int>(code); }
+
+// The thread's last error, for what the system refused; never 0, which would mean success.
+int SystemError();

@@ -6,24 +6,17 @@
 
 #include <optional>
 
-#include <windows.h>
-
 #include "files/crc32.h"
 #include "files/file_digest.h"
 #include "functions/answers.h"
 #include "functions/arguments.h"
+#include "functions/file_answers.h"
 #include "text/compare.h"
 #include "text/encoding.h"
 
 namespace {
 
 using View = std::u16string_view;
-
-int SystemError()
-{
-    const DWORD code = GetLastError();
-    return static_cast<int>(code != 0 ? code : ERROR_READ_FAULT);
-}
 
 struct Subject {
     CString file;
@@ -42,8 +35,7 @@ int ReadSubject(const FunctionCall& call, Subject& subject)
         else if (EqualNoCase(kind, u"utf16"))
             subject.bytes.emplace(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t));
     }
-    subject.file = BareArgument(call.arguments);
-    subject.file.Trim();
+    subject.file = FileArgument(call.arguments);
     return subject.bytes || !subject.file.empty() ? 0 : answer::missingArgument;
 }
 

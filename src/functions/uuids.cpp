@@ -1,9 +1,8 @@
 #include "functions/families.h"
 
-#include <windows.h>
-
 #include "functions/answers.h"
 #include "functions/arguments.h"
+#include "functions/file_answers.h"
 #include "functions/new_uuid.h"
 
 // @uuid[[version]]: a new UUID; version 4 is random, 1 and 7 begin with the time.
@@ -14,7 +13,6 @@ int Uuid_Function(FunctionCall& call)
         return answer::invalidNumber;
     const auto uuid = NewUuid(version);
     if (!uuid)
-        return version == 1 || version == 4 || version == 7 ? static_cast<int>(GetLastError())
-                                                            : answer::invalidNumber;
+        return version == 1 || version == 4 || version == 7 ? SystemError() : answer::invalidNumber;
     return answer::Text(call, FormatUuid(*uuid));
 }
