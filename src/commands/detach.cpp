@@ -7,6 +7,7 @@
 #include "core/command_lookup.h"
 #include "core/command_switches.h"
 #include "core/executable_type.h"
+#include "core/jobs.h"
 #include "core/path_search.h"
 #include "core/program_start.h"
 #include "core/redirection_parser.h"
@@ -104,6 +105,7 @@ int Detach_Command(CString& arguments)
     if (const unsigned code = child.Start(start); code != 0)
         return MVError(code, start.program);
     Tls().detachedProcess = child.Id();
+    NoteJob(child, command);
     PrintLine(LoadMessage(message::processId, Format(u"%u", child.Id())));
     return result::success;
 }

@@ -14,6 +14,7 @@
 #include "commands/beep.h"
 #include "commands/break.h"
 #include "commands/chcp.h"
+#include "commands/chronic.h"
 #include "commands/cls.h"
 #include "commands/color.h"
 #include "commands/commands_list.h"
@@ -26,6 +27,7 @@
 #include "commands/do.h"
 #include "commands/echo.h"
 #include "commands/eset.h"
+#include "commands/exec.h"
 #include "commands/exit.h"
 #include "commands/expr.h"
 #include "commands/for.h"
@@ -36,6 +38,7 @@
 #include "commands/history.h"
 #include "commands/if.h"
 #include "commands/inkey.h"
+#include "commands/jobs.h"
 #include "commands/local.h"
 #include "commands/log.h"
 #include "commands/make_directory.h"
@@ -95,7 +98,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"CDD", Cdd_Command, 0x486307, 1, u"dirs", &cddHelp},
     {u"CHCP", Chcp_Command, 0x2107, 1, u"", &chcpHelp},
     {u"CHDIR", Cd_Command, 0x686307, 1, u"dirs", &cdHelp},
-    {u"CHRONIC", Unbuilt_Command, 0x1002107, 1, u"", &unbuiltHelp},
+    {u"CHRONIC", Chronic_Command, 0x3002107, 1, u"", &chronicHelp},
     {u"CLIP", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"CLIPMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"CLS", Cls_Command, 0x202007, 1, u"", &clsHelp},
@@ -145,7 +148,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"EVENTMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"EVERYTHING", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"EXCEPT", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
-    {u"EXEC", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"EXEC", Exec_Command, 0x2107, 1, u"", &execHelp},
     {u"EXIT", Exit_Command, 0x202007, 1, u"", &exitHelp},
     {u"EXPR", Expr_Command, 0x2107, 1, u"", &exprHelp},
     {u"FALSE", False_Command, 0x400100, 1, u"", &falseHelp},
@@ -178,7 +181,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"JABBER", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"JAR", Unbuilt_Command, 0x82007, 1, u"[1] jar dirs [2*] *", &unbuiltHelp},
     {u"JOBMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
-    {u"JOBS", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"JOBS", Jobs_Command, 0x2007, 1, u"", &jobsHelp},
     {u"JOINDOMAIN", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"JUMPLIST", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"KEYBD", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},

@@ -7,6 +7,7 @@
 #include "commands/start_switches.h"
 #include "core/command_lookup.h"
 #include "core/executable_type.h"
+#include "core/jobs.h"
 #include "core/path_search.h"
 #include "core/program_start.h"
 #include "core/shell_line.h"
@@ -227,6 +228,8 @@ int StartTarget(const Target& target, const StartSwitches& switches)
     if (code != 0)
         return MVError(code, shown);
     Tls().startedProcess = child.Id();
+    if (!switches.wait)
+        NoteJob(child, switches.command.empty() ? shown : switches.command);
     if (!switches.wait || !child)
         return result::success;
     const bool hearsBreaks = direct && switches.sameConsole && !target.windowed;

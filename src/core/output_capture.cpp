@@ -8,48 +8,60 @@
 #include "engine/results.h"
 #include "platform/standard_handles.h"
 
-namespace {
-
-// Standard output leads elsewhere for as long as this lives, however the command ends.
+// A standard handle leads elsewhere for as long as this lives, however the command ends.
 class OutputElsewhere {
 public:
-    explicit OutputElsewhere(OwnedHandle target) : handle(std::move(target)), saved(StandardHandle(1))
+    OutputElsewhere(int handleNumber, OwnedHandle target)
+        : number(handleNumber), handle(std::move(target)), saved(StandardHandle(handleNumber))
     {
-        SetStandardHandle(1, handle.Get());
+        SetStandardHandle(number, handle.Get());
         ForgetHandleKinds();
     }
     ~OutputElsewhere()
     {
-        SetStandardHandle(1, saved);
+        SetStandardHandle(number, saved);
         ForgetHandleKinds();
     }
     OutputElsewhere(const OutputElsewhere&) = delete;
     OutputElsewhere& operator=(const OutputElsewhere&) = delete;
 
 private:
+    int number;
     OwnedHandle handle;
     HANDLE saved;
 };
 
-} // namespace
+OutputCapture::OutputCapture(int handleNumber) : number(handleNumber) {}
 
 OutputCapture::~OutputCapture()
 {
+    End();
     if (!file.empty())
         DeleteFileW(file.w());
 }
 
-int OutputCapture::Run(const CString& line, bool& ran)
+bool OutputCapture::Begin()
 {
     SECURITY_ATTRIBUTES inheritable = {sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
     const CString name = TemporaryFileName(u"Exec");
     OwnedHandle target(CreateFileW(name.w(), GENERIC_WRITE,
                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, &inheritable,
                                    CREATE_NEW, FILE_ATTRIBUTE_TEMPORARY, nullptr));
-    ran = static_cast<bool>(target);
+    if (!target)
+        return false;
+    file = name;
+    elsewhere = std::make_unique<OutputElsewhere>(number, std::move(target));
+    return true;
+}
+
+void OutputCapture::End() { elsewhere.reset(); }
+
+int OutputCapture::Run(const CString& line, bool& ran)
+{
+    ran = Begin();
     if (!ran)
         return result::error;
-    file = name;
-    const OutputElsewhere elsewhere(std::move(target));
-    return Command_S(line, 0);
+    const int code = Command_S(line, 0);
+    End();
+    return code;
 }

@@ -282,6 +282,7 @@ struct GlobalRooms {
     std::shared_ptr<struct VariableLists> lists;   // expand/lists.cpp
     std::shared_ptr<class ArrayTable> arrays;      // expand/arrays.h
     std::shared_ptr<struct LogFiles> logs;         // engine/logs.cpp
+    std::shared_ptr<struct JobList> jobs;          // core/jobs.h
     std::shared_ptr<class OwnedHandle> nul;        // the device NUL, kept open for redirections
     std::shared_ptr<struct OpenTextFiles> files;   // functions/file_handles.cpp
     std::shared_ptr<struct OpenSearches> searches; // functions/file_searches.cpp
