@@ -6,6 +6,7 @@
 #include "config/directives.h"
 #include "config/ini_file.h"
 #include "console/console_look.h"
+#include "console/console_modes.h"
 #include "engine/language_library.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -41,8 +42,8 @@ void TakeExtensions() { aGlobals.cmdExtensions = aIniFile.CMDExtensions; }
 
 void ColorWhatFollows()
 {
-    if (aIniFile.StdColors && HasConsole())
-        SetTextAttributes(aIniFile.StdColors);
+    if (HasConsole())
+        SetTextAttributes(StandardColors());
 }
 
 void TakeSystemFolder() { RedirectSystemFolder(aIniFile.Wow64FsRedirection != 0); }

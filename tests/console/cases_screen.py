@@ -69,6 +69,8 @@ def standard_colors(console):
     console.has_colors("\x1b[97m\x1b[44m>")
     console.line("cls bri gre on cya")
     console.has_colors("\x1b[92m\x1b[46m")
+    console.line("option /d stdcolors")
+    console.has_colors("\x1b[49m>")
 
 
 @case("the copyright line, what is typed and errors in their own colours")
