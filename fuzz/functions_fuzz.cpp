@@ -34,13 +34,13 @@ constexpr Function functions[] = {
     Caps_Function,       Left_Function,       Right_Function,      Substr_Function,     Index_Function,
     Count_Function,      Insert_Function,     Replace_Function,    Strip_Function,      Filter_Function,
     Trim_Function,       Trimall_Function,    Repeat_Function,     Reverse_Function,    Format_Function,
-    Word_Function,       Words_Function,      Field_Function,      Fields_Function,     Ascii_Function,
-    Char_Function,       Unicodex_Function,   Regex_Function,      Regexindex_Function, Regexsub_Function,
-    Rereplace_Function,  Similar_Function,    Lcs_Function,        Version_Function,    Isprime_Function,
-    Prime_Function,      Date_Function,       Makedate_Function,   Dateconv_Function,   Datefmt_Function,
-    Dow_Function,        Doy_Function,        Isoweek_Function,    Time_Function,       Maketime_Function,
-    Makeage_Function,    Agedate_Function,    Urlencode_Function,  Urldecode_Function,  Htmlencode_Function,
-    Htmldecode_Function, Punyencode_Function, Punydecode_Function,
+    Parse_Function,      Word_Function,       Words_Function,      Field_Function,      Fields_Function,
+    Ascii_Function,      Char_Function,       Unicodex_Function,   Regex_Function,      Regexindex_Function,
+    Regexsub_Function,   Rereplace_Function,  Similar_Function,    Lcs_Function,        Version_Function,
+    Isprime_Function,    Prime_Function,      Date_Function,       Makedate_Function,   Dateconv_Function,
+    Datefmt_Function,    Dow_Function,        Doy_Function,        Isoweek_Function,    Time_Function,
+    Maketime_Function,   Makeage_Function,    Agedate_Function,    Urlencode_Function,  Urldecode_Function,
+    Htmlencode_Function, Htmldecode_Function, Punyencode_Function, Punydecode_Function,
 };
 
 void Require(bool sound)
