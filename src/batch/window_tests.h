@@ -5,8 +5,10 @@
 
 enum class WindowTest { Exists, Visible, Hung };
 
-// Whether a window of that title exists and passes the test. The title may hold wildcards; without them it
-// may also be the beginning of the window's title.
+// Whether the title of a window is the wanted one, which may hold wildcards; without them it may also be its
+// beginning.
+bool TitleMatches(std::u16string_view wanted, std::u16string_view title);
+// Whether a window of that title exists and passes the test.
 bool WindowIs(std::u16string_view title, WindowTest test);
 
 // Whether a program of that name runs: full name, file name, or file name without extension.

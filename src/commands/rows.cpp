@@ -47,6 +47,7 @@
 #include "commands/path.h"
 #include "commands/pause.h"
 #include "commands/printf.h"
+#include "commands/process_variables.h"
 #include "commands/prompt.h"
 #include "commands/random.h"
 #include "commands/remark.h"
@@ -60,6 +61,7 @@
 #include "commands/shralias.h"
 #include "commands/start.h"
 #include "commands/switch.h"
+#include "commands/system_report.h"
 #include "commands/text_block.h"
 #include "commands/timer.h"
 #include "commands/title.h"
@@ -195,10 +197,10 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"LOCAL", Local_Command, 0x402047, 1, u"", &localHelp},
     {u"LOCKMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"LOG", Log_Command, 0x2007, 1, u"", &logHelp},
-    {u"LOOKUPERRORS", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"LOOKUPERRORS", Lookuperrors_Command, 0x2007, 1, u"", &lookuperrorsHelp},
     {u"LUA", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"MD", MakeDirectory_Command, 0x282327, 1, u"dirs", &makeDirectoryHelp},
-    {u"MEMORY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"MEMORY", Memory_Command, 0x2007, 1, u"", &memoryHelp},
     {u"MKDIR", MakeDirectory_Command, 0x282327, 1, u"dirs", &makeDirectoryHelp},
     {u"MKLINK", Unbuilt_Command, 0x202107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
     {u"MKLNK", Unbuilt_Command, 0x2107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
@@ -272,7 +274,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SETDOS", Setdos_Command, 0x82007, 1, u"", &setdosHelp},
     {u"SETERROR", Seterror_Command, 0x2107, 1, u"", &seterrorHelp},
     {u"SETLOCAL", Setlocal_Command, 0x602107, 1, u"", &setlocalHelp},
-    {u"SETP", Unbuilt_Command, 0x2007, 1, u"[1] variables [2*] *", &unbuiltHelp},
+    {u"SETP", Setp_Command, 0x2007, 1, u"[1] variables [2*] *", &setpHelp},
     {u"SHIFT", Shift_Command, 0x602047, 1, u"", &shiftHelp},
     {u"SHORTCUT", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"SHRALIAS", Shralias_Command, 0x2007, 1, u"", &shraliasHelp},
@@ -299,7 +301,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TIME", Time_Command, 0x202007, 1, u"", &timeHelp},
     {u"TIMER", Timer_Command, 0x2007, 1, u"", &timerHelp},
     {u"TITLE", Title_Command, 0x202007, 1, u"", &titleHelp},
-    {u"TMP", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"TMP", Tmp_Command, 0x2007, 1, u"", &tmpHelp},
     {u"TOAST", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"TOUCH", Touch_Command, 0x82107, 1, u"", &touchHelp},
     {u"TPIPE", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
@@ -320,10 +322,10 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"UNQLITE", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"UNSET", Unset_Command, 0x2007, 1, u"[/r] * [1*] variables", &unsetHelp},
     {u"UNSETARRAY", Unsetarray_Command, 0x2007, 1, u"", &unsetarrayHelp},
-    {u"UNSETP", Unbuilt_Command, 0x2007, 1, u"[1*] variables", &unbuiltHelp},
+    {u"UNSETP", Unsetp_Command, 0x2007, 1, u"[1*] variables", &unsetpHelp},
     {u"UNTAR", Unbuilt_Command, 0x82007, 1, u"[1] tar dirs [2*] *", &unbuiltHelp},
     {u"UNZIP", Unbuilt_Command, 0x82007, 1, u"[1] zip dirs [2*] *", &unbuiltHelp},
-    {u"UPTIME", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"UPTIME", Uptime_Command, 0x2007, 1, u"", &uptimeHelp},
     {u"USBMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"UUID", Uuid_Command, 0x2007, 1, u"", &uuidHelp},
     {u"VBEEP", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},

@@ -227,7 +227,7 @@ int StartTarget(const Target& target, const StartSwitches& switches)
     }
     if (code != 0)
         return MVError(code, shown);
-    Tls().startedProcess = child.Id();
+    Tls().startedProcess = Tls().childProcess = child.Id();
     if (!switches.wait)
         NoteJob(child, switches.command.empty() ? shown : switches.command);
     if (!switches.wait || !child)

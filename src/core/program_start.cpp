@@ -94,7 +94,10 @@ unsigned StartProgram(ChildProcess& child, const CString& program, const CString
     start.program = SystemPath(program);
     start.commandLine = commandLine;
     start.creation = CREATE_DEFAULT_ERROR_MODE;
-    return child.Start(start);
+    const unsigned code = child.Start(start);
+    if (code == 0)
+        Tls().childProcess = child.Id();
+    return code;
 }
 
 // A document whose program runs in a console is run by that program directly: it then has our handles, is

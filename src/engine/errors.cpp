@@ -7,6 +7,7 @@
 #include "engine/state.h"
 #include "lang/messages.h"
 #include "platform/console.h"
+#include "platform/lazy_library.h"
 #include "text/format.h"
 
 namespace {
@@ -16,23 +17,45 @@ constexpr unsigned lastOwnCode = 0x3FFFFFFFu;
 
 bool IsOwnCode(unsigned code) { return code >= firstOwnCode && code <= lastOwnCode; }
 
-CString SystemText(unsigned code)
+// The text that a module, or the system, has for a number; empty when it has none.
+CString TextFrom(unsigned code, HMODULE module)
 {
     const DWORD english = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
-    const DWORD flags = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
+    const DWORD flags =
+        FORMAT_MESSAGE_IGNORE_INSERTS | (module ? FORMAT_MESSAGE_FROM_HMODULE : FORMAT_MESSAGE_FROM_SYSTEM);
     CString text;
     constexpr DWORD longest = 4096;
     auto fetch = [&](DWORD language) {
-        return FormatMessageW(flags, nullptr, code, language, reinterpret_cast<wchar_t*>(text.Edit(longest)),
+        return FormatMessageW(flags, module, code, language, reinterpret_cast<wchar_t*>(text.Edit(longest)),
                               longest, nullptr);
     };
     DWORD length = aIniFile.EnglishMessages ? fetch(english) : 0;
     if (length == 0)
         length = fetch(0);
     text.SetLength(length);
-    if (length == 0)
-        text = Format(u"Error %u", code);
     return text.TrimRight(u" \r\n");
+}
+
+CString SystemText(unsigned code)
+{
+    const CString text = TextFrom(code, nullptr);
+    return text.empty() ? Format(u"Error %u", code) : text;
+}
+
+// What the number means as a status of the kernel; such texts stand in the system's lowest library.
+CString StatusText(unsigned code)
+{
+    constexpr unsigned severities = 0xC0000000u; // statuses that are no plain successes
+    if ((code & severities) == 0)
+        return {};
+    static LazyLibrary systemLayer(L"ntdll.dll");
+    static LazyFunction<ULONG WINAPI(LONG)> errorOfStatus(systemLayer, "RtlNtStatusToDosError");
+    const CString text = TextFrom(code, GetModuleHandleW(L"ntdll.dll"));
+    const unsigned number = errorOfStatus(static_cast<LONG>(code));
+    if (number == 0 || number == ERROR_MR_MID_NOT_FOUND)
+        return text;
+    // Programs see the Windows error that the status becomes.
+    return Format(text.empty() ? u"%s%u: %s" : u"%s (%u: %s)", text, number, SystemText(number));
 }
 
 constexpr std::size_t longestShown = 500; // units of an argument; what failed is known by then
@@ -110,8 +133,17 @@ int ErrorMsgBox(unsigned code, std::u16string_view argument) { return MVError(co
 
 void honk() { PrintError(u"\a"); }
 
+CString WindowsErrorText(unsigned number) { return TextFrom(number, nullptr); }
+
 int LookupWindowsErrors(unsigned number)
 {
-    PrintFormat(u"%u  %s\r\n", number, SystemText(number));
-    return result::success;
+    const CString texts[] = {TextFrom(number, nullptr), StatusText(number),
+                             IsOwnCode(number) ? LoadMessage(MessageNumber(number)) : CString()};
+    bool known = false;
+    for (const CString& text : texts) {
+        if (!text.empty())
+            PrintFormat(number < 0x80000000u ? u"%u  %s\r\n" : u"0x%08X  %s\r\n", number, text);
+        known = known || !text.empty();
+    }
+    return known ? result::success : result::error;
 }

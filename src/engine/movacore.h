@@ -64,3 +64,10 @@ MOVA_EXPORT int GetFunctionBody(const char16_t* name, char16_t* buffer, int capa
 MOVA_EXPORT int GetSetting(const char16_t* name, char16_t* buffer, int capacity);
 // Sets an environment variable from "name=value", an empty value deletes it. 0 or an error's result.
 MOVA_EXPORT int SetEnvironmentEntry(const char16_t* entry);
+
+// Internal variables that only the host can answer, such as "mvtabs" or "selected": the host writes the value
+// of the variable `name` (without "_") and its NUL into the buffer of `capacity` units and answers its
+// length, or -1 when it has none. ORV has no tabs and no windows and sets nothing; the variables are then
+// empty, and counts and states are 0.
+typedef int (*HOST_VARIABLE)(const char16_t* name, char16_t* buffer, int capacity);
+MOVA_EXPORT void SetHostVariables(HOST_VARIABLE answer);

@@ -50,7 +50,10 @@ CString ErrorText(unsigned code);
 int ErrorMsgBox(unsigned code, std::u16string_view argument = {});
 // The error beep.
 void honk();
-// Prints the system's texts for an error number (LOOKUPERRORS).
+// Windows' text for one of its error numbers; empty when it has none.
+CString WindowsErrorText(unsigned number);
+// Prints all that an error number means to Windows, its kernel or the shell (LOOKUPERRORS); result::error,
+// not reported, when it means nothing.
 int LookupWindowsErrors(unsigned number);
 // A resource text by its number (3000 and up), "" when the language library lacks it.
 CString LoadMessage(unsigned number);

@@ -219,11 +219,15 @@ struct TLS_VARIABLES {
     bool protectedOperation = false; // an operation that a break must not cut
     StandardHandleKind handleKinds[3];
     StandardInputEncoding inputEncoding;
-    std::uint64_t nextYield = 0;    // Ticks() when queued calls get their next turn
-    void* runningProcesses[2] = {}; // handles of the children started for the current command
-    bool titleHeld = false;         // commands leave the window title alone
-    unsigned startedProcess = 0;    // process id of the last START, 0 before the first
-    unsigned detachedProcess = 0;   // the same of DETACH
+    std::uint64_t nextYield = 0;     // Ticks() when queued calls get their next turn
+    void* runningProcesses[2] = {};  // handles of the children started for the current command
+    bool titleHeld = false;          // commands leave the window title alone
+    unsigned startedProcess = 0;     // process id of the last START, 0 before the first
+    unsigned detachedProcess = 0;    // the same of DETACH
+    unsigned childProcess = 0;       // process id of the last program that was run or started
+    int execStrResult = 0;           // exit code of the last @execstr
+    std::int64_t execArrayCount = 0; // elements that the last @execarray filled
+    std::int64_t fileArrayCount = 0; // the same of @filearray
 
     BATCH_FRAME* Frame() { return batchIndex < 0 ? nullptr : &frames[static_cast<std::size_t>(batchIndex)]; }
 };
@@ -279,13 +283,15 @@ extern GlobalTexts aTexts;
 
 // What higher rooms keep for the whole process; each makes its own on first use.
 struct GlobalRooms {
-    std::shared_ptr<struct VariableLists> lists;   // expand/lists.cpp
-    std::shared_ptr<class ArrayTable> arrays;      // expand/arrays.h
-    std::shared_ptr<struct LogFiles> logs;         // engine/logs.cpp
-    std::shared_ptr<struct JobList> jobs;          // core/jobs.h
-    std::shared_ptr<class OwnedHandle> nul;        // the device NUL, kept open for redirections
-    std::shared_ptr<struct OpenTextFiles> files;   // functions/file_handles.cpp
-    std::shared_ptr<struct OpenSearches> searches; // functions/file_searches.cpp
+    std::shared_ptr<struct VariableLists> lists;       // expand/lists.cpp
+    std::shared_ptr<class ArrayTable> arrays;          // expand/arrays.h
+    std::shared_ptr<struct LogFiles> logs;             // engine/logs.cpp
+    std::shared_ptr<struct JobList> jobs;              // core/jobs.h
+    std::shared_ptr<class OwnedHandle> nul;            // the device NUL, kept open for redirections
+    std::shared_ptr<struct OpenTextFiles> files;       // functions/file_handles.cpp
+    std::shared_ptr<struct OpenSearches> searches;     // functions/file_searches.cpp
+    std::shared_ptr<struct OwnClipboards> clipboards;  // core/clipboards.cpp
+    std::shared_ptr<struct SharedPieces> sharedPieces; // functions/shared_memory.cpp
 };
 extern GlobalRooms aRooms;
 

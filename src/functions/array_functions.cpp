@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/output_capture.h"
+#include "engine/state.h"
 #include "expand/lists.h"
 #include "files/text_lines.h"
 #include "functions/answers.h"
@@ -30,7 +31,8 @@ int FillArray(const CString& name, const std::vector<CString>& elements)
 }
 
 // Makes an array of the file's lines and answers their number.
-int AnswerLinesAsArray(FunctionCall& call, std::u16string_view file, const CString& name)
+int AnswerLinesAsArray(FunctionCall& call, std::int64_t& filled, std::u16string_view file,
+                       const CString& name)
 {
     constexpr std::size_t mostLines = 1'000'000;
     TextLines text;
@@ -40,7 +42,8 @@ int AnswerLinesAsArray(FunctionCall& call, std::u16string_view file, const CStri
     for (std::u16string_view line; lines.size() < mostLines && text.Next(line);)
         lines.emplace_back(line);
     const int code = FillArray(name, lines);
-    return code ? code : answer::Number(call, static_cast<std::int64_t>(lines.size()));
+    filled = code ? 0 : static_cast<std::int64_t>(lines.size());
+    return code ? code : answer::Number(call, filled);
 }
 
 } // namespace
@@ -84,7 +87,7 @@ int Execarray_Function(FunctionCall& call)
     capture.Run(CString(arguments.Text(0)), ran);
     if (!ran)
         return SystemError();
-    return AnswerLinesAsArray(call, capture.File(), CString(arguments.Text(1)).Trim());
+    return AnswerLinesAsArray(call, Tls().execArrayCount, capture.File(), CString(arguments.Text(1)).Trim());
 }
 
 // @filearray[file,name]: makes an array of the file's lines and gives their number.
@@ -93,5 +96,6 @@ int Filearray_Function(FunctionCall& call)
     const FunctionArguments arguments(call, u"st");
     if (arguments.Error())
         return arguments.Error();
-    return AnswerLinesAsArray(call, FileArgument(arguments.Text(0)), CString(arguments.Text(1)).Trim());
+    return AnswerLinesAsArray(call, Tls().fileArrayCount, FileArgument(arguments.Text(0)),
+                              CString(arguments.Text(1)).Trim());
 }

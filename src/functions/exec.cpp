@@ -6,6 +6,7 @@
 #include "core/output_capture.h"
 #include "engine/command_entry.h"
 #include "engine/results.h"
+#include "engine/state.h"
 #include "files/text_reader.h"
 #include "text/format.h"
 
@@ -33,7 +34,7 @@ int Execstr_Function(FunctionCall& call)
 {
     OutputCapture capture;
     bool ran = false;
-    capture.Run(CString(call.arguments), ran);
+    Tls().execStrResult = ExitCode(capture.Run(CString(call.arguments), ran));
     TextReader reader;
     CString text;
     if (!ran || !reader.Open(capture.File()) || !reader.Read(text))

@@ -277,3 +277,113 @@ int Function_Function(FunctionCall& call);
 
 // uuids.cpp
 int Uuid_Function(FunctionCall& call);
+
+// registry.cpp
+int Regcreate_Function(FunctionCall& call);
+int Regdelkey_Function(FunctionCall& call);
+int Regcopykey_Function(FunctionCall& call);
+int Regexist_Function(FunctionCall& call);
+int Regquery_Function(FunctionCall& call);
+int Regtype_Function(FunctionCall& call);
+int Regset_Function(FunctionCall& call);
+int Regsetenv_Function(FunctionCall& call);
+
+// processes.cpp
+int Isproc_Function(FunctionCall& call);
+int Pid_Function(FunctionCall& call);
+int Ppid_Function(FunctionCall& call);
+int Pidcommand_Function(FunctionCall& call);
+int Piduser_Function(FunctionCall& call);
+int Priority_Function(FunctionCall& call);
+int Processio_Function(FunctionCall& call);
+int Processtime_Function(FunctionCall& call);
+int Handleinfo_Function(FunctionCall& call);
+int Console_Function(FunctionCall& call);
+int Dosmem_Function(FunctionCall& call);
+int Winmemory_Function(FunctionCall& call);
+int Errtext_Function(FunctionCall& call);
+int Debug_Function(FunctionCall& call);
+
+// windows.cpp
+int Wintitle_Function(FunctionCall& call);
+int Winclass_Function(FunctionCall& call);
+int Winpid_Function(FunctionCall& call);
+int Winexename_Function(FunctionCall& call);
+int Winpath_Function(FunctionCall& call);
+int Winpos_Function(FunctionCall& call);
+int Winsize_Function(FunctionCall& call);
+int Winclientsize_Function(FunctionCall& call);
+int Winstate_Function(FunctionCall& call);
+int Wininfo_Function(FunctionCall& call);
+int Winmetrics_Function(FunctionCall& call);
+int Winsystem_Function(FunctionCall& call);
+int Mouse_Function(FunctionCall& call);
+
+// clipboards.cpp
+int Clip_Function(FunctionCall& call);
+int Clipw_Function(FunctionCall& call);
+int Clipwn_Function(FunctionCall& call);
+int Tmp_Function(FunctionCall& call);
+int Tmpwn_Function(FunctionCall& call);
+
+// lists.cpp
+int Option_Function(FunctionCall& call);
+int History_Function(FunctionCall& call);
+int Color_Function(FunctionCall& call);
+
+// network.cpp
+int Ipaddressn_Function(FunctionCall& call);
+int Ipother_Function(FunctionCall& call);
+int Ipsubnet_Function(FunctionCall& call);
+int Ipbroadcast_Function(FunctionCall& call);
+int Ipgateway_Function(FunctionCall& call);
+int Ipipv6n_Function(FunctionCall& call);
+int Ipipv6ll_Function(FunctionCall& call);
+int Ipotherl_Function(FunctionCall& call);
+int Ipzoneid_Function(FunctionCall& call);
+int Ipnamen_Function(FunctionCall& call);
+int Ipdesc_Function(FunctionCall& call);
+int Ipphysical_Function(FunctionCall& call);
+int Ipdns_Function(FunctionCall& call);
+int Ipdhcp_Function(FunctionCall& call);
+int Ipdhcpenabled_Function(FunctionCall& call);
+int Ipobtained_Function(FunctionCall& call);
+int Ipexpires_Function(FunctionCall& call);
+int Ipstatus_Function(FunctionCall& call);
+int Iptype_Function(FunctionCall& call);
+int Ipwins_Function(FunctionCall& call);
+int Ipwinsserver_Function(FunctionCall& call);
+int Ipwinsserver2_Function(FunctionCall& call);
+int Ipaddress_Function(FunctionCall& call);
+int Ipname_Function(FunctionCall& call);
+int Ipaliases_Function(FunctionCall& call);
+int Ipport_Function(FunctionCall& call);
+int Ipservicealiases_Function(FunctionCall& call);
+int Macaddress_Function(FunctionCall& call);
+int Mx_Function(FunctionCall& call);
+int Ping_Function(FunctionCall& call);
+int Pingr_Function(FunctionCall& call);
+
+// shared_memory.cpp
+int Smopen_Function(FunctionCall& call);
+int Smclose_Function(FunctionCall& call);
+int Smread_Function(FunctionCall& call);
+int Smwrite_Function(FunctionCall& call);
+int Smpeek_Function(FunctionCall& call);
+int Smpoke_Function(FunctionCall& call);
+
+// machines.cpp
+int Computername_Function(FunctionCall& call);
+int Domain_Function(FunctionCall& call);
+int Workgroup_Function(FunctionCall& call);
+int Group_Function(FunctionCall& call);
+int Server_Function(FunctionCall& call);
+int Enumservers_Function(FunctionCall& call);
+int Enumshares_Function(FunctionCall& call);
+int Service_Function(FunctionCall& call);
+
+// screen.cpp
+int Readscr_Function(FunctionCall& call);
+int Readattrib_Function(FunctionCall& call);
+int Consoleb_Function(FunctionCall& call);
+int Font_Function(FunctionCall& call);

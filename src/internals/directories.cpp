@@ -1,10 +1,15 @@
 // Current directories and drives.
 #include "internals/families.h"
 
+#include <windows.h>
+
+#include <winioctl.h>
+
 #include "engine/state.h"
 #include "internals/values.h"
 #include "platform/directory.h"
 #include "platform/file_facts.h"
+#include "platform/volumes.h"
 
 namespace {
 
@@ -19,6 +24,21 @@ bool AnswerWithSlash(CString& value, std::u16string_view directory)
     value = directory;
     if (value.back() != u'\\')
         value.Append(u'\\');
+    return true;
+}
+
+unsigned KindOf(char16_t letter) { return DriveKind(DriveRoot(std::u16string_view(&letter, 1))); }
+
+template <typename Wanted> bool AnswerDrives(CString& value, Wanted wanted)
+{
+    value.Clear();
+    for (const char16_t letter : AllDrives()) {
+        if (!wanted(letter))
+            continue;
+        if (!value.empty())
+            value.Append(u' ');
+        value.Append(letter).Append(u':');
+    }
     return true;
 }
 
@@ -50,11 +70,43 @@ bool Lastdisk_Variable(CString& value)
 // All drives, parted by blanks.
 bool Drives_Variable(CString& value)
 {
-    value.Clear();
-    for (const char16_t letter : AllDrives()) {
-        if (!value.empty())
-            value.Append(u' ');
-        value.Append(letter).Append(u':');
-    }
-    return true;
+    return AnswerDrives(value, [](char16_t) { return true; });
+}
+
+// Without those of the network.
+bool Logicaldrives_Variable(CString& value)
+{
+    return AnswerDrives(value, [](char16_t letter) { return KindOf(letter) != DRIVE_REMOTE; });
+}
+
+bool Hdrives_Variable(CString& value)
+{
+    return AnswerDrives(value, [](char16_t letter) { return KindOf(letter) == DRIVE_FIXED; });
+}
+
+bool Cdroms_Variable(CString& value)
+{
+    return AnswerDrives(value, [](char16_t letter) { return KindOf(letter) == DRIVE_CDROM; });
+}
+
+bool Dvds_Variable(CString& value)
+{
+    return AnswerDrives(value,
+                        [](char16_t letter) { return KindOf(letter) == DRIVE_CDROM && TakesDvds(letter); });
+}
+
+bool Usbs_Variable(CString& value)
+{
+    return AnswerDrives(value, [](char16_t letter) {
+        const auto facts = ReadStorageFacts(letter);
+        return facts && facts->bus == BusTypeUsb;
+    });
+}
+
+// Those that hold a disk that can be read.
+bool Ready_Variable(CString& value)
+{
+    return AnswerDrives(value, [](char16_t letter) {
+        return ReadVolumeDetails(DriveRoot(std::u16string_view(&letter, 1))).has_value();
+    });
 }

@@ -1,9 +1,13 @@
 // The state of the shell and of the batch file that runs.
 #include "internals/families.h"
 
+#include <algorithm>
+
 #include <windows.h>
 
+#include "engine/country.h"
 #include "engine/inifile.h"
+#include "engine/logs.h"
 #include "engine/output.h"
 #include "engine/state.h"
 #include "engine/version.h"
@@ -13,6 +17,11 @@
 #include "movacore_version.h"
 #include "platform/codepage.h"
 #include "platform/console_size.h"
+#include "platform/process_family.h"
+#include "platform/process_list.h"
+#include "platform/text_output.h"
+#include "text/compare.h"
+#include "text/path_names.h"
 
 namespace {
 
@@ -122,3 +131,92 @@ bool Ansi_Variable(CString& value) { return AnswerFlag(value, aGlobals.ansiSeque
 bool Stdin_Variable(CString& value) { return AnswerFlag(value, IsConsole(0)); }
 bool Stdout_Variable(CString& value) { return AnswerFlag(value, IsConsole(1)); }
 bool Stderr_Variable(CString& value) { return AnswerFlag(value, IsConsole(2)); }
+
+// The version of the shell, its decimal point as the country writes it.
+bool Qver_Variable(CString& value)
+{
+    value = Format(u"%d%c%d", shell_version::major, Country().decimal, shell_version::minor);
+    return true;
+}
+
+// Whether this is an edition that runs scripts only: there is none.
+bool Orvrt_Variable(CString& value) { return AnswerFlag(value, false); }
+// No batch file is stepped through.
+bool Bdebugger_Variable(CString& value) { return AnswerFlag(value, false); }
+// What a Ruby script answered last, and of which type.
+bool Rubytype_Variable(CString& value) { return AnswerText(value, u""); }
+bool Rubyvalue_Variable(CString& value) { return AnswerText(value, u""); }
+
+// Process id of the last program that the shell ran or started.
+bool Childpid_Variable(CString& value) { return AnswerNumber(value, Tls().childProcess); }
+
+// The line that runs, as it was typed; in a shell with commands on its own command line, those.
+bool Cmdline_Variable(CString& value)
+{
+    return AnswerText(value, aTexts.newestLine.empty() ? aTexts.startCommand : aTexts.newestLine);
+}
+
+bool Logfile_Variable(CString& value) { return AnswerText(value, LogFileName(Log::Commands)); }
+bool Hlogfile_Variable(CString& value) { return AnswerText(value, LogFileName(Log::TypedLines)); }
+
+// The start-up and the exit file, once they have run.
+bool Mvstart_Variable(CString& value) { return AnswerText(value, aTexts.startupFile); }
+bool Mvexit_Variable(CString& value) { return AnswerText(value, aTexts.exitFile); }
+
+// When this shell was started: "2026-11-21 09:05:00", local time.
+bool Orvstart_Variable(CString& value)
+{
+    FILETIME created, ended, kernel, user;
+    SYSTEMTIME utc, local;
+    if (!GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user) ||
+        !FileTimeToSystemTime(&created, &utc) || !SystemTimeToTzSpecificLocalTime(nullptr, &utc, &local))
+        return true;
+    value = Format(u"%04u-%02u-%02u %02u:%02u:%02u", local.wYear, local.wMonth, local.wDay, local.wHour,
+                   local.wMinute, local.wSecond);
+    return true;
+}
+
+// The shortcut that the shell was started by.
+bool Shortcut_Variable(CString& value)
+{
+    constexpr DWORD titleIsLink = 0x800; // of STARTUPINFO's flags
+    STARTUPINFOW start = {};
+    GetStartupInfoW(&start);
+    if ((start.dwFlags & titleIsLink) != 0 && start.lpTitle)
+        value = reinterpret_cast<const char16_t*>(start.lpTitle);
+    return true;
+}
+
+// Whether files and pipes get UTF-16.
+bool Unicode_Variable(CString& value)
+{
+    return AnswerFlag(value, CurrentOutputEncoding() == OutputEncoding::Utf16);
+}
+
+// How many shells share this console, run on this machine, and how many programs use the engine.
+bool Shells_Variable(CString& value)
+{
+    unsigned count = 0;
+    for (const unsigned process : ConsoleProcesses())
+        count += EqualNoCase(ProgramOfProcess(process), FileNamePart(aTexts.executable)) ? 1 : 0;
+    return AnswerNumber(value, std::max(count, 1u));
+}
+
+bool Orvinstances_Variable(CString& value)
+{
+    unsigned count = 0;
+    for (const ProcessEntry& entry : AllProcesses())
+        count += EqualNoCase(entry.program, u"ORV.EXE") ? 1 : 0;
+    return AnswerNumber(value, count);
+}
+
+bool Movainstances_Variable(CString& value)
+{
+    return AnswerNumber(value, CountProcessesWithModule(u"Movacore.dll"));
+}
+
+// The exit code of the command that @execstr ran last, and how many elements @execarray and @filearray
+// filled.
+bool Execstr_Variable(CString& value) { return AnswerNumber(value, Tls().execStrResult); }
+bool Execarray_Variable(CString& value) { return AnswerNumber(value, Tls().execArrayCount); }
+bool Filearray_Variable(CString& value) { return AnswerNumber(value, Tls().fileArrayCount); }

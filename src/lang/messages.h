@@ -98,6 +98,13 @@ constexpr unsigned checksumDiffers = 0x200002C4;     // 3708
 constexpr unsigned invalidFormat = 0x200002C5;       // 3709
 constexpr unsigned noChecksums = 0x200002C6;         // 3710
 constexpr unsigned invalidUuid = 0x200002C7;         // 3711
+constexpr unsigned noProcess = 0x200002E4;           // 3740
+constexpr unsigned noWindow = 0x200002E5;            // 3741
+constexpr unsigned noAdapter = 0x200002E6;           // 3742
+constexpr unsigned noHost = 0x200002E7;              // 3743
+constexpr unsigned noSharedMemory = 0x200002E8;      // 3744
+constexpr unsigned noProcessVariable = 0x200002E9;   // 3745
+constexpr unsigned noSuchError = 0x200002EA;         // 3746
 } // namespace errors
 
 namespace message {
@@ -182,4 +189,17 @@ constexpr unsigned breakState = 3644;
 constexpr unsigned jobEnded = 3646;
 constexpr unsigned checksumRight = 3715;
 constexpr unsigned packedInto = 3685;
+constexpr unsigned memoryLoad = 3750;
+constexpr unsigned memoryPhysical = 3751;
+constexpr unsigned memoryCommit = 3752;
+constexpr unsigned memoryAddresses = 3753;
+constexpr unsigned memoryFree = 3754;
+constexpr unsigned memoryAliases = 3755;
+constexpr unsigned memoryFunctions = 3756;
+constexpr unsigned memoryHistory = 3757;
+constexpr unsigned memoryDirHistory = 3758;
+constexpr unsigned listLocal = 3759;
+constexpr unsigned listGlobal = 3760;
+constexpr unsigned uptimeDay = 3761;
+constexpr unsigned uptimeDays = 3762;
 } // namespace message

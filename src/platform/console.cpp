@@ -77,6 +77,38 @@ std::optional<ScreenFacts> ReadScreenFacts()
     return facts;
 }
 
+CString ReadScreenText(int row, int column, int count)
+{
+    CString text;
+    DWORD done = 0;
+    const COORD from = {static_cast<SHORT>(column), static_cast<SHORT>(row)};
+    const DWORD wanted = static_cast<DWORD>(count);
+    wchar_t* units = reinterpret_cast<wchar_t*>(text.Edit(wanted));
+    if (HasConsole() && ReadConsoleOutputCharacterW(ConsoleScreen(), units, wanted, from, &done))
+        text.SetLength(std::min(done, wanted));
+    return text;
+}
+
+unsigned ReadScreenAttributes(int row, int column)
+{
+    WORD attributes = 0;
+    DWORD done = 0;
+    const COORD from = {static_cast<SHORT>(column), static_cast<SHORT>(row)};
+    if (HasConsole())
+        ReadConsoleOutputAttribute(ConsoleScreen(), &attributes, 1, from, &done);
+    return attributes & 0xFF;
+}
+
+std::optional<ConsoleFont> ReadConsoleFont()
+{
+    CONSOLE_FONT_INFOEX info = {};
+    info.cbSize = sizeof info;
+    if (!HasConsole() || !GetCurrentConsoleFontEx(ConsoleScreen(), FALSE, &info))
+        return std::nullopt;
+    return ConsoleFont{reinterpret_cast<const char16_t*>(info.FaceName), info.dwFontSize.X, info.dwFontSize.Y,
+                       static_cast<int>(info.FontWeight)};
+}
+
 bool SetTextAttributes(unsigned attributes)
 {
     return HasConsole() && SetConsoleTextAttribute(ConsoleScreen(), static_cast<WORD>(attributes));

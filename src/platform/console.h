@@ -29,6 +29,18 @@ struct ScreenFacts {
 };
 std::optional<ScreenFacts> ReadScreenFacts();
 
+// `count` characters from a place of the buffer on, row after row; cut at the end of the buffer.
+CString ReadScreenText(int row, int column, int count);
+unsigned ReadScreenAttributes(int row, int column);
+
+struct ConsoleFont {
+    CString name;
+    int width = 0; // pixels
+    int height = 0;
+    int weight = 0; // 400 as usual, 700 bold
+};
+std::optional<ConsoleFont> ReadConsoleFont();
+
 // Colours of text to come.
 bool SetTextAttributes(unsigned attributes);
 // The same while this lives, then those of before; 0 changes nothing.

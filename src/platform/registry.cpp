@@ -12,8 +12,12 @@ constinit LazyFunction<decltype(RegGetValueW)> getValue(libraries::advapi32, "Re
 constinit LazyFunction<decltype(RegEnumKeyExW)> enumerateKey(libraries::advapi32, "RegEnumKeyExW",
                                                              missingFunction);
 
-constexpr DWORD longestKeyName = 256;   // units, the NUL included
-constexpr DWORD longestText = 0x100000; // units; longer values count as missing
+constinit LazyFunction<decltype(RegEnumValueW)> enumerateValue(libraries::advapi32, "RegEnumValueW",
+                                                               missingFunction);
+
+constexpr DWORD longestValueName = 16384; // units, the NUL included
+constexpr DWORD longestKeyName = 256;     // units, the NUL included
+constexpr DWORD longestText = 0x100000;   // units; longer values count as missing
 
 HKEY RootKey(RegistryRoot root)
 {
@@ -86,6 +90,20 @@ std::vector<CString> RegistryKey::SubkeyNames() const
         name.SetLength(length);
         names.push_back(std::move(name));
     }
+}
+
+std::vector<CString> RegistryKey::ValueNames() const
+{
+    std::vector<CString> names;
+    CString name;
+    for (DWORD index = 0; key; ++index) {
+        DWORD length = longestValueName;
+        wchar_t* units = reinterpret_cast<wchar_t*>(name.Edit(length));
+        if (enumerateValue(key, index, units, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
+            break;
+        names.push_back(std::u16string_view(name.c_str(), length));
+    }
+    return names;
 }
 
 std::optional<CString> ReadRegistryText(RegistryRoot root, std::u16string_view path, std::u16string_view name)

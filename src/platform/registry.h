@@ -33,6 +33,7 @@ public:
     std::optional<CString> Text(std::u16string_view name) const;
     std::optional<std::uint32_t> Number(std::u16string_view name) const;
     std::vector<CString> SubkeyNames() const;
+    std::vector<CString> ValueNames() const;
 
 private:
     HKEY key = nullptr;

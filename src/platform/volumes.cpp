@@ -1,6 +1,8 @@
 #include "platform/volumes.h"
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
 #include <vector>
@@ -8,6 +10,9 @@
 #include <windows.h>
 
 #include <winioctl.h>
+
+#include <ntddcdrm.h>
+#include <ntddmmc.h>
 #include <winnetwk.h>
 
 #include "platform/file_facts.h"
@@ -152,4 +157,21 @@ CString UniversalName(std::u16string_view fullName)
         record.resize(size);
     }
     return {};
+}
+
+bool TakesDvds(char16_t letter)
+{
+    const OwnedHandle device(CreateFileW(Format(u"\\\\.\\%c:", letter).w(), GENERIC_READ,
+                                         FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                         nullptr));
+    GET_CONFIGURATION_IOCTL_INPUT query = {};
+    query.Feature = FeatureDvdRead;
+    query.RequestType = SCSI_GET_CONFIGURATION_REQUEST_TYPE_ONE;
+    std::array<std::uint8_t, 128> answer = {}; // the header, then the feature's own
+    DWORD bytes = 0;
+    if (!device || !DeviceIoControl(device.Get(), IOCTL_CDROM_GET_CONFIGURATION, &query, sizeof query,
+                                    answer.data(), answer.size(), &bytes, nullptr))
+        return false;
+    constexpr std::size_t at = sizeof(GET_CONFIGURATION_HEADER);
+    return bytes >= at + 2 && (answer[at] << 8 | answer[at + 1]) == FeatureDvdRead;
 }

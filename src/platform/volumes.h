@@ -47,3 +47,6 @@ std::u16string_view BusName(unsigned bus);
 CString SubstitutedFolder(char16_t letter);
 // The "\\server\share\..." name of a file on a connected drive, "" for any other.
 CString UniversalName(std::u16string_view fullName);
+
+// Whether a disk drive takes DVDs.
+bool TakesDvds(char16_t letter);
