@@ -40,6 +40,12 @@ def settings():
     return (done.stdout + done.stderr).splitlines()
 
 
+def reference():
+    command = [sys.executable, ROOT / "tools/check_reference.py"]
+    done = subprocess.run(command, capture_output=True, text=True, check=False)
+    return (done.stdout + done.stderr).splitlines()
+
+
 def windows_only():
     """Windows is the target; an emulation of it that behaves otherwise is no reason for other code."""
     findings = []
