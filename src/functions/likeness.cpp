@@ -133,7 +133,7 @@ int Similar_Function(FunctionCall& call)
     MakeUpper(a);
     MakeUpper(b);
     const std::size_t longest = std::max({a.size(), b.size(), std::size_t{1}});
-    return answer::Number(call, static_cast<std::int64_t>(100 - EditDistance(a, b) * 100 / longest));
+    return answer::Number(call, static_cast<std::int64_t>((longest - EditDistance(a, b)) * 100 / longest));
 }
 
 // @lcs[text,other]: the longest common subsequence; case does not count.
