@@ -15,6 +15,7 @@
 #include "files/file_digest.h"
 #include "functions/answers.h"
 #include "functions/arguments.h"
+#include "functions/buffers.h"
 #include "functions/file_answers.h"
 #include "platform/byte_files.h"
 #include "platform/file_facts.h"
@@ -39,7 +40,8 @@ std::vector<std::optional<std::string>>& Buffers()
     return buffers;
 }
 
-// Null when there is none of that number.
+} // namespace
+
 std::string* FindBuffer(std::int64_t number)
 {
     if (number < 1 || number > static_cast<std::int64_t>(mostBuffers))
@@ -47,6 +49,8 @@ std::string* FindBuffer(std::int64_t number)
     auto& buffer = Buffers()[static_cast<std::size_t>(number - 1)];
     return buffer ? &*buffer : nullptr;
 }
+
+namespace {
 
 // A call about a place in a buffer, which are its first two arguments.
 struct Place {

@@ -287,6 +287,8 @@ int Regquery_Function(FunctionCall& call);
 int Regtype_Function(FunctionCall& call);
 int Regset_Function(FunctionCall& call);
 int Regsetenv_Function(FunctionCall& call);
+int Regbread_Function(FunctionCall& call);
+int Regbwrite_Function(FunctionCall& call);
 
 // processes.cpp
 int Isproc_Function(FunctionCall& call);
@@ -387,3 +389,10 @@ int Readscr_Function(FunctionCall& call);
 int Readattrib_Function(FunctionCall& call);
 int Consoleb_Function(FunctionCall& call);
 int Font_Function(FunctionCall& call);
+
+// dialogs.cpp
+int Getfile_Function(FunctionCall& call);
+int Getdir_Function(FunctionCall& call);
+int Getfolder_Function(FunctionCall& call);
+int Getdate_Function(FunctionCall& call);
+int Getdatetime_Function(FunctionCall& call);

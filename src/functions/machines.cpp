@@ -21,6 +21,13 @@ CString Joined(const std::vector<CString>& list)
     return text;
 }
 
+// A machine without the service that shares things has nothing to tell.
+bool SharesNothing(unsigned status)
+{
+    constexpr unsigned serviceNotStarted = 2114;
+    return status == serviceNotStarted || status == ERROR_NOT_SUPPORTED;
+}
+
 int AnswerJoined(FunctionCall& call, bool domain)
 {
     JoinedTo joined;
@@ -77,8 +84,9 @@ int Server_Function(FunctionCall& call)
     if (arguments.Error())
         return arguments.Error();
     ServerFacts facts;
-    if (const unsigned status = ReadServerFacts(FileArgument(arguments.Text(0)), facts))
-        return Refuse(status);
+    const unsigned status = ReadServerFacts(FileArgument(arguments.Text(0)), facts);
+    if (status != 0)
+        return SharesNothing(status) ? answer::Text(call, {}) : Refuse(status);
     switch (arguments.Number(1)) {
     case 0: return answer::ForeignText(call, facts.name);
     case 1: return answer::ForeignText(call, facts.comment);
@@ -104,7 +112,7 @@ int Enumshares_Function(FunctionCall& call)
         return arguments.Error();
     std::vector<CString> names;
     const unsigned status = ListShares(FileArgument(arguments.Text(0)), arguments.Number(1) != 0, names);
-    return status ? Refuse(status) : answer::ForeignText(call, Joined(names));
+    return status && !SharesNothing(status) ? Refuse(status) : answer::ForeignText(call, Joined(names));
 }
 
 // @service[name[,n]]: 0 what it does (Running, Stopped ...), 1 the name that it is shown by, 2 how it is

@@ -263,12 +263,15 @@ int Macaddress_Function(FunctionCall& call)
     return answer::ForeignText(call, PhysicalAddressOf(address));
 }
 
-// @mx[domain]: the machines that take its mail, the preferred first.
+// @mx[domain]: the machines that take its mail, the preferred first; empty when nobody knows of any.
 int Mx_Function(FunctionCall& call)
 {
+    const CString domain = FileArgument(call.arguments);
     std::vector<CString> names;
-    return FindMailExchangers(FileArgument(call.arguments), names) ? answer::ForeignText(call, Joined(names))
-                                                                   : Refuse(errors::noHost);
+    if (!IsHostName(domain))
+        return Refuse(errors::noHost);
+    FindMailExchangers(domain, names);
+    return answer::ForeignText(call, Joined(names));
 }
 
 // @ping[host[,milliseconds[,bytes[,hops]]]]: milliseconds until it answers, -1 when it does not.

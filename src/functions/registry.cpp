@@ -1,8 +1,12 @@
 // The registry. Places are named as platform/registry_editing.h tells.
 #include "functions/families.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "expand/lists.h"
 #include "functions/arguments.h"
+#include "functions/buffers.h"
 #include "functions/file_answers.h"
 #include "platform/registry_editing.h"
 
@@ -107,4 +111,46 @@ int Regsetenv_Function(FunctionCall& call)
     if (status == 0)
         AnnounceEnvironment(EnvironmentLevel::User);
     return AnswerStatus(call, status);
+}
+
+// @regbread[key\value,buffer]: puts the bytes of the value into a buffer of @balloc, as far as they fit;
+// gives their number. @regbwrite[key\value,buffer,length]: makes the first bytes of a buffer the value, of
+// the type REG_BINARY, and answers 0.
+int Regbread_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"sn");
+    if (arguments.Error())
+        return arguments.Error();
+    std::string* buffer = FindBuffer(arguments.Number(1));
+    if (!buffer)
+        return Refuse(errors::noBuffer);
+    RegistryName name;
+    RegistryData data;
+    unsigned status = ReadRegistryName(FileArgument(arguments.Text(0)), true, name);
+    if (status == 0)
+        status = ReadRegistryValue(name, data);
+    if (status != 0)
+        return Refuse(status);
+    const std::size_t count = std::min(buffer->size(), data.bytes.size());
+    std::memcpy(buffer->data(), data.bytes.data(), count);
+    return answer::Number(call, static_cast<std::int64_t>(count));
+}
+
+int Regbwrite_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"snn");
+    if (arguments.Error())
+        return arguments.Error();
+    const std::string* buffer = FindBuffer(arguments.Number(1));
+    const std::int64_t length = arguments.Number(2);
+    if (!buffer)
+        return Refuse(errors::noBuffer);
+    if (length < 0 || length > static_cast<std::int64_t>(buffer->size()))
+        return Refuse(errors::invalidNumber);
+    RegistryName name;
+    if (const unsigned status = ReadRegistryName(FileArgument(arguments.Text(0)), true, name))
+        return Refuse(status);
+    constexpr unsigned binary = 3; // REG_BINARY
+    const auto* bytes = reinterpret_cast<const std::byte*>(buffer->data());
+    return AnswerStatus(call, WriteRegistryValue(name, {binary, {bytes, bytes + length}}));
 }

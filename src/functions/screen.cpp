@@ -1,4 +1,5 @@
-// What stands on the console's screen. Rows and columns count from 0 in the part of the buffer that is shown.
+// What stands on the console's screen; empty without a console. Rows and columns count from 0 in the part of
+// the buffer that is shown.
 #include "functions/families.h"
 
 #include <windows.h>
@@ -17,15 +18,15 @@ struct CellArguments {
     int count = 1;
 };
 
-// Reads "row,column[,length]"; 0, or the error to answer. The place must be on the screen.
-int ReadCells(const FunctionCall& call, std::u16string_view pattern, CellArguments& cells)
+// Reads "row,column[,length]"; 0, or what is to be answered. The place must be on the screen.
+int ReadCells(FunctionCall& call, std::u16string_view pattern, CellArguments& cells)
 {
     const FunctionArguments arguments(call, pattern);
     if (arguments.Error())
         return arguments.Error();
     const auto screen = ReadScreenFacts();
     if (!screen)
-        return Refuse(errors::needsConsole);
+        return answer::ForeignText(call, {});
     const std::int64_t row = arguments.Number(0);
     const std::int64_t column = arguments.Number(1);
     const std::int64_t length = arguments.Number(2, 1);
@@ -65,7 +66,7 @@ int Consoleb_Function(FunctionCall& call)
         return arguments.Error();
     const auto screen = ReadScreenFacts();
     if (!screen)
-        return Refuse(errors::needsConsole);
+        return answer::ForeignText(call, {});
     const std::int64_t row = arguments.Number(0);
     if (row < 0 || row >= screen->rows)
         return Refuse(errors::invalidNumber);
@@ -81,7 +82,7 @@ int Font_Function(FunctionCall& call)
         return arguments.Error();
     const auto font = ReadConsoleFont();
     if (!font)
-        return Refuse(errors::needsConsole);
+        return answer::ForeignText(call, {});
     switch (arguments.Number(0)) {
     case 0: return answer::ForeignText(call, font->name);
     case 1: return answer::Number(call, font->width);

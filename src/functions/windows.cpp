@@ -1,7 +1,8 @@
 // The windows of other programs, and what the system says about its desktop.
 //
 // A window is given by its title, wildcards allowed, else its beginning; by its handle as a hexadecimal
-// number; or by the number of a process, whose foremost window counts.
+// number; or by the number of a process, whose foremost window counts. About one that is not there the answer
+// is empty.
 #include "functions/families.h"
 
 #include <windows.h>
@@ -37,6 +38,7 @@ HWND HandleOf(View text)
     return nullptr;
 }
 
+// `found.handle` stays null when there is none; an error is answered for a missing name only.
 int FindWindowOf(const FunctionCall& call, FoundWindow& found)
 {
     const CString text = FileArgument(call.arguments);
@@ -45,8 +47,9 @@ int FindWindowOf(const FunctionCall& call, FoundWindow& found)
     found.handle = HandleOf(text);
     const auto facts = ReadWindowFacts(found.handle);
     if (!facts)
-        return Refuse(errors::noWindow);
-    found.facts = *facts;
+        found.handle = nullptr;
+    else
+        found.facts = *facts;
     return 0;
 }
 
@@ -55,6 +58,8 @@ template <typename Text> int AnswerAbout(FunctionCall& call, Text text)
     FoundWindow window;
     if (const int error = FindWindowOf(call, window))
         return error;
+    if (!window.handle)
+        return answer::Text(call, {});
     return answer::ForeignText(call, text(window));
 }
 

@@ -99,7 +99,6 @@ constexpr unsigned invalidFormat = 0x200002C5;       // 3709
 constexpr unsigned noChecksums = 0x200002C6;         // 3710
 constexpr unsigned invalidUuid = 0x200002C7;         // 3711
 constexpr unsigned noProcess = 0x200002E4;           // 3740
-constexpr unsigned noWindow = 0x200002E5;            // 3741
 constexpr unsigned noAdapter = 0x200002E6;           // 3742
 constexpr unsigned noHost = 0x200002E7;              // 3743
 constexpr unsigned noSharedMemory = 0x200002E8;      // 3744
