@@ -1,5 +1,5 @@
 // Batch text from its bytes: splitting at any cut point must give the lines that splitting the whole gives,
-// every byte is consumed once, and label lines and packed files of any content are taken.
+// every byte is consumed once, and label lines of any content are taken.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -7,7 +7,6 @@
 
 #include "batch/labels.h"
 #include "batch/line_splitting.h"
-#include "batch/packed_text.h"
 #include "text/encoding.h"
 
 namespace {
@@ -55,10 +54,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     LabelLine label;
     ReadLabelLine(FromUtf8(text), (data[0] & 1) != 0, Syntax(), label);
     WantedLabel(FromUtf8(text), Syntax());
-
-    std::vector<char> unpacked;
-    const UnpackResult result = UnpackText(text, unpacked);
-    Require(result == UnpackResult::Done || unpacked.empty());
-    Require(unpacked.size() <= 65535);
     return 0;
 }

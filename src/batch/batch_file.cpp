@@ -34,10 +34,11 @@ bool AskForDisk(std::u16string_view name)
     return WaitForKey();
 }
 
+// Others may read the file and delete it: many a script removes itself at its end.
 std::intptr_t OpenForReading(const CString& name)
 {
-    const HANDLE file = CreateFileW(name.w(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file = CreateFileW(name.w(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     return file == INVALID_HANDLE_VALUE ? batchFileClosed : reinterpret_cast<std::intptr_t>(file);
 }
 

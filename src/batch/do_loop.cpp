@@ -149,7 +149,7 @@ DoLoop::After DoLoop::PassLines()
     After after = After::NextPass;
     do {
         if (!ReadBatchLine(line)) {
-            MVError(errors::unfinishedBlock, u"DO");
+            tls.errorLevel = BatchTextError(errors::unfinishedBlock, u"DO", startLine);
             return Abandon(result::abandonBatch);
         }
         const int code = RunBatchLine(std::move(line));
@@ -227,7 +227,7 @@ int DoLoop::SkipToEnd()
     CString line;
     for (int depth = 1; depth > 0;) {
         if (!ReadBatchLine(line)) {
-            MVError(errors::unfinishedBlock, u"DO");
+            tls.errorLevel = BatchTextError(errors::unfinishedBlock, u"DO", startLine);
             return result::abandonBatch;
         }
         switch (ClassifyDoLine(line, syntax)) {

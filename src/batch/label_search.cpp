@@ -123,6 +123,11 @@ int FindLabel(std::u16string_view arguments, LabelSearch mode)
     if (!OpenBatchFile())
         return result::abandonBatch;
     BATCH_FRAME& frame = *Tls().Frame();
+    // CALL of a label looks for it before the new frame has read a line.
+    const int caller = Tls().batchIndex - 1;
+    const bool called = frame.lineNumber == 0 && caller >= 0;
+    const unsigned line =
+        called ? Tls().frames[static_cast<std::size_t>(caller)].lineNumber : frame.lineNumber;
     Search search(frame, wanted, mode != LabelSearch::Silent);
     bool found = search.ToTheEnd();
     if (!found) {
@@ -130,7 +135,8 @@ int FindLabel(std::u16string_view arguments, LabelSearch mode)
         found = search.ToTheEnd();
     }
     if (!found && !EqualNoCase(wanted, u"EOF"))
-        return mode == LabelSearch::Silent ? result::error : MVError(errors::labelNotFound, wanted);
+        return mode == LabelSearch::Silent ? result::error
+                                           : BatchTextError(errors::labelNotFound, wanted, line);
     if (mode == LabelSearch::Subroutine)
         EnterSubroutine(frame, wanted, found ? search.Parameters() : std::u16string_view(), arguments);
     return result::success;

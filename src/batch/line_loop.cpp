@@ -187,6 +187,16 @@ void TraceLine(const BATCH_FRAME& frame, int depth, std::u16string_view line)
     PrintError(Format(u"[%d] %s:%u: %s\r\n", depth, FileNamePart(frame.fileName), frame.lineNumber, line));
 }
 
+// The file is at its end: an IFF that still stands open has no ENDIFF.
+int CloseOpenBlocks(TLS_VARIABLES& tls)
+{
+    const int open = std::exchange(tls.blocks.iffNesting, std::uint16_t{0});
+    tls.blocks.iffSkipped = 0;
+    if (open == 0)
+        return result::success;
+    return tls.errorLevel = BatchTextError(errors::noEndIff, u"IFF", tls.Frame()->lineNumber);
+}
+
 } // namespace
 
 int RunBatchLine(CString line)
@@ -208,9 +218,9 @@ int BatchLineLoop()
     while (goesOn && tls.batchIndex >= index && tls.Frame()->readOffset >= 0) {
         EnableSignals();
         if (!OpenBatchFile())
-            answer = result::error;
+            answer = tls.errorLevel = result::error;
         else if (!ReadBatchLine(line))
-            answer = result::success;
+            answer = CloseOpenBlocks(tls);
         else if (RunLine(tls, index, std::move(line), answer) && answer != result::abandonBatch)
             continue;
         goesOn = false;

@@ -44,6 +44,8 @@ bool EndsInEscape(std::u16string_view text, const Syntax& syntax)
 int CompleteBlock(CString& text, bool forSet)
 {
     const Syntax syntax = CurrentSyntax();
+    const BATCH_FRAME* frame = Tls().Frame();
+    const unsigned firstLine = frame ? frame->lineNumber : 0;
     BlockScanner scanner(syntax);
     auto unfinished = [&] {
         while (scanner.Feed(text) != CString::npos) {
@@ -54,7 +56,9 @@ int CompleteBlock(CString& text, bool forSet)
     while (unfinished() || forSet) {
         forSet = false;
         if (!ReadFollowingLine(line))
-            return MVError(errors::unfinishedBlock), result::abandonBatch;
+            return BatchTextError(errors::unfinishedBlock, text.view().substr(0, text.Find(u'\n')),
+                                  firstLine),
+                   result::abandonBatch;
         while (EndsInEscape(line, syntax)) {
             CString next;
             if (!ReadFollowingLine(next))

@@ -129,6 +129,13 @@ int MVError(unsigned code, std::u16string_view argument)
     return result::error;
 }
 
+int BatchTextError(unsigned code, std::u16string_view argument, unsigned line)
+{
+    const BATCH_FRAME* frame = Tls().Frame();
+    return frame ? MVError(code, Format(u"\"%s\" (%s, line %u)", argument, frame->fileName, line))
+                 : MVError(code, argument);
+}
+
 int ErrorMsgBox(unsigned code, std::u16string_view argument) { return MVError(code, argument); }
 
 void honk() { PrintError(u"\a"); }
