@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "core/pipe_programs.h"
 #include "engine/break.h"
 #include "engine/inifile.h"
 #include "engine/results.h"
@@ -89,29 +90,40 @@ int PipeChild::Start(const CString& text, OwnedHandle& writeEnd)
     SECURITY_ATTRIBUTES inheritable = {sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
     if (!CreatePipe(&readHandle, &writeHandle, &inheritable, 0))
         return MVError(GetLastError());
-    const OwnedHandle readEnd(readHandle);
+    OwnedHandle readEnd(readHandle);
     writeEnd = OwnedHandle(writeHandle);
+    if (const auto programs = ReadPipePrograms(text))
+        return StartPipePrograms(*programs, std::move(readEnd), processes);
+    return StartShell(text, readEnd.Get());
+}
+
+int PipeChild::StartShell(const CString& text, HANDLE input)
+{
     if (!ShareContext())
         return MVError(GetLastError());
-
     const bool unicode = aIniFile.UnicodeOutput || aGlobals.unicodeOutput;
     ProcessStart start;
     start.program = aTexts.executable;
     start.commandLine = Format(u"\"%s\" /c %s %s", aTexts.executable, unicode ? u"/u" : u"", text);
     // A child takes our standard handles, whatever they are at that moment.
     const HANDLE ownInput = StandardHandle(0);
-    SetStandardHandle(0, readEnd.Get());
-    const unsigned code = process.Start(start);
+    SetStandardHandle(0, input);
+    ChildProcess shell;
+    const unsigned code = shell.Start(start);
     SetStandardHandle(0, ownInput);
     RemoveEnvironment(u"MOVAPIPE");
-    return code == 0 ? result::success : MVError(code, aTexts.executable);
+    if (code != 0)
+        return MVError(code, aTexts.executable);
+    processes.push_back(std::move(shell));
+    return result::success;
 }
 
 int PipeChild::Wait()
 {
-    if (!process.Wait(ThrowIfBroken))
-        return MVError(GetLastError());
-    return static_cast<int>(process.ExitCode().value_or(0));
+    for (ChildProcess& process : processes)
+        if (!process.Wait(ThrowIfBroken))
+            return MVError(GetLastError());
+    return processes.empty() ? result::success : static_cast<int>(processes.back().ExitCode().value_or(0));
 }
 
 void InheritPipeContext()
