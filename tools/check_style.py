@@ -72,6 +72,7 @@ CHECKS = {
     "floors": floors,
     "messages": messages,
     "settings": settings,
+    "reference": reference,
     "Windows only": windows_only,
 }
 
