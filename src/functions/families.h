@@ -187,6 +187,7 @@ int Unc_Function(FunctionCall& call);
 int Iniread_Function(FunctionCall& call);
 int Iniwrite_Function(FunctionCall& call);
 // matching.cpp
+int Email_Function(FunctionCall& call);
 int Regex_Function(FunctionCall& call);
 int Regexindex_Function(FunctionCall& call);
 int Regexsub_Function(FunctionCall& call);
@@ -272,6 +273,7 @@ int Arrayize_Function(FunctionCall& call);
 int Execarray_Function(FunctionCall& call);
 
 // definitions.cpp
+int Vartype_Function(FunctionCall& call);
 int Alias_Function(FunctionCall& call);
 int Function_Function(FunctionCall& call);
 
@@ -291,6 +293,7 @@ int Regbread_Function(FunctionCall& call);
 int Regbwrite_Function(FunctionCall& call);
 
 // processes.cpp
+int Systemtime_Function(FunctionCall& call);
 int Isproc_Function(FunctionCall& call);
 int Pid_Function(FunctionCall& call);
 int Ppid_Function(FunctionCall& call);
@@ -307,6 +310,7 @@ int Errtext_Function(FunctionCall& call);
 int Debug_Function(FunctionCall& call);
 
 // windows.cpp
+int Snapshot_Function(FunctionCall& call);
 int Wintitle_Function(FunctionCall& call);
 int Winclass_Function(FunctionCall& call);
 int Winpid_Function(FunctionCall& call);
@@ -396,3 +400,6 @@ int Getdir_Function(FunctionCall& call);
 int Getfolder_Function(FunctionCall& call);
 int Getdate_Function(FunctionCall& call);
 int Getdatetime_Function(FunctionCall& call);
+
+// library_calls.cpp
+int Capi_Function(FunctionCall& call);

@@ -128,3 +128,14 @@ int Rereplace_Function(FunctionCall& call)
     changed.Append(text.substr(done));
     return changed.size() > longestExpansion ? answer::tooLong : answer::Text(call, changed);
 }
+
+// @email[text]: 1 when the text has the form of an address of electronic mail, "name@host.domain".
+int Email_Function(FunctionCall& call)
+{
+    const Regex address(uR"([\w!#$%&'*+/=?^`{|}~-]+(?:\.[\w!#$%&'*+/=?^`{|}~-]+)*)"
+                        uR"(@(?:[A-Za-z0-9](?:[A-Za-z0-9-]{0,61}[A-Za-z0-9])?\.)+[A-Za-z]{2,63})",
+                        RegexSyntax::Perl, RegexMatch::Whole);
+    constexpr std::size_t longestAddress = 254;
+    const CString text = CString(call.arguments).Trim();
+    return answer::Flag(call, text.size() <= longestAddress && address.Search(text));
+}

@@ -10,6 +10,7 @@
 #include "engine/results.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "platform/file_details.h"
 #include "platform/process_family.h"
 #include "platform/process_list.h"
 #include "text/compare.h"
@@ -249,4 +250,24 @@ int Debug_Function(FunctionCall& call)
 {
     OutputDebugStringW(CString(call.arguments).w());
     return answer::Number(call, 0);
+}
+
+// @systemtime[n]: what the processors have done since the system started, all of them together, in
+// milliseconds: 0 idle, 1 in the system, 2 in programs.
+int Systemtime_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"n");
+    if (arguments.Error())
+        return arguments.Error();
+    FILETIME idle;
+    FILETIME kernel; // idle time included
+    FILETIME user;
+    if (!GetSystemTimes(&idle, &kernel, &user))
+        return SystemError();
+    const std::uint64_t ticks[] = {FileTimeNumber(idle), FileTimeNumber(kernel) - FileTimeNumber(idle),
+                                   FileTimeNumber(user)};
+    const std::int64_t n = arguments.Number(0);
+    if (n < 0 || n >= static_cast<std::int64_t>(std::size(ticks)))
+        return Refuse(errors::invalidNumber);
+    return answer::Number(call, static_cast<std::int64_t>(ticks[n] / 10'000));
 }

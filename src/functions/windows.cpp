@@ -11,7 +11,9 @@
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
 #include "platform/desktop.h"
+#include "platform/file_facts.h"
 #include "platform/process_list.h"
+#include "platform/screen_picture.h"
 #include "text/path_names.h"
 
 namespace {
@@ -177,4 +179,23 @@ int Mouse_Function(FunctionCall& call)
     if (n < 0 || n >= static_cast<std::int64_t>(std::size(buttons)))
         return Refuse(errors::invalidNumber);
     return answer::Flag(call, IsKeyDown(buttons[n]));
+}
+
+// @snapshot[file[,window]]: a picture of the window, or of all monitors, as a bitmap file; gives its full
+// name.
+int Snapshot_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"t|t");
+    if (arguments.Error())
+        return arguments.Error();
+    const CString file = FileArgument(arguments.Text(0));
+    if (file.empty())
+        return Refuse(errors::missingArgument);
+    const HWND window = arguments.Has(1) ? HandleOf(arguments.Text(1)) : nullptr;
+    if (arguments.Has(1) && !window)
+        return answer::Text(call, u"");
+    const unsigned failed = SavePicture(file, window);
+    if (failed == ERROR_INVALID_HANDLE)
+        return answer::Text(call, u"");
+    return failed ? Refuse(failed) : answer::ForeignText(call, FullPathName(file));
 }
