@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "engine/batch_entry.h"
 #include "engine/console_entry.h"
 #include "platform/codepage.h"
+#include "platform/turns.h"
 #include "text/encoding.h"
 
 namespace {
@@ -113,6 +115,7 @@ int ReadPipeLine(HANDLE pipe, CString& line, TextEncoding encoding, std::size_t 
     const std::size_t unitSize = encoding == TextEncoding::Utf16 ? 2 : 1;
     std::string bytes;
     std::size_t units = 0;
+    auto others = std::make_unique<WaitingAside>();
     while (units < maximum) {
         char unit[2] = {};
         DWORD got = 0;
@@ -125,6 +128,7 @@ int ReadPipeLine(HANDLE pipe, CString& line, TextEncoding encoding, std::size_t 
         if (!narrow || unit[0] != '\r')
             bytes.append(unit, unitSize);
     }
+    others.reset();
     if (encoding == TextEncoding::CodePage && IsValidUtf8(bytes))
         encoding = TextEncoding::Utf8;
     AppendDecoded(bytes, encoding, line);

@@ -35,6 +35,8 @@ int Exec_Command(CString& arguments)
         return MVError(errors::unknownCommand, WithoutQuotes(name));
     CString none;
     Cancel_Command(none);
+    if (tls.workerMustEnd)
+        return result::abandonBatch;
     aGlobals.exitRequested = 1;
     aGlobals.exitCode = tls.errorLevel;
     return result::abandonBatch;

@@ -28,6 +28,8 @@ int Exit_Command(CString& arguments)
     if (flags != 0 && tls.Frame())
         return Quit_Command(arguments);
     Cancel_Command(arguments);
+    if (tls.workerMustEnd)
+        return result::abandonBatch; // a thread's EXIT ends the thread
     aGlobals.exitRequested = 1;
     aGlobals.exitCode = tls.errorLevel;
     return result::abandonBatch;

@@ -63,6 +63,7 @@
 #include "commands/switch.h"
 #include "commands/system_report.h"
 #include "commands/text_block.h"
+#include "commands/thread.h"
 #include "commands/timer.h"
 #include "commands/title.h"
 #include "commands/touch.h"
@@ -297,7 +298,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TASKLIST", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"TEE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"TEXT", Text_Command, 0x402047, 1, u"", &textHelp},
-    {u"THREAD", Unbuilt_Command, 0x1002007, 1, u"", &unbuiltHelp},
+    {u"THREAD", Thread_Command, 0x3002007, 1, u"", &threadHelp},
     {u"TIME", Time_Command, 0x202007, 1, u"", &timeHelp},
     {u"TIMER", Timer_Command, 0x2007, 1, u"", &timerHelp},
     {u"TITLE", Title_Command, 0x202007, 1, u"", &titleHelp},

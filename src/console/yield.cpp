@@ -3,10 +3,12 @@
 #include "engine/state.h"
 #include "platform/clock.h"
 #include "platform/console.h"
+#include "platform/turns.h"
 
 void tty_yield()
 {
     constexpr std::uint64_t yieldEvery = 20; // milliseconds: letting queued calls run costs a system call
+    PassTurn();
     ThrowIfBroken();
     if (!HasConsole())
         return;

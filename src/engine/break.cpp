@@ -14,6 +14,7 @@ struct BreakMark {
     std::atomic<unsigned> waiting{0}; // the event's number + 1
     std::atomic<DWORD> threadId{0};
     OwnedHandle thread;
+    std::atomic<bool> workersTold{false};
 };
 
 BreakMark mark;
@@ -21,7 +22,17 @@ BreakMark mark;
 // It is enough that the wait ends: throwing from a queued call would unwind through the system's frames.
 void CALLBACK WakeUp(ULONG_PTR) {}
 
+void EndWorkerWhenTold()
+{
+    constexpr int brokenOff = 3;
+    const bool* told = Tls().workerMustEnd;
+    if (told && *told)
+        BreakOut(brokenOff);
+}
+
 } // namespace
+
+void TellWorkers() { mark.workersTold = true; }
 
 void TakeBreaksHere()
 {
@@ -65,12 +76,14 @@ void ThrowIfBroken()
     const unsigned seen = mark.waiting.load(std::memory_order_relaxed);
     if (seen != 0 && GetCurrentThreadId() == mark.threadId)
         BreakHandler(seen - 1);
+    if (mark.workersTold.load(std::memory_order_relaxed))
+        EndWorkerWhenTold();
 }
 
 void ThrowIfShellEnds()
 {
     const unsigned seen = mark.waiting.load(std::memory_order_relaxed);
-    if (seen != 0 && break_event::EndsShell(seen - 1))
+    if ((seen != 0 && break_event::EndsShell(seen - 1)) || (seen == 0 && mark.workersTold))
         ThrowIfBroken();
 }
 

@@ -19,6 +19,9 @@ constexpr unsigned shutDown = 6;
 constexpr bool EndsShell(unsigned event) { return event >= close; }
 } // namespace break_event
 
+// Threads whose workerMustEnd (engine/state.h) is set are to look at it from now on.
+void TellWorkers();
+
 // Breaks are for the calling thread from now on.
 void TakeBreaksHere();
 

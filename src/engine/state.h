@@ -214,9 +214,10 @@ struct TLS_VARIABLES {
     bool signalsHeld = false;
     bool breakPending = false;
     bool breakHappened = false;
-    unsigned breakEvent = 0;         // the event taken last, of break_event
-    bool listUpdating = false;       // an alias or function list is being changed
-    bool protectedOperation = false; // an operation that a break must not cut
+    const bool* workerMustEnd = nullptr; // of a thread that THREAD has made: whether it is told to end
+    unsigned breakEvent = 0;             // the event taken last, of break_event
+    bool listUpdating = false;           // an alias or function list is being changed
+    bool protectedOperation = false;     // an operation that a break must not cut
     StandardHandleKind handleKinds[3];
     StandardInputEncoding inputEncoding;
     std::uint64_t nextYield = 0;     // Ticks() when queued calls get their next turn
@@ -287,6 +288,7 @@ struct GlobalRooms {
     std::shared_ptr<class ArrayTable> arrays;          // expand/arrays.h
     std::shared_ptr<struct LogFiles> logs;             // engine/logs.cpp
     std::shared_ptr<struct JobList> jobs;              // core/jobs.h
+    std::shared_ptr<struct ThreadList> threads;        // core/threads.h
     std::shared_ptr<class OwnedHandle> nul;            // the device NUL, kept open for redirections
     std::shared_ptr<struct OpenTextFiles> files;       // functions/file_handles.cpp
     std::shared_ptr<struct OpenSearches> searches;     // functions/file_searches.cpp

@@ -85,6 +85,7 @@ constexpr unsigned unknownAttribute = 0x200002D2;    // 3722
 constexpr unsigned unknownOpenMode = 0x200002D3;     // 3723
 constexpr unsigned unknownTextKind = 0x200002D4;     // 3724
 constexpr unsigned timerNotRunning = 0x20000280;     // 3640
+constexpr unsigned noSuchThread = 0x20000288;        // 3648
 constexpr unsigned noEndIff = 0x20000287;            // 3647
 constexpr unsigned noSuchJob = 0x20000285;           // 3645
 constexpr unsigned invalidRegex = 0x200002BC;        // 3700

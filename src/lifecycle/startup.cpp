@@ -7,6 +7,7 @@
 #include "core/command_lookup.h"
 #include "core/pipes.h"
 #include "core/pseudo_devices.h"
+#include "core/threads.h"
 #include "engine/batch_entry.h"
 #include "engine/break.h"
 #include "engine/command_state.h"
@@ -107,6 +108,7 @@ int StartEngine(std::u16string_view iniName)
 
 void StopEngine()
 {
+    FinishThreads(break_event::EndsShell(Tls().breakEvent));
     EndAtBreak([] {
         while (ExitBatchFile() == result::success) {
         }

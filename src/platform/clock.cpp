@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include "platform/turns.h"
+
 namespace {
 
 ClockTime FromSystemTime(const SYSTEMTIME& time)
@@ -99,6 +101,7 @@ bool SleepWithPoll(std::uint64_t milliseconds, bool (*poll)())
         const std::uint64_t now = Ticks();
         if (now >= end)
             return true;
+        const WaitingAside others;
         SleepEx(static_cast<DWORD>(std::min(end - now, longestStep)), TRUE);
     }
     return false;

@@ -8,6 +8,7 @@
 
 #include "platform/clock.h"
 #include "platform/console_handles.h"
+#include "platform/turns.h"
 
 namespace {
 
@@ -106,7 +107,11 @@ bool WaitForKeyPress(HANDLE keyboard, WaitPoll poll)
 {
     poll();
     while (!PassOtherEvents(keyboard)) {
-        const DWORD woken = WaitForSingleObjectEx(keyboard, INFINITE, TRUE);
+        DWORD woken = WAIT_FAILED;
+        {
+            const WaitingAside others;
+            woken = WaitForSingleObjectEx(keyboard, INFINITE, TRUE);
+        }
         if (woken != WAIT_OBJECT_0 && woken != WAIT_IO_COMPLETION)
             return false;
         DWORD waiting = 0;
@@ -149,8 +154,13 @@ bool ReadPiece(CString& line, TypedLine& state)
     wchar_t* buffer = reinterpret_cast<wchar_t*>(line.Edit(old + unitsPerRead)) + old;
     DWORD units = 0;
     SetLastError(ERROR_SUCCESS);
-    const BOOL done = ReadConsoleW(ConsoleKeyboard(), buffer, unitsPerRead, &units, nullptr);
-    const DWORD reason = GetLastError();
+    BOOL done = FALSE;
+    DWORD reason = 0;
+    {
+        const WaitingAside others;
+        done = ReadConsoleW(ConsoleKeyboard(), buffer, unitsPerRead, &units, nullptr);
+        reason = GetLastError();
+    }
     line.SetLength(old + (done ? units : 0));
     state = TypedLine::Complete;
     if (reason == ERROR_OPERATION_ABORTED)
@@ -197,6 +207,7 @@ ConsoleInput ReadKeyOrPress(WaitPoll poll, std::optional<std::uint64_t> millisec
         if (milliseconds && now >= end)
             return {InputKind::TimedOut, {}, {}};
         const std::uint64_t step = milliseconds ? std::min(end - now, longestStep) : longestStep;
+        const WaitingAside others;
         if (WaitForSingleObjectEx(keyboard, static_cast<DWORD>(step), TRUE) == WAIT_FAILED)
             return input;
     }

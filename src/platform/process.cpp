@@ -6,6 +6,7 @@
 
 #include "platform/environment.h"
 #include "platform/standard_handles.h"
+#include "platform/turns.h"
 
 namespace {
 
@@ -174,7 +175,12 @@ unsigned ChildProcess::Start(const ProcessStart& start)
 bool ChildProcess::Wait(void (*poll)())
 {
     for (;;) {
-        switch (WaitForSingleObjectEx(process.Get(), waitStep, TRUE)) {
+        DWORD waited = WAIT_FAILED;
+        {
+            const WaitingAside others;
+            waited = WaitForSingleObjectEx(process.Get(), waitStep, TRUE);
+        }
+        switch (waited) {
         case WAIT_OBJECT_0: return true;
         case WAIT_FAILED: return false;
         default: break;
