@@ -17,7 +17,7 @@ import time
 from pathlib import Path
 
 import batch_benches
-from contestants import BIN, REFERENCE, batch_jobs, both, start_of, windows
+from contestants import BIN, REFERENCE, SHELLS, batch_jobs, both, start_of, windows
 
 ROOT = Path(__file__).resolve().parent.parent
 PREFIX = ROOT / "build" / "wine" / "bench"
@@ -79,7 +79,7 @@ def ini_file(folder):
     orv = windows(BIN / "ORV.exe")
     jobs = {f"{name} lines": [orv, f"@{windows(folder / file)}", "/C", "rem"] for name, file in
             (("250", "large.ini"), ("no", "empty.ini"))}
-    return jobs | {"command prompt": [CMD, "/C", "rem"]}, None
+    return jobs | {REFERENCE: [*SHELLS[REFERENCE], "rem"]}, None
 
 
 def walk_tree(folder, files):
