@@ -129,20 +129,11 @@ int Attrib_Command(CString& arguments)
     Attributes attributes(options, change);
     for (const CString& name : names) {
         search.attributes = masks;
-        search.error = 0;
         const bool takesDirectories = (flags & 1) != 0 || (masks.required & file_attribute::directory) != 0 ||
                                       !HasWildcards(WithoutQuotes(name));
         if (!takesDirectories)
             search.attributes.forbidden |= file_attribute::directory;
-        bool any = false;
-        for (bool found = FindFiles(search, name); found && !attributes.work.IsStopped();
-             found = FindFiles(search)) {
-            any = true;
-            attributes.Take(search);
-        }
-        if (search.error != 0)
-            attributes.work.Failed(search.error, search.failed);
-        else if (!any)
+        if (!attributes.work.ForEachFile(search, name, [&] { attributes.Take(search); }))
             attributes.work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(name));
     }
     return attributes.Finish();

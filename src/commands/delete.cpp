@@ -64,23 +64,14 @@ public:
     {
         if (!IsEverythingWanted(argument))
             return;
-        search.error = 0;
-        StartSearch(search, argument);
-        SearchedDirectory directory;
-        std::vector<CString> walked;
-        std::size_t matches = 0;
-        while (!work.IsStopped() && NextDirectory(search, directory)) {
-            if (directory.found.error)
-                work.Failed(directory.found.error, directory.found.name);
-            matches += directory.found.files.size();
+        std::vector<CString> below;
+        work.ForEachDirectory(search, argument, [&](const SearchedDirectory& directory) {
             DeleteIn(directory);
             if (directory.found.depth > 0)
-                walked.push_back(directory.found.name);
-        }
+                below.push_back(directory.found.name);
+        });
         if (options.emptyDirectories)
-            RemoveEmpty(walked);
-        if (matches == 0 && !work.IsStopped() && search.error == 0)
-            work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(argument));
+            RemoveEmpty(below);
     }
 
     FileWork work;
@@ -107,14 +98,10 @@ private:
     void DeleteIn(const SearchedDirectory& directory)
     {
         DescriptionChanges descriptions(directory.found.name);
-        try {
-            for (const FoundFile& file : directory.found.files)
-                DeleteFile(directory, file, descriptions);
-        } catch (...) {
-            descriptions.Write();
-            throw;
-        }
-        descriptions.Write();
+        for (const FoundFile& file : directory.found.files)
+            DeleteFile(directory, file, descriptions);
+        if (const unsigned failed = descriptions.Write())
+            work.Failed(failed, directory.found.name);
     }
 
     void DeleteFile(const SearchedDirectory& directory, const FoundFile& file,

@@ -1,5 +1,7 @@
 #include "commands/file_work.h"
 
+#include <windows.h>
+
 #include "core/command_switches.h"
 #include "engine/break.h"
 #include "engine/console_entry.h"
@@ -9,6 +11,8 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "lang/messages.h"
+#include "text/path_names.h"
+#include "text/words.h"
 
 int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search, FileWorkOptions& options,
                  std::uint64_t& ownFlags)
@@ -30,6 +34,15 @@ int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search
     return result::success;
 }
 
+AttributeMasks MasksFor(const CString& argument, const FILESEARCH& search, const AttributeMasks& asked)
+{
+    AttributeMasks masks = asked;
+    const bool picks = search.deepest > 0 || HasWildcards(WithoutQuotes(argument));
+    if (picks && (asked.required & file_attribute::directory) == 0)
+        masks.forbidden |= file_attribute::directory;
+    return masks;
+}
+
 void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16string_view newName)
 {
     if (aIniFile.SHChangeNotify)
@@ -42,6 +55,36 @@ FileWork::FileWork(std::u16string_view counterName, const FileWorkOptions& switc
     const bool everyday = CurrentSyntax().cmdDelimiters && !options.pretends && !options.totalsOnly;
     showsLines = !options.quiet && !options.totalsOnly && !everyday;
     showsTotals = !options.quiet && !(everyday && manners == BatchManners::Silent);
+}
+
+void FileWork::ForEachDirectory(FILESEARCH& search, const CString& argument,
+                                const std::function<void(const SearchedDirectory&)>& visit)
+{
+    search.error = 0;
+    StartSearch(search, argument);
+    SearchedDirectory directory;
+    bool any = false;
+    while (!stopped && NextDirectory(search, directory)) {
+        if (directory.found.error)
+            Failed(directory.found.error, directory.found.name);
+        any = any || !directory.found.files.empty();
+        visit(directory);
+    }
+    if (!any && !stopped && search.error == 0)
+        Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(argument));
+}
+
+bool FileWork::ForEachFile(FILESEARCH& search, const CString& argument, const std::function<void()>& visit)
+{
+    search.error = 0;
+    bool any = false;
+    for (bool found = FindFiles(search, argument); found && !stopped; found = FindFiles(search)) {
+        any = true;
+        visit();
+    }
+    if (search.error != 0)
+        Failed(search.error, search.failed);
+    return any || search.error != 0;
 }
 
 bool FileWork::Wants(unsigned question, std::u16string_view name)

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "commands/search_switches.h"
@@ -39,6 +40,10 @@ struct FileWorkOptions {
 int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search, FileWorkOptions& options,
                  std::uint64_t& ownFlags);
 
+// Wildcards and searches of subdirectories mean files, unless /AD asked for directories; a plain name means
+// either.
+AttributeMasks MasksFor(const CString& argument, const FILESEARCH& search, const AttributeMasks& asked);
+
 // Tells the desktop's folder windows of a change when the setting SHChangeNotify asks for it.
 void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16string_view newName = {});
 
@@ -53,6 +58,13 @@ public:
     bool Pretends() const { return options.pretends; }
     // No more is to be done: the person said so.
     bool IsStopped() const { return stopped; }
+
+    // Has the search's matches of the argument visited, one directory after the other. What could not be
+    // searched, and a name that nothing matches, are errors.
+    void ForEachDirectory(FILESEARCH& search, const CString& argument,
+                          const std::function<void(const SearchedDirectory&)>& visit);
+    // The same, one file after the other. Finding nothing is left to the caller: false then.
+    bool ForEachFile(FILESEARCH& search, const CString& argument, const std::function<void()>& visit);
 
     // Whether to change this one; asks with message `question` under /P.
     bool Wants(unsigned question, std::u16string_view name);

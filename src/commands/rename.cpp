@@ -47,18 +47,8 @@ public:
 
     void RenameAll(FILESEARCH& search, const CString& argument)
     {
-        search.error = 0;
-        StartSearch(search, argument);
-        SearchedDirectory directory;
-        std::size_t matches = 0;
-        while (!work.IsStopped() && NextDirectory(search, directory)) {
-            if (directory.found.error)
-                work.Failed(directory.found.error, directory.found.name);
-            matches += directory.found.files.size();
-            RenameIn(directory);
-        }
-        if (matches == 0 && !work.IsStopped() && search.error == 0)
-            work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(argument));
+        work.ForEachDirectory(search, argument,
+                              [this](const SearchedDirectory& directory) { RenameIn(directory); });
     }
 
     FileWork work;
@@ -67,13 +57,8 @@ private:
     void RenameIn(const SearchedDirectory& directory)
     {
         DescriptionChanges descriptions(directory.found.name);
-        try {
-            for (const FoundFile& file : directory.found.files)
-                Rename(directory, file, descriptions);
-        } catch (...) {
-            descriptions.Write();
-            throw;
-        }
+        for (const FoundFile& file : directory.found.files)
+            Rename(directory, file, descriptions);
         if (const unsigned failed = descriptions.Write())
             work.Failed(failed, directory.found.name);
     }
@@ -138,10 +123,7 @@ int Rename_Command(CString& arguments)
     const AttributeMasks masks = search.attributes;
     Renaming renaming(options, newName);
     for (const CString& name : names) {
-        search.attributes = masks;
-        const bool picks = HasWildcards(WithoutQuotes(name)) || search.deepest > 0;
-        if (picks && (masks.required & file_attribute::directory) == 0)
-            search.attributes.forbidden |= file_attribute::directory;
+        search.attributes = MasksFor(name, search, masks);
         renaming.RenameAll(search, name);
     }
     return renaming.work.Finish(message::filesRenamed);

@@ -151,19 +151,13 @@ public:
 
     void TouchAll(FILESEARCH& search, const CString& argument)
     {
-        search.error = 0;
-        bool any = false;
-        for (bool found = FindFiles(search, argument); found && !work.IsStopped();
-             found = FindFiles(search)) {
-            any = true;
+        const bool any = work.ForEachFile(search, argument, [&] {
             const EntryFacts& facts = search.file.facts;
             if (work.Wants(message::askTouch, search.name))
                 Touch(search.fullName, search.name, facts.attributes,
                       TimesFor(options, facts.written, facts.accessed, facts.created));
-        }
-        if (search.error != 0)
-            work.Failed(search.error, search.failed);
-        else if (!any)
+        });
+        if (!any)
             Create(WithoutQuotes(argument));
     }
 
@@ -243,10 +237,7 @@ int Touch_Command(CString& arguments)
     const AttributeMasks masks = search.attributes;
     Touching touching(workOptions, options);
     for (const CString& name : names) {
-        search.attributes = masks;
-        const bool picks = HasWildcards(WithoutQuotes(name)) || search.deepest > 0;
-        if (picks && (masks.required & file_attribute::directory) == 0)
-            search.attributes.forbidden |= file_attribute::directory;
+        search.attributes = MasksFor(name, search, masks);
         touching.TouchAll(search, name);
     }
     return touching.work.Finish(0);

@@ -83,12 +83,7 @@ unsigned Start(const PipeProgram& program, HANDLE input, ChildProcess& child)
     start.program = SystemPath(program.file);
     start.commandLine = ProcessLine(program.file, program.arguments);
     start.creation = CREATE_DEFAULT_ERROR_MODE;
-    // A child takes our standard handles, whatever they are at that moment.
-    const HANDLE ownInput = StandardHandle(0);
-    SetStandardHandle(0, input);
-    const unsigned code = child.Start(start);
-    SetStandardHandle(0, ownInput);
-    return code;
+    return StartReading(start, input, child);
 }
 
 // A program that another one reads from; `input` is what it reads itself, and becomes what the next one does.
@@ -110,6 +105,16 @@ unsigned StartBeforeAnother(const PipeProgram& program, OwnedHandle& input, Chil
 }
 
 } // namespace
+
+unsigned StartReading(const ProcessStart& start, HANDLE input, ChildProcess& child)
+{
+    // A child takes our standard handles, whatever they are at that moment.
+    const HANDLE ownInput = StandardHandle(0);
+    SetStandardHandle(0, input);
+    const unsigned code = child.Start(start);
+    SetStandardHandle(0, ownInput);
+    return code;
+}
 
 std::optional<std::vector<PipeProgram>> ReadPipePrograms(const CString& text)
 {

@@ -9,6 +9,9 @@
 #include "platform/process.h"
 #include "text/cstring.h"
 
+// Starts a process whose standard input is `input`; 0, or a Windows error number.
+unsigned StartReading(const ProcessStart& start, HANDLE input, ChildProcess& child);
+
 // A program of the right side.
 struct PipeProgram {
     CString file;      // full name

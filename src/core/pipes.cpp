@@ -8,7 +8,6 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "platform/environment.h"
-#include "platform/standard_handles.h"
 #include "text/format.h"
 
 namespace {
@@ -105,12 +104,8 @@ int PipeChild::StartShell(const CString& text, HANDLE input)
     ProcessStart start;
     start.program = aTexts.executable;
     start.commandLine = Format(u"\"%s\" /c %s %s", aTexts.executable, unicode ? u"/u" : u"", text);
-    // A child takes our standard handles, whatever they are at that moment.
-    const HANDLE ownInput = StandardHandle(0);
-    SetStandardHandle(0, input);
     ChildProcess shell;
-    const unsigned code = shell.Start(start);
-    SetStandardHandle(0, ownInput);
+    const unsigned code = StartReading(start, input, shell);
     RemoveEnvironment(u"MOVAPIPE");
     if (code != 0)
         return MVError(code, aTexts.executable);

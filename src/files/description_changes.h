@@ -1,5 +1,6 @@
 // Keeping the descriptions of a directory in step with its files while a command deletes or renames many of
-// them: the description file is read at the first change and written once, at the end.
+// them: the description file is read at the first change and written once, at the latest when the object
+// goes, so that a break in the middle loses nothing.
 #pragma once
 
 #include <optional>
@@ -13,6 +14,9 @@ class DescriptionChanges {
 public:
     // With a separator at the end, or "" for the current directory.
     explicit DescriptionChanges(std::u16string_view ofDirectory) : directory(ofDirectory) {}
+    DescriptionChanges(const DescriptionChanges&) = delete;
+    DescriptionChanges& operator=(const DescriptionChanges&) = delete;
+    ~DescriptionChanges() { Write(); }
 
     void Remove(std::u16string_view name);
     void Rename(std::u16string_view name, std::u16string_view newName);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "functions/arguments.h"
+#include "text/code_points.h"
 #include "text/compare.h"
 #include "text/format.h"
 
@@ -50,11 +51,7 @@ int AnswerCodes(FunctionCall& call, View pattern)
     const View text = call.arguments;
     call.value.Clear();
     for (std::size_t at = 0; at < text.size(); ++at) {
-        std::uint32_t code = text[at];
-        const bool pair =
-            (code & 0xFC00) == 0xD800 && at + 1 < text.size() && (text[at + 1] & 0xFC00) == 0xDC00;
-        if (pair)
-            code = 0x10000 + ((code - 0xD800) << 10) + (text[++at] - 0xDC00u);
+        const std::uint32_t code = CodePointAt(text, at);
         if (!call.value.empty())
             call.value.Append(u' ');
         FormatInto(call.value, pattern, {code});
@@ -83,11 +80,7 @@ int Char_Function(FunctionCall& call)
         std::int64_t code = 0;
         if (!ReadNumberArgument(rest.substr(start, end - start), code) || code < 1 || code > 0x10FFFF)
             return static_cast<int>(errors::invalidNumber);
-        if (code >= 0x10000) {
-            text.Append(static_cast<char16_t>(0xD7C0 + (code >> 10)));
-            code = 0xDC00 + (code & 0x3FF);
-        }
-        text.Append(static_cast<char16_t>(code));
+        AppendCodePoint(text, static_cast<std::uint32_t>(code));
         rest.remove_prefix(end);
     }
     if (text.empty())

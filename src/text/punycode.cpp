@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "text/code_points.h"
 #include "text/compare.h"
 
 namespace {
@@ -45,11 +46,7 @@ Points PointsOf(View text)
 {
     Points points;
     for (std::size_t at = 0; at < text.size(); ++at) {
-        std::uint32_t code = text[at];
-        const bool pair =
-            (code & 0xFC00) == 0xD800 && at + 1 < text.size() && (text[at + 1] & 0xFC00) == 0xDC00;
-        if (pair)
-            code = 0x10000 + ((code - 0xD800) << 10) + (text[++at] - 0xDC00u);
+        const std::uint32_t code = CodePointAt(text, at);
         points += IsSurrogate(code) ? U'\uFFFD' : static_cast<char32_t>(code);
     }
     return points;
@@ -58,13 +55,8 @@ Points PointsOf(View text)
 CString TextOf(const Points& points)
 {
     CString text;
-    for (char32_t code : points) {
-        if (code >= 0x10000) {
-            text.Append(static_cast<char16_t>(0xD7C0 + (code >> 10)));
-            code = 0xDC00 + (code & 0x3FF);
-        }
-        text.Append(static_cast<char16_t>(code));
-    }
+    for (const char32_t code : points)
+        AppendCodePoint(text, code);
     return text;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "text/code_points.h"
 #include "text/compare.h"
 #include "text/encoding.h"
 #include "text/html_entities.h"
@@ -24,15 +25,6 @@ bool IsUnreserved(char unit)
     const auto wide = static_cast<char16_t>(static_cast<unsigned char>(unit));
     return IsDigit(wide) || IsAsciiLetter(wide) ||
            std::string_view("-._~").find(unit) != std::string_view::npos;
-}
-
-void AppendCodePoint(CString& text, std::uint32_t code)
-{
-    if (code >= 0x10000) {
-        text.Append(static_cast<char16_t>(0xD7C0 + (code >> 10)));
-        code = 0xDC00 + (code & 0x3FF);
-    }
-    text.Append(static_cast<char16_t>(code));
 }
 
 // "#65" or "#x41"; 0 for anything that is no character.
