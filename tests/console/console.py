@@ -8,6 +8,8 @@ import time
 
 ROWS, COLUMNS = 30, 80
 PATIENCE = 20.0
+START_PATIENCE = 10.0  # a console opens in a fraction of a second, or not at all
+STARTS = 3
 
 
 class Failure(Exception):
@@ -38,12 +40,23 @@ class Console:
         settings = [part for name, value in variables.items() if value is not None for part in ("-e", f"{name}={value}")]
         shell = [self.machine.wine(), self.machine.PROGRAMS + "\\ORV.exe", "//Copyright=No", *arguments]
         size = ["-x", str(COLUMNS), "-y", str(ROWS)]
-        # The pane stays when the shell ends, so that its last screen and its exit code can be read.
-        self.tmux(
-            "start-server", ";", "set", "-g", "remain-on-exit", "on", ";", "set", "-g", "remain-on-exit-format", "", ";",
-            "set", "-g", "status", "off", ";", "new-session", "-d", *size, *settings, "-c", str(self.folder), "--", *shell,
-        )
-        self.wait(self.takes_keys, ["a terminal in raw mode"], self.rows)
+        for attempt in range(1, STARTS + 1):
+            # The pane stays when the shell ends, so that its last screen and its exit code can be read.
+            self.tmux(
+                "start-server", ";", "set", "-g", "remain-on-exit", "on", ";", "set", "-g", "remain-on-exit-format", "",
+                ";", "set", "-g", "status", "off", ";", "new-session", "-d", *size, *settings, "-c", str(self.folder),
+                "--", *shell,
+            )
+            try:
+                return self.wait(self.takes_keys, ["a terminal in raw mode"], self.state, START_PATIENCE)
+            except Failure as failure:
+                # Rarely the emulated console host never takes its terminal, before the
+                # shell has a say. What ended or wrote something is the shell's own failure.
+                if attempt == STARTS or self.rows() or self.facts("#{pane_dead}") == "1":
+                    raise
+                print(f"note: a console did not open; trying again\n{failure}", flush=True)
+                self.close()
+                self.socket += "x"
 
     def takes_keys(self):
         """Keys that come before the console is ready are echoed by the terminal, and Enter becomes a line feed."""
@@ -76,8 +89,16 @@ class Console:
     def facts(self, pattern):
         return self.tmux("display-message", "-p", pattern).rstrip("\n")
 
-    def wait(self, holds, expected, found):
-        limit = time.monotonic() + PATIENCE
+    def state(self):
+        """The screen and the processes behind it."""
+        pane = self.facts("#{pane_pid} #{pane_tty} #{pane_dead}")
+        columns = "pid,ppid,stat,wchan:24,args"
+        listing = subprocess.run(["ps", "-eo", columns], capture_output=True, text=True, check=False).stdout
+        ours = [row[:120] for row in listing.split("\n") if "ORV" in row or "conhost" in row or "wineserver" in row]
+        return [*self.rows(), f"pane {pane}", *ours]
+
+    def wait(self, holds, expected, found, patience=PATIENCE):
+        limit = time.monotonic() + patience
         while not holds():
             if time.monotonic() > limit:
                 raise Failure(f"waited for:\n{indented(expected)}\nfound:\n{indented(found())}")
