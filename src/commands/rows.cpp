@@ -25,6 +25,7 @@
 #include "commands/dir.h"
 #include "commands/directory.h"
 #include "commands/do.h"
+#include "commands/drawing.h"
 #include "commands/echo.h"
 #include "commands/eset.h"
 #include "commands/exec.h"
@@ -130,9 +131,9 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DISKMONITOR", Unbuilt_Command, 0x1082117, 1, u"dirs", &unbuiltHelp},
     {u"DNS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"DO", Do_Command, 0x400014, 1, u"", &doHelp},
-    {u"DRAWBOX", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"DRAWHLINE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"DRAWVLINE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"DRAWBOX", Drawbox_Command, 0x2007, 1, u"", &drawboxHelp},
+    {u"DRAWHLINE", Drawhline_Command, 0x2007, 1, u"", &drawhlineHelp},
+    {u"DRAWVLINE", Drawvline_Command, 0x2007, 1, u"", &drawvlineHelp},
     {u"ECHO", Echo_Command, 0x604207, 1, u"", &echoHelp},
     {u"ECHOERR", Echoerr_Command, 0x4207, 1, u"", &echoerrHelp},
     {u"ECHOS", Echos_Command, 0x4207, 1, u"", &echosHelp},
@@ -261,10 +262,10 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"RMDIR", RemoveDirectory_Command, 0x282327, 1, u"dirs", &removeDirectoryHelp},
     {u"RSHELL", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"SAVECONSOLE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"SCREEN", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"SCREEN", Screen_Command, 0x2007, 1, u"", &screenHelp},
     {u"SCREENMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"SCRIPT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"SCRPUT", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"SCRPUT", Scrput_Command, 0x2007, 1, u"", &scrputHelp},
     {u"SELECT", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
     {u"SENDHTML", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"SENDMAIL", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
@@ -335,7 +336,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"VERIFY", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
     {u"VIEW", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"VOL", Unbuilt_Command, 0x202107, 1, u"dirs", &unbuiltHelp},
-    {u"VSCRPUT", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"VSCRPUT", Vscrput_Command, 0x2007, 1, u"", &vscrputHelp},
     {u"WAITFOR", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"WAKEONLAN", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"WATCH", Unbuilt_Command, 0x1082007, 1, u"", &unbuiltHelp},

@@ -106,6 +106,7 @@ constexpr unsigned noHost = 0x200002E7;              // 3743
 constexpr unsigned noSharedMemory = 0x200002E8;      // 3744
 constexpr unsigned noProcessVariable = 0x200002E9;   // 3745
 constexpr unsigned noSuchError = 0x200002EA;         // 3746
+constexpr unsigned offScreen = 0x20000460;           // 4120
 } // namespace errors
 
 namespace message {

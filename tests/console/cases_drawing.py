@@ -1,0 +1,41 @@
+"""What SCREEN, SCRPUT, VSCRPUT and the DRAW commands put on the screen."""
+
+from registry import case
+
+
+@case("boxes and lines join where they meet, texts stand at their places")
+def drawing(console):
+    console.file(
+        "draw.btm",
+        "@echo off",
+        "cls",
+        "drawbox 1 2 7 20 1 bright white on blue",
+        "drawbox 1 12 4 30 2",
+        "drawhline 5 2 19 1",
+        "drawvline 1 6 7 2",
+        "scrput 2 3 red on black Hi",
+        "vscrput 2 4 down",
+        "scrput 999 999 \" <mid> \"",
+        "screen 10 3 cursor",
+        "scrput +1 -2 there",
+        "screen 12 0",
+        "drawhline 9 75 99 2",
+    )
+    console.start()
+    console.shows(">")
+    console.line("draw")
+    console.shows(
+        "  ┌───╥─────╦═══════╤═════════╗",
+        "  │Hd ║     ║       │         ║",
+        "  │ o ║     ║       │         ║",
+        "  │ w ║     ╚═══════╪═════════╝",
+        "  ├─n─╫─────────────┤",
+        "  │   ║             │",
+        "  └───╨─────────────┘",
+        "                                                                           ═════",
+        "   cursor",
+        "       there",
+        ">",
+        "                                     <mid>",
+    )
+    console.has_colors("\x1b[31m")
