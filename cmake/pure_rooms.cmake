@@ -29,6 +29,8 @@ set(MOVACORE_PURE_ROOMS
   src/console/history_block.cpp
   src/console/history_rules.cpp
   src/console/key_codes.cpp
+  src/console/key_press_names.cpp
+  src/console/key_stack.cpp
   src/console/prompt_codes.cpp
   src/core/alias_substitution.cpp
   src/core/association_template.cpp

@@ -1,0 +1,39 @@
+// The EditorConsole that the process is attached to. It owns the console's modes: one at a time, for as long
+// as single keys are read.
+#pragma once
+
+#include "console/editor_console.h"
+#include "platform/console_drawing.h"
+
+class SystemEditorConsole : public EditorConsole {
+public:
+    // False when there is no console to work with.
+    explicit operator bool() const { return static_cast<bool>(raw); }
+
+    ConsoleEvent Wait(std::optional<std::uint64_t> milliseconds) override;
+    std::size_t Waiting() override;
+    void WatchMouse(bool on) override;
+    ScreenExtent Extent() override;
+    ScreenPlace Cursor() override;
+    void PlaceCursor(ScreenPlace place) override;
+    void ShapeCursor(int percent) override;
+    unsigned Attributes() override;
+    void WriteRun(ScreenPlace place, std::u16string_view text, unsigned attributes) override;
+    void WriteText(std::u16string_view text) override;
+    int MakeRoom(int row) override;
+    std::vector<ScreenCell> ReadCells(const ScreenArea& area) override;
+    void WriteCells(const ScreenArea& area, const std::vector<ScreenCell>& cells) override;
+    std::optional<CString> ReadClipboard() override;
+    bool WriteClipboard(std::u16string_view text) override;
+    void Beep() override;
+
+    ~SystemEditorConsole() override;
+
+private:
+    std::optional<ConsoleEvent> StackedEvent();
+
+    RawConsole raw;
+    KeyPress repeated;
+    unsigned repeats = 0; // how many times `repeated` comes again
+    std::optional<unsigned> attributesBefore;
+};

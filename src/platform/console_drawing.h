@@ -1,0 +1,56 @@
+// Drawing on the console cell by cell, and its input as raw events: what an editor on the console stands on.
+// Places count from 0 in the screen buffer.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "platform/console_keys.h"
+
+// While it lives every key comes as a key, Ctrl+C as well, changes of size are told, and text at the end of a
+// row stays there in place of going on in the next one. One at a time.
+class RawConsole {
+public:
+    RawConsole();
+    ~RawConsole();
+    RawConsole(const RawConsole&) = delete;
+    RawConsole& operator=(const RawConsole&) = delete;
+    explicit operator bool() const { return usable; }
+
+private:
+    bool usable = false;
+    unsigned long inputMode = 0;
+    unsigned long outputMode = 0;
+};
+
+enum class RawEventKind { None, TimedOut, Key, Press, Wheel, Resized };
+struct RawEvent {
+    RawEventKind kind = RawEventKind::None;
+    KeyPress key;
+    unsigned repeats = 1;
+    MousePress press;
+    int wheel = 0;
+};
+// As ReadKeyOrPress of console_keys.h, with wheel and size; buttons only as WatchMouse asked for them.
+RawEvent ReadRawEvent(WaitPoll poll, std::optional<std::uint64_t> milliseconds);
+std::size_t WaitingEvents();
+
+// False when the console refused.
+bool MoveCursor(int row, int column);
+// Height in percent of a cell, 0 hides the cursor.
+void SetCursorHeight(int percent);
+// Characters with colours at the cursor, with no heed to escape sequences.
+bool WriteColored(std::u16string_view text, unsigned attributes);
+
+// Text at the cursor as usual, going on in the next row at the end of one.
+bool WriteWrapped(std::u16string_view text);
+
+struct ConsoleCell {
+    char16_t unit = u' ';
+    unsigned attributes = 7;
+};
+// Row by row; empty when the console refused.
+std::vector<ConsoleCell> ReadConsoleCells(int row, int column, int rows, int columns);
+bool WriteConsoleCells(int row, int column, int rows, int columns, const std::vector<ConsoleCell>& cells);

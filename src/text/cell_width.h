@@ -1,0 +1,16 @@
+// How many cells of a console a character takes, and where characters begin as people see them: a character
+// and the marks that combine with it are one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+// 0 for marks that combine with the character before them, 2 for wide characters, else 1. Control characters
+// count as 1.
+int CellWidth(std::uint32_t code);
+int TextWidth(std::u16string_view text);
+
+// Where the character behind the one at `at` begins, and the one before it; the ends of the text at its ends.
+std::size_t NextCharacter(std::u16string_view text, std::size_t at);
+std::size_t PreviousCharacter(std::u16string_view text, std::size_t at);
