@@ -11,7 +11,6 @@
 #include "files/dates.h"
 #include "files/descriptions.h"
 #include "files/directory_name.h"
-#include "platform/console.h"
 #include "text/compare.h"
 #include "text/path_names.h"
 
@@ -20,7 +19,6 @@ namespace {
 constexpr std::size_t outputBlock = 16384; // units written at once
 constexpr std::uint32_t junctionTag = 0xA0000003;
 constexpr std::uint32_t symbolicLinkTag = 0xA000000C;
-constexpr std::uint64_t ticksPerMillisecond = 10'000;
 
 bool IsDots(std::u16string_view name) { return name == u"." || name == u".."; }
 
@@ -40,12 +38,6 @@ template <typename T> int Compare(const T& a, const T& b) { return a < b ? -1 : 
 DirListing::DirListing(const DirOptions& what)
     : options(what), country(Country()), pager(what.pauses), questions(what.shortNames)
 {
-    const std::optional<ScreenFacts> screen =
-        aIniFile.ColorDir && IsConsole(1) ? ReadScreenFacts() : std::nullopt;
-    if (screen) {
-        colors = NameColors(aIniFile.ColorDir);
-        screenColors = screen->attributes;
-    }
     texts.directory = LoadMessage(message::directoryMark);
     texts.junction = LoadMessage(message::junctionMark);
     texts.directoryLink = LoadMessage(message::directoryLinkMark);
@@ -219,7 +211,7 @@ CString DirListing::ShownName(const FoundFile& file) const
 
 std::optional<unsigned> DirListing::ColorOf(const FoundFile& file) const
 {
-    return colors.Empty() ? std::nullopt : colors.Of(file.name, file.facts.attributes, screenColors);
+    return colors.Of(file.name, file.facts.attributes);
 }
 
 void DirListing::WriteBare(const SearchedDirectory& directory)
@@ -256,14 +248,7 @@ CString DirListing::Number(std::uint64_t number) const
 
 CString DirListing::TimeText(std::uint64_t fileTime)
 {
-    const std::uint64_t local = clock.ToLocal(fileTime);
-    const DayMoment moment = MomentOfFileTime(local);
-    const std::optional<calendar::Date> date = DateFromDays(moment.day);
-    const TimeOfDay time = {moment.second / 3600, moment.second / 60 % 60, moment.second % 60,
-                            static_cast<int>(local / ticksPerMillisecond % 1000)};
-    return Format(u"%s  %s",
-                  FormatDate(date.value_or(calendar::Date()), country.dateOrder, country.dateSeparator),
-                  FormatShortTime(time, country));
+    return FormatFileTime(clock.ToLocal(fileTime), country);
 }
 
 CString DirListing::KindText(const EntryFacts& facts) const

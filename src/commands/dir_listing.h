@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "commands/dir_options.h"
+#include "commands/listing_colors.h"
 #include "commands/pager.h"
 #include "engine/painted_text.h"
 #include "files/descriptions.h"
 #include "files/directory_source.h"
 #include "files/file_search.h"
-#include "files/name_colors.h"
 #include "platform/national.h"
 
 class DirListing {
@@ -64,8 +64,7 @@ private:
     SystemRangeClock clock;
     std::optional<DirectoryDescriptions> descriptions; // of the directory that is written, where shown
     PaintedText waiting;                               // lines that are not written yet
-    NameColors colors;                                 // without rules where nobody would see them
-    unsigned screenColors = 0;
+    ListingColors colors;
     bool refused = false;
     CString volume;        // whose header was written last
     CString lastDirectory; // shown for the present argument

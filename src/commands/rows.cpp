@@ -21,6 +21,7 @@
 #include "commands/date_time.h"
 #include "commands/delay.h"
 #include "commands/delete.h"
+#include "commands/describe.h"
 #include "commands/detach.h"
 #include "commands/dir.h"
 #include "commands/directory.h"
@@ -68,6 +69,7 @@
 #include "commands/timer.h"
 #include "commands/title.h"
 #include "commands/touch.h"
+#include "commands/tree.h"
 #include "commands/true_false.h"
 #include "commands/type.h"
 #include "commands/unbuilt.h"
@@ -120,7 +122,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DEFER", Defer_Command, 0x2402064, 1, u"", &deferHelp},
     {u"DEL", Delete_Command, 0x286327, 1, u"", &deleteHelp},
     {u"DELAY", Delay_Command, 0x2007, 1, u"", &delayHelp},
-    {u"DESCRIBE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"DESCRIBE", Describe_Command, 0x82107, 1, u"", &describeHelp},
     {u"DESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"DETACH", Detach_Command, 0x524, 1, u"", &detachHelp},
     {u"DIFFER", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
@@ -308,7 +310,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TOUCH", Touch_Command, 0x82107, 1, u"", &touchHelp},
     {u"TPIPE", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"TRANSIENT", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"TREE", Unbuilt_Command, 0x82107, 1, u"dirs", &unbuiltHelp},
+    {u"TREE", Tree_Command, 0x82107, 1, u"dirs", &treeHelp},
     {u"TRUE", True_Command, 0x400100, 1, u"", &trueHelp},
     {u"TRUENAME", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"TS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},

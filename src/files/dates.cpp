@@ -192,3 +192,16 @@ CString FormatTime(const TimeOfDay& time, const NationalSettings& country)
                   country.timeSeparator, time.minute, country.timeSeparator, time.second, country.decimal,
                   time.millisecond / 10, HalfOfDay(time.hour, country.twelveHours));
 }
+
+CString FormatFileTime(std::uint64_t localFileTime, const NationalSettings& country)
+{
+    constexpr std::uint64_t ticksPerMillisecond = 10'000;
+    constexpr std::uint64_t ticksPerDay = 86'400'000 * ticksPerMillisecond;
+    const auto day = static_cast<std::int64_t>(localFileTime / ticksPerDay);
+    const auto date = DateFromDays(day + DaysFromDate({1601, 1, 1})).value_or(calendar::Date());
+    const auto millisecond = static_cast<int>(localFileTime % ticksPerDay / ticksPerMillisecond);
+    const int second = millisecond / 1000;
+    const TimeOfDay time = {second / 3600, second / 60 % 60, second % 60, millisecond % 1000};
+    return Format(u"%s  %s", FormatDate(date, country.dateOrder, country.dateSeparator),
+                  FormatShortTime(time, country));
+}

@@ -43,3 +43,5 @@ std::optional<TimeOfDay> ParseTime(std::u16string_view text);
 CString FormatShortTime(const TimeOfDay& time, const NationalSettings& country);
 // "14:05:09.37", or "02:05:09.37 PM".
 CString FormatTime(const TimeOfDay& time, const NationalSettings& country);
+// A local file time as listings show it: "01-31-2026  14:05".
+CString FormatFileTime(std::uint64_t localFileTime, const NationalSettings& country);

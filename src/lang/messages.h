@@ -204,4 +204,9 @@ constexpr unsigned listLocal = 3759;
 constexpr unsigned listGlobal = 3760;
 constexpr unsigned uptimeDay = 3761;
 constexpr unsigned uptimeDays = 3762;
+constexpr unsigned askDescribe = 3870;
+constexpr unsigned describePrompt = 3871;
+constexpr unsigned filesDescribed = 3872;
+constexpr unsigned oneFileDescribed = 3873;
+constexpr unsigned manyFilesDescribed = 3874;
 } // namespace message
