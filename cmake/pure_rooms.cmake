@@ -31,6 +31,7 @@ set(MOVACORE_PURE_ROOMS
   src/console/key_codes.cpp
   src/console/key_press_names.cpp
   src/console/key_stack.cpp
+  src/console/progress_line.cpp
   src/console/prompt_codes.cpp
   src/core/alias_substitution.cpp
   src/core/association_template.cpp
