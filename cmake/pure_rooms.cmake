@@ -26,7 +26,12 @@ set(MOVACORE_PURE_ROOMS
   src/config/provenance.cpp
   src/config/setting_values.cpp
   src/config/settings_area.cpp
+  src/console/completion.cpp
+  src/console/completion_files.cpp
+  src/console/completion_hint.cpp
+  src/console/completion_word.cpp
   src/console/history_block.cpp
+  src/console/popup_list.cpp
   src/console/history_rules.cpp
   src/console/key_codes.cpp
   src/console/key_press_names.cpp

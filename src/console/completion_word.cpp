@@ -1,0 +1,436 @@
+#include "console/completion_word.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/separators.h"
+#include "text/compare.h"
+#include "text/escapes.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+namespace {
+
+constexpr std::size_t npos = std::u16string_view::npos;
+
+template <std::size_t count>
+bool IsOneOf(std::u16string_view word, const std::array<std::u16string_view, count>& names)
+{
+    return std::any_of(names.begin(), names.end(),
+                       [&](std::u16string_view name) { return EqualNoCase(name, word); });
+}
+
+// Commands whose argument is another command.
+struct CommandTaker {
+    std::u16string_view name;
+    int wordsBefore;   // arguments in front of it
+    bool titleFirst;   // a title in quotes may stand there, too
+    bool takesAnyFile; // a document is as good as a program
+};
+constexpr std::array<CommandTaker, 11> commandTakers = {{
+    {u"CALL", 0, false, false},
+    {u"CHRONIC", 0, false, false},
+    {u"DEFER", 0, false, false},
+    {u"DETACH", 0, false, false},
+    {u"EXCEPT", 1, false, false},
+    {u"EXEC", 0, false, false},
+    {u"GLOBAL", 0, false, false},
+    {u"ON", 1, false, false},
+    {u"REPEAT", 1, false, false},
+    {u"START", 0, true, true},
+    {u"THREAD", 0, false, false},
+}};
+
+constexpr std::array<std::u16string_view, 14> oneOperandTests = {
+    u"DEFINED",    u"DIREXIST",   u"EXIST",   u"ISALIAS",  u"ISAPP",         u"ISDIR",  u"ISFILE",
+    u"ISFUNCTION", u"ISINTERNAL", u"ISLABEL", u"ISWINDOW", u"CMDEXTVERSION", u"PLUGIN", u"ISPLUGIN"};
+constexpr std::array<std::u16string_view, 6> junctions = {u"AND", u"OR", u"XOR", u".AND.", u".OR.", u".XOR."};
+
+bool IsNameLetter(char16_t unit) { return IsLetterOrDigit(unit) || unit == u'_'; }
+bool IsVariableUnit(char16_t unit) { return IsNameLetter(unit) || unit == u'$'; }
+
+// Walks over whole words of the text before the cursor; a word that touches the cursor is not whole.
+class WholeWords {
+public:
+    WholeWords(std::u16string_view line, std::size_t from, const Syntax& syntaxInForce)
+        : text(line), at(from), syntax(syntaxInForce)
+    {}
+
+    bool Next()
+    {
+        const Word found = NextWord(text, at, syntax);
+        if (found.length == 0 || found.end() >= text.size())
+            return false;
+        word = text.substr(found.start, found.length);
+        start = found.start;
+        at = found.end();
+        return true;
+    }
+    bool NextArgument()
+    {
+        while (Next())
+            if (word[0] != syntax.switchChar)
+                return true;
+        return false;
+    }
+
+    std::u16string_view text;
+    std::size_t at; // behind the word
+    std::size_t start = 0;
+    std::u16string_view word;
+    const Syntax& syntax;
+};
+
+// Behind the condition of an IF that begins at `from`; npos while the cursor stands in it.
+std::size_t PassCondition(std::u16string_view text, std::size_t from, const Syntax& syntax)
+{
+    WholeWords words(text, from, syntax);
+    for (;;) {
+        do {
+            if (!words.NextArgument())
+                return npos;
+        } while (EqualNoCase(words.word, u"NOT"));
+        const std::size_t equals = words.word.find(u"==");
+        if (IsOneOf(words.word, oneOperandTests)) {
+            if (!words.Next())
+                return npos;
+        } else if (EqualNoCase(words.word, u"ERRORLEVEL")) {
+            if (!words.Next())
+                return npos;
+            if (!IsDigit(words.word.back()) && !words.Next())
+                return npos;
+        } else if (equals == npos || equals + 2 == words.word.size()) {
+            const bool operatorToo = equals == npos; // "a == b", "a==b" or "a== b"
+            if ((operatorToo && !words.Next()) || !words.Next())
+                return npos;
+        }
+        const std::size_t behind = words.at;
+        if (!words.Next() || !IsOneOf(words.word, junctions))
+            return behind;
+    }
+}
+
+// Behind the DO of a FOR command; npos while the cursor stands before it.
+std::size_t PassForHeader(std::u16string_view text, std::size_t from, const Syntax& syntax)
+{
+    WholeWords words(text, from, syntax);
+    while (words.Next())
+        if (EqualNoCase(words.word, u"DO"))
+            return words.at;
+    return npos;
+}
+
+// The command that `taker` takes; npos while the cursor stands before its name.
+std::size_t FindTakenCommand(const CommandTaker& taker, std::u16string_view text, std::size_t from,
+                             const Syntax& syntax)
+{
+    bool mayBeTitle = taker.titleFirst;
+    for (int before = taker.wordsBefore;;) {
+        const Word word = NextWord(text, from, syntax);
+        if (word.length == 0)
+            return before == 0 ? text.size() : npos;
+        const bool isSwitch = text[word.start] == syntax.switchChar;
+        const bool title = mayBeTitle && text[word.start] == u'"';
+        if (before == 0 && !isSwitch && !title)
+            return word.start;
+        if (word.end() >= text.size())
+            return npos;
+        mayBeTitle = mayBeTitle && isSwitch;
+        before -= isSwitch || title ? 0 : 1;
+        from = word.end();
+    }
+}
+
+// The beginning of a command: where it stands, and whether it is what START opens.
+struct CommandStart {
+    std::size_t at = 0;
+    bool anyFile = false;
+};
+
+// From the start of a command on to the innermost command that the cursor stands in.
+CommandStart FindInnerCommand(std::u16string_view text, std::size_t from, const Syntax& syntax)
+{
+    CommandStart found{from, false};
+    for (;;) {
+        while (found.at < text.size() &&
+               (IsBlank(text[found.at]) || text[found.at] == u'(' || text[found.at] == u')'))
+            ++found.at;
+        WholeWords words(text, found.at, syntax);
+        if (!words.Next() || words.start != found.at)
+            return found;
+        std::u16string_view name = words.word;
+        while (!name.empty() && (name[0] == u'@' || name[0] == u'*'))
+            name.remove_prefix(1);
+        const auto taker = std::find_if(commandTakers.begin(), commandTakers.end(),
+                                        [&](const CommandTaker& row) { return EqualNoCase(row.name, name); });
+        std::size_t inner = npos;
+        if (EqualNoCase(name, u"ELSE"))
+            inner = words.at;
+        else if (EqualNoCase(name, u"IF"))
+            inner = PassCondition(text, words.at, syntax);
+        else if (EqualNoCase(name, u"FOR"))
+            inner = PassForHeader(text, words.at, syntax);
+        else if (taker != commandTakers.end())
+            inner = FindTakenCommand(*taker, text, words.at, syntax);
+        if (inner == npos)
+            return found;
+        found = {inner, taker != commandTakers.end() && taker->takesAnyFile};
+    }
+}
+
+// Follows one command to the cursor, which is where `text` ends.
+class CommandReader {
+public:
+    CommandReader(std::u16string_view before, CommandStart start, bool references,
+                  const Syntax& syntaxInForce, KnownCommands& commands)
+        : text(before), at(start.at), wantsReferences(references), syntax(syntaxInForce), known(commands)
+    {
+        word.startsFile = start.anyFile;
+        while (at < text.size() && (text[at] == u'@' || text[at] == u'*'))
+            ++at;
+    }
+
+    CompletionWord Read()
+    {
+        BeginWord(at);
+        while (at < text.size() && !atReference)
+            ReadUnit();
+        PartCommandName();
+        word.isValue = partStart > wordStart && text[partStart - 1] == u'=';
+        word.quoted = partStart < text.size() && text[partStart] == u'"';
+        word.start = partStart;
+        if (!atReference) {
+            word.place = redirection   ? WordPlace::Redirection
+                         : haveCommand ? WordPlace::Argument
+                                       : WordPlace::Command;
+            word.inBrackets = brackets > 0;
+            word.text = Plain(text.substr(partStart));
+        }
+        return std::move(word);
+    }
+    bool InQuotes() const { return quoted; }
+
+private:
+    CString Plain(std::u16string_view part) const
+    {
+        CString plain(part);
+        UnEscapeLine(plain, syntax);
+        return WithoutQuotes(plain);
+    }
+
+    void BeginWord(std::size_t start) { wordStart = partStart = start; }
+
+    void EndWord(std::size_t behind)
+    {
+        if (at > wordStart) {
+            const std::u16string_view ended = text.substr(wordStart, at - wordStart);
+            if (redirection)
+                redirection = false;
+            else if (haveCommand)
+                word.before.push_back(Plain(ended));
+            else
+                EndCommandName(ended);
+        }
+        at = behind;
+        BeginWord(at);
+    }
+
+    void EndCommandName(std::u16string_view ended)
+    {
+        const std::size_t name = InternalNameLength(ended);
+        haveCommand = true;
+        word.command = Plain(name ? ended.substr(0, name) : ended);
+        if (name != 0 && name < ended.size())
+            word.before.push_back(Plain(ended.substr(name)));
+    }
+
+    // "dir/s", "cd\work" and "cd..": the length of the name that something follows directly; else 0.
+    std::size_t InternalNameLength(std::u16string_view ended)
+    {
+        std::size_t end = 0;
+        while (end < ended.size() && IsNameLetter(ended[end]))
+            ++end;
+        if (end == 0 || end == ended.size())
+            return 0;
+        const char16_t behind = ended[end];
+        const bool parts = behind == syntax.switchChar || behind == u'\\' || behind == u'.';
+        return parts && known.IsInternal(ended.substr(0, end)) ? end : 0;
+    }
+
+    // The cursor stands in a word such as "cd\work".
+    void PartCommandName()
+    {
+        if (haveCommand || atReference || partStart != wordStart)
+            return;
+        const std::u16string_view typed = text.substr(wordStart);
+        if (const std::size_t name = InternalNameLength(typed)) {
+            word.command = typed.substr(0, name);
+            haveCommand = true;
+            BeginWord(wordStart + name);
+        }
+    }
+
+    void ReadUnit()
+    {
+        const char16_t unit = text[at];
+        if (unit == u'%')
+            return ReadReference();
+        if (unit == u'"')
+            return ReadQuote();
+        if (quoted) {
+            ++at;
+            return;
+        }
+        if (syntax.escapes && unit == syntax.escapeChar) {
+            at = std::min(at + 2, text.size());
+            return;
+        }
+        if (brackets > 0)
+            return ReadInBrackets(unit);
+        if (unit == u'<' || unit == u'>')
+            return ReadRedirection();
+        if (IsDelimiter(unit, syntax) || unit == u'`' || (unit == u'(' && at == wordStart))
+            return EndWord(at + 1);
+        ++at;
+        const bool inSwitch = text[wordStart] == syntax.switchChar;
+        const bool joins = unit == u'+' && haveCommand && EqualNoCase(word.command, u"COPY");
+        if (unit == u'=' || unit == u';' || joins || (inSwitch && unit == u':'))
+            partStart = at;
+    }
+
+    void ReadInBrackets(char16_t unit)
+    {
+        ++at;
+        brackets += unit == u'[' ? 1 : unit == u']' ? -1 : 0;
+        if (unit == u',' || unit == u'[')
+            partStart = at;
+        if (brackets == 0)
+            partStart = wordStart;
+    }
+
+    void ReadQuote()
+    {
+        quoted = !quoted;
+        // /F"name": the text of a switch may follow directly.
+        if (quoted && at > wordStart && text[wordStart] == syntax.switchChar)
+            partStart = at;
+        ++at;
+    }
+
+    void ReadRedirection()
+    {
+        // "2>": the digit belongs to the sign.
+        const bool handle = at == wordStart + 1 && IsDigit(text[wordStart]);
+        const std::size_t behind = std::min(text.find_first_not_of(u"<>&!-", at), text.size());
+        if (handle)
+            wordStart = at;
+        EndWord(behind);
+        while (at < text.size() && IsBlank(text[at]))
+            ++at;
+        BeginWord(at);
+        redirection = true;
+    }
+
+    void ReadReference()
+    {
+        const std::size_t sign = at++;
+        if (at < text.size() && text[at] == u'%') {
+            ++at;
+            return;
+        }
+        const bool function = at < text.size() && text[at] == u'@';
+        if (!function && at < text.size() && text[at] == u'[')
+            ++at;
+        at += function ? 1 : 0;
+        while (at < text.size() && (function ? IsNameLetter(text[at]) : IsVariableUnit(text[at])))
+            ++at;
+        if (at == text.size()) {
+            if (wantsReferences)
+                EndInReference(sign, function);
+            return;
+        }
+        if (function && text[at] == u'[') {
+            ++brackets;
+            partStart = ++at;
+        } else if (text[at] == u'%' && at > sign + 1) {
+            ++at;
+        }
+    }
+
+    void EndInReference(std::size_t sign, bool function)
+    {
+        atReference = true;
+        word.place = function ? WordPlace::Function : WordPlace::Variable;
+        word.text = text.substr(sign);
+        partStart = sign;
+    }
+
+    std::u16string_view text;
+    std::size_t at;
+    bool wantsReferences;
+    const Syntax& syntax;
+    KnownCommands& known;
+    CompletionWord word;
+    std::size_t wordStart = 0;
+    std::size_t partStart = 0; // of the word, behind "=", ";" and the like
+    int brackets = 0;          // of functions that stand open
+    bool haveCommand = false;
+    bool redirection = false;
+    bool quoted = false;
+    bool atReference = false;
+};
+
+// Behind the rest of the word that the cursor stands in.
+std::size_t FindWordEnd(std::u16string_view line, std::size_t cursor, const CompletionWord& word,
+                        bool inQuotes, const Syntax& syntax)
+{
+    std::size_t end = cursor;
+    if (word.place == WordPlace::Variable || word.place == WordPlace::Function) {
+        while (end < line.size() && IsVariableUnit(line[end]))
+            ++end;
+        const char16_t closing = word.place == WordPlace::Function     ? u'['
+                                 : word.text.view().starts_with(u"%[") ? u']'
+                                                                       : u'%';
+        // A "%" without a name before it begins the next reference.
+        const bool closes = end < line.size() && line[end] == closing && (end > cursor || closing != u'%');
+        return closes ? end + 1 : end;
+    }
+    if (inQuotes) {
+        const std::size_t closing = line.find(u'"', cursor);
+        const char16_t behind = closing != npos && closing + 1 < line.size() ? line[closing + 1] : u' ';
+        const bool own = closing != npos && (IsDelimiter(behind, syntax) || IsPathSeparator(behind) ||
+                                             std::u16string_view(u"&|<>)]").find(behind) != npos);
+        return own ? closing + 1 : cursor;
+    }
+    if (word.start == cursor)
+        return cursor;
+    const bool joined = EqualNoCase(word.command, u"COPY");
+    const std::u16string_view ends = word.inBrackets ? u",]\"" : joined ? u"=;<>&|()`\"%+" : u"=;<>&|()`\"%";
+    while (end < line.size() && ends.find(line[end]) == npos &&
+           (word.inBrackets || !IsDelimiter(line[end], syntax)))
+        ++end;
+    return end;
+}
+
+} // namespace
+
+CompletionWord FindCompletionWord(std::u16string_view line, std::size_t cursor, bool references,
+                                  const Syntax& syntax, KnownCommands& known)
+{
+    cursor = std::min(cursor, line.size());
+    const std::u16string_view text = line.substr(0, cursor);
+    std::size_t from = 0;
+    for (;;) {
+        const Separator separator = FindSeparator(text, from, CommandShape::Plain, syntax);
+        if (separator.connector == Connector::None)
+            break;
+        from = separator.Behind();
+    }
+    CommandReader reader(text, FindInnerCommand(text, from, syntax), references, syntax, known);
+    CompletionWord word = reader.Read();
+    word.end = FindWordEnd(line, cursor, word, reader.InQuotes(), syntax);
+    word.touchesNext = word.end == cursor && word.start == cursor && cursor < line.size() &&
+                       !IsDelimiter(line[cursor], syntax) &&
+                       std::u16string_view(u"&|<>)];").find(line[cursor]) == npos;
+    return word;
+}

@@ -1,0 +1,435 @@
+#include "console/popup_list.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "config/key_functions.h"
+#include "console/key_press_names.h"
+#include "text/cell_width.h"
+#include "text/code_points.h"
+#include "text/compare.h"
+#include "text/format.h"
+#include "text/words.h"
+
+namespace {
+
+constexpr int frameRows = 2;
+constexpr int frameColumns = 2;
+constexpr int wheelStep = 3;
+constexpr int sideStep = 8;
+
+// Whether a line holds every word of the filter.
+bool FitsFilter(std::u16string_view line, std::u16string_view filter)
+{
+    for (std::size_t at = 0; at < filter.size();) {
+        const Word word = NextBlankWord(filter, at);
+        if (word.length > 0 && FindNoCase(line, filter.substr(word.start, word.length)) == CString::npos)
+            return false;
+        at = std::max(word.end(), at + 1);
+    }
+    return true;
+}
+
+// A line that is edited in place.
+class LineField {
+public:
+    explicit LineField(CString line) : text(std::move(line)), cursor(text.size()) {}
+
+    // False when the key means nothing here.
+    bool Take(const KeyPress& key, std::u16string_view name)
+    {
+        if (name == u"Left")
+            cursor = PreviousCharacter(text, cursor);
+        else if (name == u"Right")
+            cursor = NextCharacter(text, cursor);
+        else if (name == u"Home")
+            cursor = 0;
+        else if (name == u"End")
+            cursor = text.size();
+        else if (name == u"Del")
+            text.Erase(cursor, NextCharacter(text, cursor) - cursor);
+        else if (name == u"Backspace")
+            EraseLeft();
+        else if (TypesCharacter(key))
+            text.Insert(cursor++, std::u16string_view(&key.unit, 1));
+        else
+            return false;
+        return true;
+    }
+    const CString& Text() const { return text; }
+    int CursorCell() const { return TextWidth(text.view().substr(0, cursor)); }
+
+private:
+    void EraseLeft()
+    {
+        const std::size_t before = PreviousCharacter(text, cursor);
+        text.Erase(before, cursor - before);
+        cursor = before;
+    }
+
+    CString text;
+    std::size_t cursor;
+};
+
+class PopupList {
+public:
+    PopupList(EditorConsole& theConsole, PopupRequest what)
+        : console(theConsole), request(std::move(what)), filter(request.filter),
+          cursorBefore(console.Cursor())
+    {
+        alive.assign(request.lines.size(), true);
+        Open();
+        Filter(request.chosen);
+    }
+    PopupList(const PopupList&) = delete;
+    PopupList& operator=(const PopupList&) = delete;
+    ~PopupList() { Close(); }
+
+    PopupResult Run()
+    {
+        if (area.rows <= frameRows || area.columns <= frameColumns)
+            return std::move(result);
+        console.WatchMouse(true);
+        while (!done && !(shown.empty() && filter.empty())) {
+            if (console.Waiting() == 0)
+                Draw();
+            Act(console.Wait());
+        }
+        return std::move(result);
+    }
+
+private:
+    int Rows() const { return area.rows - frameRows; }
+    int Columns() const { return area.columns - frameColumns; }
+    std::size_t Line() const { return shown[bar]; }
+
+    void Open()
+    {
+        const ScreenExtent extent = console.Extent();
+        int widest = TextWidth(request.title) + 4;
+        for (std::size_t i = 0; i < request.lines.size(); ++i)
+            widest = std::max(widest, TextWidth(LineText(i)));
+        area.columns = std::min({widest + frameColumns, request.place.columns, extent.windowColumns});
+        area.rows =
+            std::min({static_cast<int>(std::min<std::size_t>(request.lines.size(), 10000)) + frameRows,
+                      request.place.rows, extent.windowRows});
+        area.columns = std::max(area.columns, std::min(24, extent.windowColumns));
+        area.left = extent.left + std::clamp(request.place.left, 0, extent.windowColumns - area.columns);
+        area.top = extent.top + std::clamp(request.place.top, 0, extent.windowRows - area.rows);
+        covered = console.ReadCells(area);
+        console.ShapeCursor(0);
+    }
+
+    void Close()
+    {
+        const ScreenExtent extent = console.Extent();
+        if (area.top + area.rows <= extent.rows && area.left + area.columns <= extent.columns)
+            console.WriteCells(area, covered);
+        console.PlaceCursor(cursorBefore);
+        console.ShapeCursor(-1);
+        console.WatchMouse(false);
+    }
+
+    CString LineText(std::size_t line) const
+    {
+        CString text(request.lines[line]);
+        if (line < request.notes.size() && !request.notes[line].empty())
+            text.Append(u"  ").Append(request.notes[line]);
+        return text;
+    }
+
+    // Finds the lines that are shown; the bar goes to `wanted`, or to the nearest line behind it.
+    void Filter(std::size_t wanted)
+    {
+        shown.clear();
+        for (std::size_t i = 0; i < request.lines.size(); ++i)
+            if (alive[i] && FitsFilter(request.lines[i], filter))
+                shown.push_back(i);
+        const auto at = std::lower_bound(shown.begin(), shown.end(), wanted);
+        bar = static_cast<std::size_t>(at - shown.begin());
+        bar = shown.empty() ? 0 : std::min(bar, shown.size() - 1);
+        top = 0;
+        KeepBarVisible();
+    }
+
+    void KeepBarVisible()
+    {
+        const auto rows = static_cast<std::size_t>(Rows());
+        if (bar < top)
+            top = bar;
+        else if (bar >= top + rows)
+            top = bar - rows + 1;
+        top = std::min(top, shown.size() > rows ? shown.size() - rows : 0);
+    }
+
+    void MoveBar(std::ptrdiff_t by)
+    {
+        const auto last = static_cast<std::ptrdiff_t>(shown.size()) - 1;
+        bar = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(bar) + by, 0,
+                                                                  std::max<std::ptrdiff_t>(last, 0)));
+        KeepBarVisible();
+    }
+
+    void Draw()
+    {
+        DrawEdge(area.top, u'\u250C', u'\u2510', request.title, {});
+        for (int row = 0; row < Rows(); ++row)
+            DrawRow(row);
+        const CString count =
+            Format(u"%d/%d", static_cast<int>(shown.empty() ? 0 : bar + 1), static_cast<int>(shown.size()));
+        DrawEdge(area.top + area.rows - 1, u'\u2514', u'\u2518', filter, count);
+        PlaceEditCursor();
+    }
+
+    void DrawEdge(int row, char16_t leftCorner, char16_t rightCorner, std::u16string_view left,
+                  std::u16string_view right)
+    {
+        CString text;
+        if (!left.empty())
+            text.Append(u' ').Append(left).Append(u' ');
+        const int room = Columns() - (right.empty() ? 0 : TextWidth(right) + 2);
+        text = FitCells(text, std::max(0, std::min(room, TextWidth(text))));
+        CString edge(static_cast<std::size_t>(std::max(0, room - TextWidth(text))), u'\u2500');
+        edge.Insert(0, text);
+        if (!right.empty())
+            edge.Append(u' ').Append(right).Append(u' ');
+        edge.Insert(0, std::u16string_view(&leftCorner, 1));
+        edge.Append(rightCorner);
+        console.WriteRun({row, area.left}, FitCells(edge, area.columns), request.colors.frame);
+    }
+
+    void DrawRow(int row)
+    {
+        const int screenRow = area.top + 1 + row;
+        const std::size_t at = top + static_cast<std::size_t>(row);
+        const bool isBar = at == bar && at < shown.size();
+        CString text = at < shown.size() ? LineText(shown[at]) : CString();
+        int skipped = sideways;
+        if (isBar && field) {
+            text = field->Text();
+            skipped = FieldStart();
+        }
+        console.WriteRun({screenRow, area.left}, u"\u2502", request.colors.frame);
+        console.WriteRun({screenRow, area.left + 1}, FitCells(text, Columns(), skipped),
+                         isBar ? request.colors.bar : request.colors.text);
+        console.WriteRun({screenRow, area.left + area.columns - 1}, u"\u2502", request.colors.frame);
+    }
+
+    int FieldStart() const { return std::max(0, field->CursorCell() - Columns() + 1); }
+
+    void PlaceEditCursor()
+    {
+        if (field)
+            console.PlaceCursor({area.top + 1 + static_cast<int>(bar - top),
+                                 area.left + 1 + field->CursorCell() - FieldStart()});
+    }
+
+    void Act(const ConsoleEvent& event)
+    {
+        switch (event.kind) {
+        case ConsoleEventKind::None: done = true; break;
+        case ConsoleEventKind::TimedOut: break;
+        case ConsoleEventKind::Key: TakeKey(event.key); break;
+        case ConsoleEventKind::Press: TakePress(event.press); break;
+        case ConsoleEventKind::Wheel:
+            if (request.wheel)
+                MoveBar(-event.wheel * wheelStep);
+            break;
+        case ConsoleEventKind::Resized:
+            Close();
+            Open();
+            KeepBarVisible();
+            console.WatchMouse(true);
+            done = area.rows <= frameRows || area.columns <= frameColumns;
+            break;
+        }
+    }
+
+    void TakeKey(const KeyPress& key)
+    {
+        const CString name = NameOfKey(key);
+        if (field)
+            return TakeFieldKey(key, name);
+        if (!IsPlainKey(name) && TakeBoundKey(name))
+            return;
+        if (TakeMovingKey(name))
+            return;
+        if (name == u"Esc")
+            done = true;
+        else if (name == u"Backspace" && !filter.empty())
+            ChangeFilter(filter.Substr(0, PreviousCharacter(filter, filter.size())));
+        else if (TypesCharacter(key))
+            ChangeFilter(filter + std::u16string_view(&key.unit, 1));
+        else
+            console.Beep();
+    }
+
+    bool IsPlainKey(std::u16string_view name) const
+    {
+        const std::u16string_view keys = request.plainKeys;
+        for (std::size_t at = 0; at < keys.size();) {
+            const Word word = NextBlankWord(keys, at);
+            if (EqualNoCase(keys.substr(word.start, word.length), name))
+                return true;
+            at = std::max(word.end(), at + 1);
+        }
+        return false;
+    }
+
+    bool TakeBoundKey(std::u16string_view name)
+    {
+        const int function =
+            aKeyBindings.FindKeyFunction(key_category::popup | key_category::consolePopup, name);
+        if (function < 0)
+            return false;
+        const std::u16string_view what = aKeyFunctions[static_cast<std::size_t>(function)].name;
+        if (shown.empty())
+            console.Beep();
+        else if (what == u"PopupWinSelect")
+            Finish(PopupAction::Selected);
+        else if (what == u"PopupWinEdit")
+            Finish(request.mayEdit ? PopupAction::ToCommandLine : PopupAction::Selected);
+        else if (what == u"PopupWinDel" && request.mayDelete)
+            DeleteLine();
+        else if (what == u"PopupWinEditWin" && request.mayEdit)
+            field.emplace(request.lines[Line()]);
+        else
+            console.Beep();
+        if (field)
+            console.ShapeCursor(-1);
+        return true;
+    }
+
+    bool TakeMovingKey(std::u16string_view name)
+    {
+        const std::ptrdiff_t page = Rows();
+        const auto all = static_cast<std::ptrdiff_t>(shown.size());
+        if (name == u"Down" || name == u"Tab")
+            MoveBar(1);
+        else if (name == u"Up" || name == u"Shift-Tab")
+            MoveBar(-1);
+        else if (name == u"PgDn")
+            MoveBar(page);
+        else if (name == u"PgUp")
+            MoveBar(-page);
+        else if (name == u"Home" || name == u"Ctrl-Home" || name == u"Ctrl-PgUp")
+            MoveBar(-all);
+        else if (name == u"End" || name == u"Ctrl-End" || name == u"Ctrl-PgDn")
+            MoveBar(all);
+        else if (name == u"Right")
+            sideways += sideStep;
+        else if (name == u"Left")
+            sideways = std::max(0, sideways - sideStep);
+        else
+            return false;
+        return true;
+    }
+
+    void TakeFieldKey(const KeyPress& key, std::u16string_view name)
+    {
+        if (name == u"Enter") {
+            request.lines[Line()] = field->Text();
+            result.edited.emplace_back(Line(), field->Text());
+        } else if (name != u"Esc") {
+            if (!field->Take(key, name))
+                console.Beep();
+            return;
+        }
+        field.reset();
+        console.ShapeCursor(0);
+    }
+
+    void TakePress(const MousePress& press)
+    {
+        const int row = press.row - area.top - 1;
+        const bool inside = row >= 0 && row < Rows() && press.column > area.left &&
+                            press.column < area.left + area.columns - 1;
+        if (field)
+            return;
+        if (!inside) {
+            done = true;
+            return;
+        }
+        const std::size_t line = top + static_cast<std::size_t>(row);
+        if (line >= shown.size())
+            return;
+        bar = line;
+        if (press.twice)
+            Finish(PopupAction::Selected);
+    }
+
+    void ChangeFilter(CString text)
+    {
+        const std::size_t wanted = shown.empty() ? request.chosen : Line();
+        filter = std::move(text);
+        Filter(wanted);
+        if (shown.empty())
+            console.Beep();
+    }
+
+    void DeleteLine()
+    {
+        const std::size_t line = Line();
+        alive[line] = false;
+        result.deleted.push_back(line);
+        const std::size_t before = top;
+        Filter(line);
+        top = before;
+        KeepBarVisible();
+    }
+
+    void Finish(PopupAction action)
+    {
+        result.action = action;
+        result.line = Line();
+        result.text = request.lines[Line()];
+        done = true;
+    }
+
+    EditorConsole& console;
+    PopupRequest request;
+    CString filter;
+    ScreenPlace cursorBefore;
+    ScreenArea area;
+    std::vector<ScreenCell> covered;
+    std::vector<bool> alive;
+    std::vector<std::size_t> shown; // lines of the request
+    std::size_t bar = 0;            // among the shown
+    std::size_t top = 0;
+    int sideways = 0; // cells
+    std::optional<LineField> field;
+    PopupResult result;
+    bool done = false;
+};
+
+} // namespace
+
+CString FitCells(std::u16string_view text, int cells, int skipped)
+{
+    CString fitted;
+    int used = -skipped;
+    for (std::size_t at = 0; at < text.size() && used < cells;) {
+        const std::size_t end = NextCharacter(text, at);
+        std::u16string_view character = text.substr(at, end - at);
+        if (character[0] < u' ' || character[0] == 0x7F)
+            character = u"\u00B7";
+        const int width = TextWidth(character);
+        if (used >= 0 && used + width <= cells)
+            fitted += character;
+        else
+            for (int cell = std::max(used, 0); cell < std::min(used + width, cells); ++cell)
+                fitted += u' ';
+        used += width;
+        at = end;
+    }
+    for (used = std::max(used, 0); used < cells; ++used)
+        fitted += u' ';
+    return fitted;
+}
+
+PopupResult RunPopupList(EditorConsole& console, PopupRequest request)
+{
+    if (request.lines.empty())
+        return {};
+    return PopupList(console, std::move(request)).Run();
+}

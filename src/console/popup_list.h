@@ -1,0 +1,56 @@
+// A window of lines over the screen, of which a person picks one: histories, matching names, directories.
+// Pure over EditorConsole; what the window has covered is put back in every case.
+//
+// Typing shows only the lines that hold all words typed so far, letter case aside; Backspace takes a letter
+// back. Arrows, PgUp, PgDn, Home, End, Tab and the mouse move the bar, Left and Right the text of long lines.
+// The keys of the functions PopupWin... do what their names say, Esc leaves.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "console/editor_console.h"
+#include "text/cstring.h"
+
+struct PopupColors {
+    unsigned text = 0x1F;
+    unsigned frame = 0x1B;
+    unsigned bar = 0x70;
+};
+
+struct PopupRequest {
+    CString title;
+    std::vector<CString> lines;
+    std::vector<CString> notes; // shown beside the lines; none, or one for each
+    std::size_t chosen = 0;     // where the bar stands at first
+    CString filter;             // as if it had been typed
+    bool mayDelete = false;
+    bool mayEdit = false; // to the command line, and in the window
+    ScreenArea place;     // of the whole window in the console's; the largest that it may be
+    PopupColors colors;
+    CString plainKeys;  // keys that are taken for themselves, whatever is bound to them
+    bool wheel = false; // the wheel of the mouse moves the bar
+};
+
+enum class PopupAction {
+    Cancelled,
+    Selected,
+    ToCommandLine, // for editing
+};
+
+struct PopupResult {
+    PopupAction action = PopupAction::Cancelled;
+    std::size_t line = 0; // of the request
+    CString text;         // of the line, as edited
+    std::vector<std::size_t> deleted;
+    std::vector<std::pair<std::size_t, CString>> edited; // in the window
+};
+
+// Without lines, or without room for them, it answers at once that nothing was picked.
+PopupResult RunPopupList(EditorConsole& console, PopupRequest request);
+
+// How a text of unknown characters is shown in a number of cells: without the first `skipped` cells, cut and
+// filled up with blanks; control characters become visible.
+CString FitCells(std::u16string_view text, int cells, int skipped = 0);

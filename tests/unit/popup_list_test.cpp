@@ -1,0 +1,81 @@
+#include <gtest/gtest.h>
+
+#include "console/popup_list.h"
+#include "fake_console.h"
+
+namespace {
+
+PopupRequest Fruit()
+{
+    PopupRequest request;
+    request.title = u"Fruit";
+    request.lines = {u"apple", u"green pear", u"green plum", u"grape\tred", u"fig"};
+    request.place = {1, 2, 5, 30};
+    request.mayDelete = request.mayEdit = true;
+    return request;
+}
+
+// Draws the list once more before the console is gone, and tells rows 1 to 5.
+std::u16string Screen(std::initializer_list<const char16_t*> keys)
+{
+    class Watching : public FakeConsole {
+    public:
+        using FakeConsole::FakeConsole;
+        ConsoleEvent Wait(std::optional<std::uint64_t> time) override
+        {
+            if (events.empty())
+                for (int row = 1; row <= 5; ++row)
+                    seen += std::u16string(Row(row).view()) + u"\n";
+            return FakeConsole::Wait(time);
+        }
+        std::u16string seen;
+    } console(40, 8);
+    for (const char16_t* key : keys)
+        console.Press(key);
+    RunPopupList(console, Fruit());
+    return console.seen;
+}
+
+} // namespace
+
+TEST(PopupList, ShowsItsLinesAndPutsTheScreenBack)
+{
+    EXPECT_EQ(Screen({}),
+              u"  ┌ Fruit ───────────────┐\n  │apple                 │\n  │green pear            │\n"
+              u"  │green plum            │\n  └───────────────── 1/5 ┘\n");
+    EXPECT_EQ(Screen({u"End"}),
+              u"  ┌ Fruit ───────────────┐\n  │green plum            │\n  │grape·red             │\n"
+              u"  │fig                   │\n  └───────────────── 5/5 ┘\n");
+    EXPECT_EQ(Screen({u"G", u"R", u"Space", u"P", u"L"}),
+              u"  ┌ Fruit ───────────────┐\n  │green plum            │\n  │                      │\n"
+              u"  │                      │\n  └ gr pl ────────── 1/1 ┘\n");
+    FakeConsole console(40, 8);
+    console.WriteRun({2, 0}, u"a line that is covered by the window", 7);
+    console.cursor = {3, 4};
+    RunPopupList(console, Fruit());
+    EXPECT_EQ(console.Row(2), u"a line that is covered by the window");
+    EXPECT_EQ(console.Color(2, 5), 7u);
+    EXPECT_EQ(console.cursor, (ScreenPlace{3, 4}));
+}
+
+TEST(PopupList, AnswersWhatWasPickedDeletedAndEdited)
+{
+    FakeConsole console(40, 8);
+    for (const char16_t* key :
+         {u"Ctrl-D", u"Down", u"F2", u"End", u"S", u"Enter", u"P", u"L", u"Backspace", u"Ctrl-Enter"})
+        console.Press(key);
+    const PopupResult result = RunPopupList(console, Fruit());
+    EXPECT_EQ(result.action, PopupAction::ToCommandLine);
+    EXPECT_EQ(result.line, 2u);
+    EXPECT_EQ(result.text, u"green plums");
+    EXPECT_EQ(result.deleted, std::vector<std::size_t>{0});
+    ASSERT_EQ(result.edited.size(), 1u);
+    EXPECT_EQ(result.edited[0].second, u"green plums");
+
+    FakeConsole mouse(40, 8);
+    mouse.Push(ConsoleEvent{ConsoleEventKind::Press, {}, {MouseButton::Left, true, 5, 3}, 0});
+    EXPECT_EQ(RunPopupList(mouse, Fruit()).text, u"green pear");
+    FakeConsole outside(40, 8);
+    outside.Push(ConsoleEvent{ConsoleEventKind::Press, {}, {MouseButton::Left, true, 39, 7}, 0});
+    EXPECT_EQ(RunPopupList(outside, Fruit()).action, PopupAction::Cancelled);
+}
