@@ -9,6 +9,7 @@
 #include "engine/results.h"
 #include "platform/clock.h"
 #include "platform/console_cells.h"
+#include "platform/console_drawing.h"
 #include "text/code_points.h"
 #include "text/line_drawing.h"
 
@@ -137,7 +138,7 @@ int ReadLineRequest(CString& arguments, LineRequest& line)
 }
 
 // At its ends a line has one arm where it meets another, and both where it ends by itself.
-int DrawLine(const LineRequest& line, const ScreenFacts& screen, ScreenArea area, bool across)
+int DrawLine(const LineRequest& line, const ScreenFacts& screen, DrawnArea area, bool across)
 {
     ScreenCells cells;
     if (!cells.Read(area))
@@ -146,7 +147,7 @@ int DrawLine(const LineRequest& line, const ScreenFacts& screen, ScreenArea area
     for (int i = 0; i < length; ++i) {
         const int row = across ? 0 : i;
         const int column = across ? i : 0;
-        ScreenCell& cell = cells.At(row, column);
+        DrawnCell& cell = cells.At(row, column);
         const bool meets = ArmsOf(cell.unit).arms != 0;
         LineArms arms = {across ? arm::horizontal : arm::vertical, line.weight, line.weight};
         if (meets && i == 0 && length > 1)
@@ -167,7 +168,7 @@ int DrawRequestedLine(CString& arguments, bool across)
     const auto screen = ReadScreenFacts();
     if (!screen)
         return result::success;
-    ScreenArea area;
+    DrawnArea area;
     if (const int code = ResolveRow(*screen, line.at.row, across ? 1 : line.length, area.row))
         return code;
     if (const int code = ResolveColumn(*screen, line.at.column, across ? line.length : 1, area.column))
@@ -214,7 +215,7 @@ int ReadBoxRequest(CString& arguments, BoxRequest& box)
     return result::success;
 }
 
-int PlaceBox(const ScreenFacts& screen, const BoxRequest& box, ScreenArea& area)
+int PlaceBox(const ScreenFacts& screen, const BoxRequest& box, DrawnArea& area)
 {
     const bool middleRow = box.corner.row.kind == ScreenPlace::Kind::Centered;
     const bool middleColumn = box.corner.column.kind == ScreenPlace::Kind::Centered;
@@ -260,13 +261,13 @@ public:
     }
 
 private:
-    void DrawCell(ScreenCells& cells, const ScreenArea& at, int row, int column) const
+    void DrawCell(ScreenCells& cells, const DrawnArea& at, int row, int column) const
     {
         const bool top = row == 0;
         const bool bottom = row == at.rows - 1;
         const bool left = column == 0;
         const bool right = column == at.columns - 1;
-        ScreenCell& cell = cells.At(at.row + row, at.column + column);
+        DrawnCell& cell = cells.At(at.row + row, at.column + column);
         const bool edge = top || bottom || left || right;
         if (!edge && !box.fill)
             return;
@@ -296,9 +297,9 @@ private:
     unsigned attributes;
 };
 
-int DrawBox(const BoxRequest& box, const ScreenFacts& screen, const ScreenArea& area)
+int DrawBox(const BoxRequest& box, const ScreenFacts& screen, const DrawnArea& area)
 {
-    ScreenArea touched = area;
+    DrawnArea touched = area;
     if (box.shadow) {
         touched.rows = std::min(area.rows + 1, screen.rows - area.row);
         touched.columns = std::min(area.columns + shadowWidth, screen.columns - area.column);
@@ -402,7 +403,7 @@ int Drawbox_Command(CString& arguments)
     const auto screen = ReadScreenFacts();
     if (!screen)
         return result::success;
-    ScreenArea area;
+    DrawnArea area;
     const int code = PlaceBox(*screen, box, area);
     return code ? code : DrawBox(box, *screen, area);
 }

@@ -14,7 +14,7 @@ constexpr unsigned short colorBits = 0xFF;
 COORD Place(int row, int column) { return {static_cast<SHORT>(column), static_cast<SHORT>(row)}; }
 
 // Calls `move(cells, size, region)` for bands of the area that are small enough.
-template <typename Move> bool InBands(const ScreenArea& area, std::vector<CHAR_INFO>& cells, Move move)
+template <typename Move> bool InBands(const DrawnArea& area, std::vector<CHAR_INFO>& cells, Move move)
 {
     const int bandRows = std::max(1, cellsPerCall / std::max(1, area.columns));
     for (int row = 0; row < area.rows; row += bandRows) {
@@ -32,7 +32,7 @@ template <typename Move> bool InBands(const ScreenArea& area, std::vector<CHAR_I
 
 } // namespace
 
-bool ScreenCells::Read(const ScreenArea& from)
+bool ScreenCells::Read(const DrawnArea& from)
 {
     area = from;
     std::vector<CHAR_INFO> read(static_cast<std::size_t>(area.rows) * static_cast<std::size_t>(area.columns));
@@ -50,7 +50,7 @@ bool ScreenCells::Write() const
 {
     std::vector<CHAR_INFO> written;
     written.reserve(cells.size());
-    for (const ScreenCell& cell : cells) {
+    for (const DrawnCell& cell : cells) {
         CHAR_INFO info = {};
         info.Char.UnicodeChar = static_cast<wchar_t>(cell.unit);
         info.Attributes = cell.attributes;
@@ -63,7 +63,7 @@ bool ScreenCells::Write() const
 
 void ScreenCells::Paint(int row, int column, unsigned attributes)
 {
-    ScreenCell& cell = At(row, column);
+    DrawnCell& cell = At(row, column);
     cell.attributes = static_cast<unsigned short>((cell.attributes & ~colorBits) | (attributes & colorBits));
 }
 
@@ -76,9 +76,4 @@ bool WriteScreenText(int row, int column, std::u16string_view text, unsigned att
            WriteConsoleOutputCharacterW(ConsoleScreen(), reinterpret_cast<const wchar_t*>(text.data()), count,
                                         from, &done) &&
            FillConsoleOutputAttribute(ConsoleScreen(), static_cast<WORD>(attributes), done, from, &done);
-}
-
-bool MoveCursor(int row, int column)
-{
-    return ConsoleScreen() && SetConsoleCursorPosition(ConsoleScreen(), Place(row, column));
 }

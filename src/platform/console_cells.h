@@ -11,14 +11,14 @@
 
 #include "text/cstring.h"
 
-struct ScreenArea {
+struct DrawnArea {
     int row = 0;
     int column = 0;
     int rows = 0;
     int columns = 0;
 };
 
-struct ScreenCell {
+struct DrawnCell {
     char16_t unit = u' ';
     unsigned short attributes = 0; // with the marks of characters that take two cells
 };
@@ -27,12 +27,12 @@ struct ScreenCell {
 class ScreenCells {
 public:
     // Reads what stands there.
-    bool Read(const ScreenArea& from);
+    bool Read(const DrawnArea& from);
     bool Write() const;
 
-    const ScreenArea& Area() const { return area; }
+    const DrawnArea& Area() const { return area; }
     // Places within the area.
-    ScreenCell& At(int row, int column)
+    DrawnCell& At(int row, int column)
     {
         return cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(area.columns) +
                      static_cast<std::size_t>(column)];
@@ -40,10 +40,9 @@ public:
     void Paint(int row, int column, unsigned attributes);
 
 private:
-    ScreenArea area;
-    std::vector<ScreenCell> cells;
+    DrawnArea area;
+    std::vector<DrawnCell> cells;
 };
 
 // Writes over what stands there, row after row down to the end of the buffer.
 bool WriteScreenText(int row, int column, std::u16string_view text, unsigned attributes);
-bool MoveCursor(int row, int column);
