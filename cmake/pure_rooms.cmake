@@ -69,12 +69,14 @@ set(MOVACORE_PURE_ROOMS
   src/files/attribute_masks.cpp
   src/files/byte_decoders.cpp
   src/files/byte_encoders.cpp
+  src/files/byte_search.cpp
   src/files/crc32.cpp
   src/files/dates.cpp
   src/files/description_list.cpp
   src/files/digest.cpp
   src/files/directory_name.cpp
   src/files/file_walk.cpp
+  src/files/line_search.cpp
   src/files/name_colors.cpp
   src/files/name_pattern.cpp
   src/files/range_reading.cpp

@@ -13,39 +13,41 @@
 
 const CommandHelp dirHelp = {
     u"Lists directories and the files in them.",
-    u"DIR [range ...] [/A[:]attributes] [/B] [/D] [/F] [/H] [/K] [/L] [/M] [/N] [/O[:]order] [/P] [/Q] [/R] "
-    u"[/S[levels]] [/T[:]time] [/W] [/X] [/-C] [name ...]",
+    u"DIR [range ...] [/1] [/2] [/A[:]attributes] [/B] [/D] [/E] [/F] [/G] [/H] [/K] [/L] [/M] [/N] "
+    u"[/O[:]order] [/P] [/Q] [/R] [/S[levels]] [/T[:]time] [/U[12E]] [/V] [/W] [/X] [/Z] [/-C] [name ...]",
+    u"/1 /2  names in one column or in two\n"
     u"/A  files with attributes: R read-only, H hidden, S system, D directory, A archive, L link, C "
-    u"compressed, "
-    u"E encrypted, O offline, T temporary, I not indexed; \"-\" in front for files without it, \"+\" for "
-    u"files "
-    u"with one of these; /A alone takes all files\n"
+    u"compressed, E encrypted, O offline, T temporary, I not indexed; \"-\" in front for files without it, "
+    u"\"+\" for files with one of these; /A alone takes all files\n"
     u"/B  names alone, with their directories when /S is given\n"
     u"/-C  no separators between thousands (/C: with them, the default)\n"
-    u"/D  names in columns, sorted down\n"
+    u"/D  names in columns, sorted down (also /V)\n"
+    u"/E  names in upper case\n"
     u"/F  full names alone\n"
+    u"/G  sizes are what the files take on the disk\n"
     u"/H  leave out \".\" and \"..\"\n"
     u"/K  no header\n"
     u"/L  names in lower case\n"
     u"/M  no totals\n"
-    u"/N  a line for each file (the default)\n"
-    u"/O  sort by: N name, E extension, S size, D date and time, T time of day, G directories first; \"-\" "
-    u"in "
-    u"front reverses; /O alone is GN\n"
-    u"/P  wait for a key after each screen\n"
+    u"/N  a line for each file (the default)\n" FILE_ORDER_HELP u"/P  wait for a key after each screen\n"
     u"/Q  owners\n"
     u"/R  named streams\n"
     u"/S  directories below as well; with a number, so many levels of them\n"
-    u"/T  which time is shown and sorted by: C creation, A last access, W last write\n"
+    u"/T  which time is shown and sorted by: C creation, A last access, W last write; a U behind it, or "
+    u"alone, for UTC\n"
+    u"/U  totals without files: of each directory (/U1), of all together (/U2), both (/U), or of each "
+    u"extension (/UE)\n"
     u"/W  names in columns, sorted across\n"
     u"/X  short names\n"
+    u"/Z  short names in place of long ones\n"
     u"/4  years have four digits, as always\n"
     u"Names may hold wildcards and sets of characters ([a-f]), be parted by \";\", be regular expressions "
     u"(::expression), or come from a file, one per line (@file). Ranges pick files by date (/[d-3]), time "
     u"(/[t8:00,12:00]), size (/[s10K,1M]), owner (/[oname]) and description (/I\"text\"), and leave out "
     u"names "
     u"(/[!*.bak *.tmp]). Hidden and system files are shown only with /A. The variable DIRCMD holds switches "
-    u"that DIR starts with; a \"-\" behind the slash takes one back.",
+    u"that DIR starts with; a \"-\" behind the slash takes one back. The result counters are %_dir_files, "
+    u"%_dir_dirs and %_dir_errors.",
     u"dir\n"
     u"dir /s /b *.c;*.h\n"
     u"dir /a:-d /o:-s \\temp\n"
@@ -64,7 +66,7 @@ int ListArgument(const CString& name, DirOptions& options, DirListing& listing)
     search.deepest = options.deepest;
     search.intoDirectories = true;
     search.dots = options.dots && options.layout != DirLayout::Bare;
-    search.shortNames = options.shortNames;
+    search.shortNames = options.shortNames || options.fatNames;
     SearchedDirectory directory;
     for (StartSearch(search, name); NextDirectory(search, directory);)
         if (!listing.Add(directory))

@@ -2,17 +2,19 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string_view>
 #include <vector>
 
 #include "commands/dir_options.h"
+#include "commands/file_texts.h"
 #include "commands/listing_colors.h"
-#include "commands/pager.h"
+#include "commands/listing_output.h"
 #include "engine/painted_text.h"
 #include "files/descriptions.h"
 #include "files/directory_source.h"
 #include "files/file_search.h"
-#include "platform/national.h"
+#include "text/compare.h"
 
 class DirListing {
 public:
@@ -38,8 +40,12 @@ private:
         std::uint64_t sections = 0; // directories shown
     };
 
-    void Sort(std::vector<FoundFile>& files);
+    void MeasureOnDisk(SearchedDirectory& directory);
     void Count(const std::vector<FoundFile>& files);
+    void CountExtensions(const std::vector<FoundFile>& files);
+    void WriteDirectory(const SearchedDirectory& directory);
+    void WriteTotals();
+    void WriteExtensions();
     void WriteVolume(std::u16string_view directory);
     void WriteDirectoryHeader(std::u16string_view directory);
     void WriteBare(const SearchedDirectory& directory);
@@ -48,34 +54,23 @@ private:
     void WriteStreams(std::u16string_view path, const CString& size);
     void WriteCounts(const Counts& counts);
     PaintedText LongLine(const SearchedDirectory& directory, const FoundFile& file);
-    CString KindText(const EntryFacts& facts) const;
-    CString TimeText(std::uint64_t fileTime);
-    CString Number(std::uint64_t number) const;
     CString ShownName(const FoundFile& file) const;
     std::optional<unsigned> ColorOf(const FoundFile& file) const;
-    void Line(std::u16string_view text);
-    void Line(const PaintedText& text);
-    void Flush();
 
     const DirOptions& options;
-    NationalSettings country;
-    Pager pager;
+    FileTexts texts;
+    ListingOutput output;
     SystemDirectories questions;
-    SystemRangeClock clock;
     std::optional<DirectoryDescriptions> descriptions; // of the directory that is written, where shown
-    PaintedText waiting;                               // lines that are not written yet
     ListingColors colors;
-    bool refused = false;
     CString volume;        // whose header was written last
     CString lastDirectory; // shown for the present argument
     Counts counts;         // of the present directory
     Counts argumentCounts;
     std::int64_t allFiles = 0;
     std::int64_t allDirectories = 0;
-    struct Texts {
-        CString directory;
-        CString junction;
-        CString directoryLink;
-        CString fileLink;
-    } texts;
+    struct BeforeNoCase {
+        bool operator()(const CString& a, const CString& b) const { return CompareNoCase(a, b) < 0; }
+    };
+    std::map<CString, Counts, BeforeNoCase> extensions; // in upper case, with their files and bytes
 };

@@ -7,7 +7,6 @@
 #include "files/file_search.h"
 #include "text/compare.h"
 #include "text/format.h"
-#include "text/numbers.h"
 
 namespace {
 
@@ -21,50 +20,31 @@ std::u16string_view WithoutColon(std::u16string_view text)
     return text.starts_with(u':') ? text.substr(1) : text;
 }
 
-int ReadOrder(std::u16string_view text, std::vector<DirSortKey>& order)
+int ReadTime(std::u16string_view text, DirOptions& options)
 {
-    constexpr std::u16string_view letters = u"NESDTG";
-    order.clear();
-    bool reverse = false;
-    for (const char16_t unit : text) {
-        if (unit == u'-') {
-            reverse = true;
-            continue;
-        }
-        const char16_t letter = UpperCase(unit);
-        if (letters.find(letter) == letters.npos)
-            return Refuse(u'O', text);
-        order.push_back({letter, reverse});
-        reverse = false;
+    std::u16string_view letters = text;
+    if (letters.size() == 2 && UpperCase(letters.back()) == u'U') {
+        options.utc = true;
+        letters.remove_suffix(1);
     }
-    if (order.empty())
-        order = {{u'G', false}, {u'N', false}};
-    return 0;
-}
-
-int ReadTime(std::u16string_view text, WhichTime& time)
-{
-    const char16_t letter = text.size() == 1 ? UpperCase(text.front()) : u'\0';
-    switch (letter) {
-    case u'C': time = WhichTime::Created; return 0;
-    case u'A': time = WhichTime::Accessed; return 0;
-    case u'W': time = WhichTime::Written; return 0;
+    switch (letters.size() == 1 ? UpperCase(letters.front()) : u'\0') {
+    case u'C': options.time = WhichTime::Created; return 0;
+    case u'A': options.time = WhichTime::Accessed; return 0;
+    case u'W': options.time = WhichTime::Written; return 0;
+    case u'U': options.utc = true; return 0;
     default: return Refuse(u'T', text);
     }
 }
 
-int ReadDepth(std::u16string_view text, int& deepest)
+int ReadSummary(std::u16string_view text, DirSummary& summary)
 {
-    if (text.empty()) {
-        deepest = allLevels;
-        return 0;
+    switch (text.size() > 1 ? u'?' : text.empty() ? u'0' : UpperCase(text.front())) {
+    case u'0': summary = DirSummary::Everything; return 0;
+    case u'1': summary = DirSummary::EachDirectory; return 0;
+    case u'2': summary = DirSummary::Whole; return 0;
+    case u'E': summary = DirSummary::Extensions; return 0;
+    default: return Refuse(u'U', text);
     }
-    std::size_t used = 0;
-    const std::optional<std::int64_t> levels = ReadDecimal(text, &used);
-    if (!levels || used != text.size() || *levels < 0 || *levels > allLevels)
-        return Refuse(u'S', text);
-    deepest = static_cast<int>(*levels);
-    return 0;
 }
 
 // Switches with text behind their letter.
@@ -73,11 +53,13 @@ int ReadTexts(CString& arguments, DirOptions& options)
     CString text;
     int code = TakeAttributeSwitches(arguments, options.attributes);
     while (code == 0 && TakeSwitchLetters(arguments, u"O", text))
-        code = ReadOrder(WithoutColon(text), options.order);
+        code = ReadFileOrder(WithoutColon(text), options.order);
     while (code == 0 && TakeSwitchLetters(arguments, u"T", text))
-        code = ReadTime(WithoutColon(text), options.time);
-    while (code == 0 && TakeSwitchLetters(arguments, u"S", text))
-        code = ReadDepth(WithoutColon(text), options.deepest);
+        code = ReadTime(WithoutColon(text), options);
+    while (code == 0 && TakeSwitchLetters(arguments, u"U", text))
+        code = ReadSummary(WithoutColon(text), options.summary);
+    if (code == 0)
+        code = TakeDepthSwitch(arguments, options.deepest);
     return code;
 }
 
@@ -85,7 +67,7 @@ int ReadTexts(CString& arguments, DirOptions& options)
 
 int ReadDirOptions(CString& arguments, DirOptions& options)
 {
-    constexpr std::u16string_view letters = u"BCDFHKLMNPQRWX4";
+    constexpr std::u16string_view letters = u"BCDEFGHKLMNPQRVWXZ124";
     if (const int code = GetRange(arguments, &options.ranges, 0))
         return code;
     // "/-X" takes back what DIRCMD asked for.
@@ -106,15 +88,20 @@ int ReadDirOptions(CString& arguments, DirOptions& options)
         options.order.clear();
     if (noDepth)
         options.deepest = 0;
-    if (on(u'D'))
+    if (on(u'1') || on(u'2'))
+        options.columns = on(u'1') ? 1 : 2;
+    if (on(u'D') || on(u'V'))
         options.layout = DirLayout::Down;
-    if (on(u'W'))
+    if (on(u'W') || (options.columns > 0 && options.layout == DirLayout::Long))
         options.layout = DirLayout::Across;
     if (on(u'B') || on(u'F'))
         options.layout = DirLayout::Bare;
     options.fullNames = on(u'F');
     options.pauses = on(u'P');
     options.lowerCase = on(u'L');
+    options.upperCase = on(u'E');
+    options.allocated = on(u'G');
+    options.fatNames = on(u'Z');
     options.owners = on(u'Q');
     options.streams = on(u'R');
     options.shortNames = on(u'X');

@@ -3,15 +3,10 @@
 
 #include <vector>
 
+#include "commands/file_order.h"
 #include "files/attribute_masks.h"
 #include "files/ranges.h"
 #include "text/cstring.h"
-
-struct DirSortKey {
-    char16_t letter =
-        u'N'; // N name, E extension, S size, D date and time, T time of day, G directories first
-    bool reverse = false;
-};
 
 enum class DirLayout {
     Long,   // a line for each file
@@ -20,16 +15,31 @@ enum class DirLayout {
     Bare    // names alone
 };
 
+// What is shown besides or in place of the files.
+enum class DirSummary {
+    None,
+    Everything,    // the totals of each directory and of all
+    EachDirectory, // the totals of each directory
+    Whole,         // those of all directories together
+    Extensions     // of all directories, extension by extension
+};
+
 struct DirOptions {
     AttributeMasks attributes;
     RANGES ranges;
-    std::vector<DirSortKey> order; // empty: by name, as searches answer
+    std::vector<FileSortKey> order; // empty: by name, as searches answer
     WhichTime time = WhichTime::Written;
     int deepest = 0;
     DirLayout layout = DirLayout::Long;
+    DirSummary summary = DirSummary::None;
+    std::size_t columns = 0; // of names; 0: as many as there is room for
     bool fullNames = false;
     bool pauses = false;
     bool lowerCase = false;
+    bool upperCase = false;
+    bool fatNames = false;  // short names in place of long ones
+    bool allocated = false; // sizes are what the files take on the disk
+    bool utc = false;
     bool owners = false;
     bool streams = false;
     bool shortNames = false;

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "commands/checksum_lines.h"
+#include "commands/search_switches.h"
 #include "core/command_switches.h"
 #include "engine/output.h"
 #include "engine/results.h"
@@ -12,7 +13,6 @@
 #include "files/text_lines.h"
 #include "text/compare.h"
 #include "text/encoding.h"
-#include "text/numbers.h"
 #include "text/words.h"
 
 const CommandHelp hashHelp = {
@@ -99,14 +99,7 @@ int ReadTexts(CString& arguments, HashOptions& options)
         if (options.kinds.empty())
             options.kinds = {*kind};
     }
-    if (TakeSwitchLetters(arguments, u"S", text)) {
-        const auto levels =
-            text.empty() ? allLevels : ParseInteger(text.view().substr(text.front() == u':' ? 1 : 0));
-        if (!levels || *levels < 0 || *levels > allLevels)
-            return MVError(errors::invalidNumber, text);
-        options.deepest = static_cast<int>(*levels);
-    }
-    return 0;
+    return TakeDepthSwitch(arguments, options.deepest);
 }
 
 int ReadOptions(CString& arguments, HashOptions& options)

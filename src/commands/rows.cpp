@@ -32,6 +32,7 @@
 #include "commands/exec.h"
 #include "commands/exit.h"
 #include "commands/expr.h"
+#include "commands/ffind.h"
 #include "commands/for.h"
 #include "commands/function.h"
 #include "commands/goto_call.h"
@@ -158,7 +159,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"EXIT", Exit_Command, 0x202007, 1, u"", &exitHelp},
     {u"EXPR", Expr_Command, 0x2107, 1, u"", &exprHelp},
     {u"FALSE", False_Command, 0x400100, 1, u"", &falseHelp},
-    {u"FFIND", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"FFIND", Ffind_Command, 0x82107, 1, u"", &ffindHelp},
     {u"FILELOCK", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"FIREWIREMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"FOLDERMONITOR", Unbuilt_Command, 0x1082117, 1, u"dirs", &unbuiltHelp},

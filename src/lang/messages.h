@@ -209,4 +209,8 @@ constexpr unsigned describePrompt = 3871;
 constexpr unsigned filesDescribed = 3872;
 constexpr unsigned oneFileDescribed = 3873;
 constexpr unsigned manyFilesDescribed = 3874;
+constexpr unsigned matchesIn = 3960;
+constexpr unsigned askGoOn = 3961;
+constexpr unsigned foundAtPlace = 3962;
+constexpr unsigned foundInBinary = 3963;
 } // namespace message
