@@ -8,9 +8,8 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "platform/clock.h"
-#include "platform/console_cells.h"
 #include "platform/console_drawing.h"
-#include "text/code_points.h"
+#include "text/cell_width.h"
 #include "text/line_drawing.h"
 
 #define PLACES                                                                                               \
@@ -86,9 +85,47 @@ constexpr int shadowWidth = 2;       // cells are twice as high as wide
 constexpr int zoomSteps = 8;
 constexpr std::uint64_t zoomPause = 20; // milliseconds
 
+struct DrawnArea {
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+};
+
+// The cells of an area of the screen, to be changed and put back.
+class DrawnCells {
+public:
+    bool Read(const DrawnArea& from)
+    {
+        area = from;
+        cells = ReadConsoleCells(area.row, area.column, area.rows, area.columns);
+        return !cells.empty();
+    }
+    bool Write() const { return WriteConsoleCells(area.row, area.column, area.rows, area.columns, cells); }
+
+    const DrawnArea& Area() const { return area; }
+    // Places within the area.
+    ConsoleCell& At(int row, int column)
+    {
+        return cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(area.columns) +
+                     static_cast<std::size_t>(column)];
+    }
+    // Marks of characters that take two cells stay.
+    void Paint(int row, int column, unsigned attributes)
+    {
+        constexpr unsigned colorBits = 0xFF;
+        ConsoleCell& cell = At(row, column);
+        cell.attributes = (cell.attributes & ~colorBits) | (attributes & colorBits);
+    }
+
+private:
+    DrawnArea area;
+    std::vector<ConsoleCell> cells;
+};
+
 struct PlaceArguments {
-    ScreenPlace row;
-    ScreenPlace column;
+    PlaceArgument row;
+    PlaceArgument column;
 };
 
 int TakePlaces(ScreenArguments& arguments, PlaceArguments& places)
@@ -112,6 +149,19 @@ int ReadPutText(CString& arguments, PutText& put)
         return code;
     put.text = reader.Text();
     return put.text.empty() ? UsageError() : result::success;
+}
+
+// As many whole characters as fit into so many cells.
+std::u16string_view FittingPart(std::u16string_view text, int cells)
+{
+    std::size_t end = 0;
+    for (std::size_t next = 0; end < text.size(); end = next) {
+        next = NextCharacter(text, end);
+        cells -= TextWidth(text.substr(end, next - end));
+        if (cells < 0)
+            break;
+    }
+    return text.substr(0, end);
 }
 
 struct LineRequest {
@@ -140,14 +190,14 @@ int ReadLineRequest(CString& arguments, LineRequest& line)
 // At its ends a line has one arm where it meets another, and both where it ends by itself.
 int DrawLine(const LineRequest& line, const ScreenFacts& screen, DrawnArea area, bool across)
 {
-    ScreenCells cells;
+    DrawnCells cells;
     if (!cells.Read(area))
         return MVError(0);
     const int length = across ? area.columns : area.rows;
     for (int i = 0; i < length; ++i) {
         const int row = across ? 0 : i;
         const int column = across ? i : 0;
-        DrawnCell& cell = cells.At(row, column);
+        ConsoleCell& cell = cells.At(row, column);
         const bool meets = ArmsOf(cell.unit).arms != 0;
         LineArms arms = {across ? arm::horizontal : arm::vertical, line.weight, line.weight};
         if (meets && i == 0 && length > 1)
@@ -217,8 +267,8 @@ int ReadBoxRequest(CString& arguments, BoxRequest& box)
 
 int PlaceBox(const ScreenFacts& screen, const BoxRequest& box, DrawnArea& area)
 {
-    const bool middleRow = box.corner.row.kind == ScreenPlace::Kind::Centered;
-    const bool middleColumn = box.corner.column.kind == ScreenPlace::Kind::Centered;
+    const bool middleRow = box.corner.row.kind == PlaceArgument::Kind::Centered;
+    const bool middleColumn = box.corner.column.kind == PlaceArgument::Kind::Centered;
     area.rows = box.opposite.row.value;
     area.columns = box.opposite.column.value;
     if (const int code = ResolveRow(screen, box.corner.row, area.rows, area.row))
@@ -245,14 +295,14 @@ class BoxDrawing {
 public:
     BoxDrawing(const BoxRequest& wanted, unsigned colors) : box(wanted), attributes(colors) {}
 
-    void Draw(ScreenCells& cells, int top, int left, int rows, int columns) const
+    void Draw(DrawnCells& cells, int top, int left, int rows, int columns) const
     {
         for (int row = 0; row < rows; ++row)
             for (int column = 0; column < columns; ++column)
                 DrawCell(cells, {top, left, rows, columns}, row, column);
     }
 
-    static void DrawShadow(ScreenCells& cells, int rows, int columns)
+    static void DrawShadow(DrawnCells& cells, int rows, int columns)
     {
         for (int row = 1; row <= rows && row < cells.Area().rows; ++row)
             for (int column = row == rows ? shadowWidth : columns;
@@ -261,13 +311,13 @@ public:
     }
 
 private:
-    void DrawCell(ScreenCells& cells, const DrawnArea& at, int row, int column) const
+    void DrawCell(DrawnCells& cells, const DrawnArea& at, int row, int column) const
     {
         const bool top = row == 0;
         const bool bottom = row == at.rows - 1;
         const bool left = column == 0;
         const bool right = column == at.columns - 1;
-        DrawnCell& cell = cells.At(at.row + row, at.column + column);
+        ConsoleCell& cell = cells.At(at.row + row, at.column + column);
         const bool edge = top || bottom || left || right;
         if (!edge && !box.fill)
             return;
@@ -304,12 +354,12 @@ int DrawBox(const BoxRequest& box, const ScreenFacts& screen, const DrawnArea& a
         touched.rows = std::min(area.rows + 1, screen.rows - area.row);
         touched.columns = std::min(area.columns + shadowWidth, screen.columns - area.column);
     }
-    ScreenCells before;
+    DrawnCells before;
     if (!before.Read(touched))
         return MVError(0);
     const BoxDrawing drawing(box, box.colors.value_or(screen.attributes));
     for (int step = 1; box.zoom && step < zoomSteps; ++step) {
-        ScreenCells cells = before;
+        DrawnCells cells = before;
         const int rows = std::max(1, area.rows * step / zoomSteps);
         const int columns = std::max(1, area.columns * step / zoomSteps);
         drawing.Draw(cells, (area.rows - rows) / 2, (area.columns - columns) / 2, rows, columns);
@@ -340,7 +390,7 @@ int Screen_Command(CString& arguments)
         int column = 0;
         if (const int code = ResolveRow(*screen, places.row, 1, row))
             return code;
-        if (const int code = ResolveColumn(*screen, places.column, static_cast<int>(text.size()), column))
+        if (const int code = ResolveColumn(*screen, places.column, TextWidth(text), column))
             return code;
         if (!MoveCursor(row, column))
             return MVError(0);
@@ -360,11 +410,10 @@ int Scrput_Command(CString& arguments)
     int column = 0;
     if (const int code = ResolveRow(*screen, put.at.row, 1, row))
         return code;
-    if (const int code = ResolveColumn(*screen, put.at.column, static_cast<int>(put.text.size()), column))
+    if (const int code = ResolveColumn(*screen, put.at.column, TextWidth(put.text), column))
         return code;
     const int room = screen->windowLeft + screen->windowColumns - column;
-    return WriteScreenText(row, column, put.text.view().substr(0, static_cast<std::size_t>(room)),
-                           put.colors.value_or(screen->attributes))
+    return WriteScreenText(row, column, FittingPart(put.text, room), put.colors.value_or(screen->attributes))
                ? result::success
                : MVError(0);
 }
@@ -385,12 +434,12 @@ int Vscrput_Command(CString& arguments)
         return code;
     const int end = screen->windowTop + screen->windowRows;
     const std::u16string_view text = put.text;
-    for (std::size_t at = 0; at < text.size() && row < end; ++at, ++row) {
-        const std::size_t first = at;
-        CodePointAt(text, at);
-        if (!WriteScreenText(row, column, text.substr(first, at - first + 1),
+    for (std::size_t at = 0; at < text.size() && row < end; ++row) {
+        const std::size_t next = NextCharacter(text, at);
+        if (!WriteScreenText(row, column, text.substr(at, next - at),
                              put.colors.value_or(screen->attributes)))
             return MVError(0);
+        at = next;
     }
     return result::success;
 }

@@ -111,31 +111,14 @@ bool TakeSwitch(Request& request, char16_t letter, std::u16string_view value)
     }
 }
 
-// The end of the switch that begins at `at`: a blank or the next switch, outside quotes.
-std::size_t EndOfSwitch(std::u16string_view text, std::size_t at, char16_t switchChar)
-{
-    bool quoted = false;
-    for (++at; at < text.size(); ++at) {
-        if (text[at] == u'"')
-            quoted = !quoted;
-        else if (!quoted && (IsBlank(text[at]) || text[at] == switchChar))
-            break;
-    }
-    return at;
-}
-
 // Switches stand in front; the prompt may hold what looks like some.
 int TakeSwitches(Request& request, CString& text)
 {
-    const char16_t switchChar = CurrentSyntax().switchChar;
-    while (text.TrimLeft().front() == switchChar) {
-        const std::size_t end = EndOfSwitch(text, 0, switchChar);
-        std::u16string_view value = text.view().substr(0, end).substr(std::min<std::size_t>(2, end));
-        if (value.starts_with(u':') || value.starts_with(u'='))
-            value.remove_prefix(1);
-        if (!TakeSwitch(request, UpperCase(text[1]), value))
-            return MVError(errors::invalidSwitch, text.view().substr(0, end));
-        text.Erase(0, end);
+    CString one;
+    while (TakeLeadingSwitch(text, one)) {
+        const auto value = one.empty() ? std::nullopt : SwitchValue(one, one.view().substr(0, 1));
+        if (!value || !TakeSwitch(request, UpperCase(one.front()), *value))
+            return RefuseSwitch(one);
     }
     return result::success;
 }

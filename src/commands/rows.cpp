@@ -15,6 +15,7 @@
 #include "commands/break.h"
 #include "commands/chcp.h"
 #include "commands/chronic.h"
+#include "commands/clip.h"
 #include "commands/cls.h"
 #include "commands/color.h"
 #include "commands/commands_list.h"
@@ -41,6 +42,7 @@
 #include "commands/history.h"
 #include "commands/if.h"
 #include "commands/inkey.h"
+#include "commands/internal.h"
 #include "commands/jobs.h"
 #include "commands/local.h"
 #include "commands/log.h"
@@ -106,7 +108,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"CHCP", Chcp_Command, 0x2107, 1, u"", &chcpHelp},
     {u"CHDIR", Cd_Command, 0x686307, 1, u"dirs", &cdHelp},
     {u"CHRONIC", Chronic_Command, 0x3002107, 1, u"", &chronicHelp},
-    {u"CLIP", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
+    {u"CLIP", Clip_Command, 0x82007, 1, u"", &clipHelp},
     {u"CLIPMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"CLS", Cls_Command, 0x202007, 1, u"", &clsHelp},
     {u"COLOR", Color_Command, 0x202007, 1, u"", &colorHelp},
@@ -184,7 +186,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"INKEY", Inkey_Command, 0x2107, 1, u"", &inkeyHelp},
     {u"INPUT", Input_Command, 0x2107, 1, u"", &inputHelp},
     {u"INSTALLED", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"INTERNAL", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"INTERNAL", Internal_Command, 0x2007, 1, u"", &internalHelp},
     {u"JABBER", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"JAR", Unbuilt_Command, 0x82007, 1, u"[1] jar dirs [2*] *", &unbuiltHelp},
     {u"JOBMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},

@@ -17,12 +17,12 @@ constexpr std::size_t shortestWord = 3;
 
 bool IsParting(char16_t unit) { return IsBlank(unit) || unit == u','; }
 
-int Resolve(const ScreenPlace& place, int cursor, int first, int size, int length, int& at)
+int Resolve(const PlaceArgument& place, int cursor, int first, int size, int length, int& at)
 {
     switch (place.kind) {
-    case ScreenPlace::Kind::FromEdge: at = first + place.value; break;
-    case ScreenPlace::Kind::FromCursor: at = cursor + place.value; break;
-    case ScreenPlace::Kind::Centered: at = first + std::max(0, (size - length) / 2); break;
+    case PlaceArgument::Kind::FromEdge: at = first + place.value; break;
+    case PlaceArgument::Kind::FromCursor: at = cursor + place.value; break;
+    case PlaceArgument::Kind::Centered: at = first + std::max(0, (size - length) / 2); break;
     }
     if (at >= first && at < first + size)
         return result::success;
@@ -42,7 +42,7 @@ std::u16string_view ScreenArguments::NextOne(std::size_t& end) const
     return text.substr(start, end - start);
 }
 
-int ScreenArguments::TakePlace(ScreenPlace& place)
+int ScreenArguments::TakePlace(PlaceArgument& place)
 {
     constexpr int farthest = 32767; // what a console counts to
     std::size_t end = 0;
@@ -52,9 +52,9 @@ int ScreenArguments::TakePlace(ScreenPlace& place)
     const bool isSigned = word.front() == u'+' || word.front() == u'-';
     if (const int code = TakeNumber(place.value, isSigned ? -farthest : 0, farthest))
         return code;
-    place.kind = isSigned                  ? ScreenPlace::Kind::FromCursor
-                 : place.value == centered ? ScreenPlace::Kind::Centered
-                                           : ScreenPlace::Kind::FromEdge;
+    place.kind = isSigned                  ? PlaceArgument::Kind::FromCursor
+                 : place.value == centered ? PlaceArgument::Kind::Centered
+                                           : PlaceArgument::Kind::FromEdge;
     return result::success;
 }
 
@@ -119,12 +119,12 @@ bool ScreenArguments::AtEnd() const
     return std::all_of(text.begin(), text.end(), [](char16_t unit) { return IsParting(unit); });
 }
 
-int ResolveRow(const ScreenFacts& screen, const ScreenPlace& place, int length, int& row)
+int ResolveRow(const ScreenFacts& screen, const PlaceArgument& place, int length, int& row)
 {
     return Resolve(place, screen.cursorRow, screen.windowTop, screen.windowRows, length, row);
 }
 
-int ResolveColumn(const ScreenFacts& screen, const ScreenPlace& place, int length, int& column)
+int ResolveColumn(const ScreenFacts& screen, const PlaceArgument& place, int length, int& column)
 {
     return Resolve(place, screen.cursorColumn, screen.windowLeft, screen.windowColumns, length, column);
 }

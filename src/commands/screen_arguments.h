@@ -10,7 +10,7 @@
 #include "platform/console.h"
 #include "text/cstring.h"
 
-struct ScreenPlace {
+struct PlaceArgument {
     enum class Kind { FromEdge, FromCursor, Centered };
     Kind kind = Kind::FromEdge;
     int value = 0;
@@ -20,7 +20,7 @@ class ScreenArguments {
 public:
     explicit ScreenArguments(std::u16string_view arguments) : text(arguments) {}
 
-    int TakePlace(ScreenPlace& place);
+    int TakePlace(PlaceArgument& place);
     int TakeNumber(int& number, int lowest, int highest);
     // A pair of colours, when one stands there.
     int TakeColors(std::optional<unsigned>& attributes);
@@ -40,5 +40,5 @@ private:
 
 // Columns and rows in the buffer. `length` is what stands there, for the middle; 0 and the place, or the
 // result of a reported error when that is not on the screen.
-int ResolveRow(const ScreenFacts& screen, const ScreenPlace& place, int length, int& row);
-int ResolveColumn(const ScreenFacts& screen, const ScreenPlace& place, int length, int& column);
+int ResolveRow(const ScreenFacts& screen, const PlaceArgument& place, int length, int& row);
+int ResolveColumn(const ScreenFacts& screen, const PlaceArgument& place, int length, int& column);

@@ -34,6 +34,16 @@ bool TakeSwitchLetters(CString& arguments, std::u16string_view name, CString& va
     return true;
 }
 
+bool TakeLeadingSwitch(CString& arguments, CString& one)
+{
+    return TakeLeadingSwitch(arguments, one, CurrentSyntax());
+}
+
+int RefuseSwitch(std::u16string_view one)
+{
+    return MVError(errors::invalidSwitch, CString(1, CurrentSyntax().switchChar) + one);
+}
+
 int UsageError()
 {
     const BUILTIN* row = nullptr;

@@ -15,6 +15,9 @@ bool TakeSwitchWord(CString& arguments, std::u16string_view name);
 bool TakeSwitchText(CString& arguments, std::u16string_view name, CString& value);
 // As TakeSwitchText, for switches whose text holds no switch character: "/ad/b" is two switches.
 bool TakeSwitchLetters(CString& arguments, std::u16string_view name, CString& value);
+bool TakeLeadingSwitch(CString& arguments, CString& one);
+// Reports that the command has no such switch; answers result::error.
+int RefuseSwitch(std::u16string_view one);
 
 // Reports the usage of the command that runs and answers result::error.
 int UsageError();

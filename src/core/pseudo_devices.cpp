@@ -4,10 +4,10 @@
 
 #include <windows.h>
 
+#include "core/clipboards.h"
 #include "engine/inifile.h"
 #include "engine/output.h"
 #include "files/text_reader.h"
-#include "platform/clipboard.h"
 #include "platform/handle.h"
 #include "platform/text_output.h"
 #include "text/compare.h"
@@ -15,15 +15,15 @@
 
 namespace {
 
-// -1 when the name is no temporary device.
-int TemporaryIndex(std::u16string_view name)
+// The number in "TMP2:"; "TMP:" is number 0. -1 for any other name, and for numbers from `count` on.
+int DeviceNumber(std::u16string_view name, std::u16string_view stem, int count)
 {
-    if (!BeginsNoCase(name, u"TMP") || name.back() != u':' || name.size() > 5)
+    if (!BeginsNoCase(name, stem) || name.back() != u':' || name.size() > stem.size() + 2)
         return -1;
-    if (name.size() == 4)
+    if (name.size() == stem.size() + 1)
         return 0;
-    const int index = name[3] - u'0';
-    return index >= 0 && index < temporaryDevices ? index : -1;
+    const int number = name[stem.size()] - u'0';
+    return number >= 0 && number < count ? number : -1;
 }
 
 } // namespace
@@ -55,28 +55,26 @@ void DeleteTemporaryDevices()
 
 std::unique_ptr<PseudoDevice> PseudoDevice::Find(std::u16string_view name)
 {
-    const bool isClipboard =
-        aIniFile.Clipboards && (EqualNoCase(name, u"CLIP:") || EqualNoCase(name, u"CLIP0:"));
-    const int index = name.empty() ? -1 : TemporaryIndex(name);
-    if (!isClipboard && index < 0)
+    const int clipboard = aIniFile.Clipboards ? DeviceNumber(name, u"CLIP", clipboardCount) : -1;
+    const int temporary = DeviceNumber(name, u"TMP", temporaryDevices);
+    if (clipboard < 0 && temporary < 0)
         return nullptr;
     auto device = std::make_unique<PseudoDevice>();
-    device->clipboard = isClipboard;
-    device->temporaryIndex = index;
-    device->file = isClipboard ? TemporaryFileName(u"Clip") : TemporaryDeviceFile(index);
+    device->clipboard = clipboard;
+    device->file = clipboard >= 0 ? TemporaryFileName(u"Clip") : TemporaryDeviceFile(temporary);
     return device;
 }
 
 PseudoDevice::~PseudoDevice()
 {
-    if (clipboard)
+    if (clipboard >= 0)
         DeleteFileW(file.w());
 }
 
 bool PseudoDevice::WriteClipboardFile()
 {
     CString text;
-    if (!ReadClipboardText(text) && GetLastError() != ERROR_NOT_FOUND)
+    if (!ReadClipboard(clipboard, text) && GetLastError() != ERROR_NOT_FOUND)
         return false;
     const OwnedHandle target(
         CreateFileW(file.w(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_TEMPORARY, nullptr));
@@ -86,14 +84,14 @@ bool PseudoDevice::WriteClipboardFile()
 bool PseudoDevice::PrepareInput(CString& path)
 {
     path = file;
-    return !clipboard || WriteClipboardFile();
+    return clipboard < 0 || WriteClipboardFile();
 }
 
 bool PseudoDevice::PrepareOutput(CString& path, bool append)
 {
     path = file;
     forOutput = true;
-    if (clipboard && append)
+    if (clipboard >= 0 && append)
         return WriteClipboardFile();
     if (!append)
         DeleteFileW(file.w());
@@ -102,7 +100,7 @@ bool PseudoDevice::PrepareOutput(CString& path, bool append)
 
 void PseudoDevice::Complete()
 {
-    if (!clipboard || !forOutput)
+    if (clipboard < 0 || !forOutput)
         return;
     CString text;
     CString piece;
@@ -111,5 +109,5 @@ void PseudoDevice::Complete()
         return;
     while (reader.Read(piece) && !piece.empty())
         text.Append(piece);
-    WriteClipboardText(text);
+    WriteClipboard(clipboard, text);
 }

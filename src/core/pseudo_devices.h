@@ -1,6 +1,6 @@
 // Names that redirection treats as devices though Windows knows none of them:
 //
-//   CLIP:            the text on the clipboard
+//   CLIP0: to CLIP9: the texts of the clipboards (core/clipboards.h); CLIP: is CLIP0:
 //   TMP0: to TMP2:   three temporary files of this shell, deleted when it ends; TMP: is TMP0:
 //
 // A device is a file while the command runs; the clipboard's is carried over when the command has ended.
@@ -15,7 +15,7 @@ constexpr int temporaryDevices = 3;
 
 class PseudoDevice {
 public:
-    // Null for any other name, and for CLIP: when the setting Clipboards is off.
+    // Null for any other name, and for clipboards when the setting Clipboards is off.
     static std::unique_ptr<PseudoDevice> Find(std::u16string_view name);
 
     ~PseudoDevice();
@@ -29,9 +29,8 @@ public:
 private:
     bool WriteClipboardFile();
 
-    bool clipboard = false;
+    int clipboard = -1; // -1: a temporary file
     bool forOutput = false;
-    int temporaryIndex = 0;
     CString file;
 };
 

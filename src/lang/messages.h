@@ -107,6 +107,8 @@ constexpr unsigned noSharedMemory = 0x200002E8;      // 3744
 constexpr unsigned noProcessVariable = 0x200002E9;   // 3745
 constexpr unsigned noSuchError = 0x200002EA;         // 3746
 constexpr unsigned offScreen = 0x20000460;           // 4120
+constexpr unsigned clipboardEmpty = 0x20000461;      // 4121
+constexpr unsigned clipboardOfPipe = 0x20000462;     // 4122
 } // namespace errors
 
 namespace message {
@@ -213,4 +215,8 @@ constexpr unsigned matchesIn = 3960;
 constexpr unsigned askGoOn = 3961;
 constexpr unsigned foundAtPlace = 3962;
 constexpr unsigned foundInBinary = 3963;
+constexpr unsigned keyState = 4130;
+constexpr unsigned capsLock = 4131;
+constexpr unsigned numLock = 4132;
+constexpr unsigned scrollLock = 4133;
 } // namespace message

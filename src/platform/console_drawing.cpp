@@ -8,6 +8,7 @@
 #include "platform/console_handles.h"
 #include "platform/text_output.h"
 #include "platform/turns.h"
+#include "text/cell_width.h"
 
 namespace {
 
@@ -210,6 +211,16 @@ bool WriteWrapped(std::u16string_view text)
     const bool done = WriteTextToConsole(ConsoleScreen(), text);
     SetConsoleMode(ConsoleScreen(), mode);
     return done;
+}
+
+bool WriteScreenText(int row, int column, std::u16string_view text, unsigned attributes)
+{
+    DWORD done = 0;
+    const COORD from = {static_cast<SHORT>(column), static_cast<SHORT>(row)};
+    return WriteConsoleOutputCharacterW(ConsoleScreen(), reinterpret_cast<const wchar_t*>(text.data()),
+                                        static_cast<DWORD>(text.size()), from, &done) &&
+           FillConsoleOutputAttribute(ConsoleScreen(), static_cast<WORD>(attributes),
+                                      static_cast<DWORD>(TextWidth(text)), from, &done);
 }
 
 std::vector<ConsoleCell> ReadConsoleCells(int row, int column, int rows, int columns)

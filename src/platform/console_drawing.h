@@ -47,6 +47,9 @@ bool WriteColored(std::u16string_view text, unsigned attributes);
 // Text at the cursor as usual, going on in the next row at the end of one.
 bool WriteWrapped(std::u16string_view text);
 
+// Over what stands at the place, row after row; the cursor stays where it is.
+bool WriteScreenText(int row, int column, std::u16string_view text, unsigned attributes);
+
 struct ConsoleCell {
     char16_t unit = u' ';
     unsigned attributes = 7;

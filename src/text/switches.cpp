@@ -157,3 +157,38 @@ bool GetStringSwitch(CString& arguments, std::u16string_view name, CString& valu
     });
     return found;
 }
+
+bool TakeLeadingSwitch(CString& arguments, CString& one, const Syntax& syntax)
+{
+    arguments.TrimLeft();
+    if (arguments.front() != syntax.switchChar)
+        return false;
+    const std::u16string_view text = arguments;
+    bool quoted = false;
+    bool value = false;
+    std::size_t end = 1;
+    for (; end < text.size(); ++end) {
+        if (text[end] == u'"')
+            quoted = !quoted;
+        else if (!quoted && (IsBlank(text[end]) || (!value && text[end] == syntax.switchChar)))
+            break;
+        value |= !quoted && (text[end] == u':' || text[end] == u'=');
+    }
+    if (end == 1 && EndsSwitches(text.substr(0, text.find_first_of(u" \t")), syntax)) {
+        arguments.Erase(0, 3).TrimLeft();
+        return false;
+    }
+    one = text.substr(1, end - 1);
+    arguments.Erase(0, end).TrimLeft();
+    return true;
+}
+
+std::optional<CString> SwitchValue(std::u16string_view one, std::u16string_view name)
+{
+    if (!BeginsNoCase(one, name))
+        return std::nullopt;
+    one.remove_prefix(name.size());
+    if (one.starts_with(u':') || one.starts_with(u'='))
+        one.remove_prefix(1);
+    return WithoutOuterQuotes(one);
+}

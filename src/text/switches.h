@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "text/cstring.h"
@@ -31,6 +32,15 @@ bool GetMultiCharSwitch(CString& arguments, std::u16string_view name, const Synt
 // Removes the first switch that begins with `name` and takes text: "/Nvalue", "/N:value", "/N=value",
 // "/N"quoted text"". True when it was there; `value` receives the text, without quotes around it.
 bool GetStringSwitch(CString& arguments, std::u16string_view name, CString& value, const Syntax& syntax);
+
+// For commands of which a text follows the switches. Takes the switch at the front of the arguments into
+// `one`, without its switch character and with quotes as they stand; false when none stands there. It ends
+// at a blank or at the next switch character outside quotes; behind ':' or '=' only at a blank. "///" ends
+// the switches and is removed.
+bool TakeLeadingSwitch(CString& arguments, CString& one, const Syntax& syntax);
+// What follows `name` in such a switch: "30" for "/T30", "/T:30", "/T=30" or "/T:"30"". Nothing when the
+// switch does not begin with the name.
+std::optional<CString> SwitchValue(std::u16string_view one, std::u16string_view name);
 
 // Cuts `count` units out of the arguments, together with the blanks that would be left doubled.
 void CutSwitch(CString& arguments, std::size_t at, std::size_t count);
