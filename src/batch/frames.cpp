@@ -48,7 +48,7 @@ BATCH_FRAME NewFrame(std::vector<CString> arguments, std::u16string_view invoked
     TLS_VARIABLES& tls = Tls();
     const BATCH_FRAME* current = tls.Frame();
     BATCH_FRAME frame;
-    frame.fileName = arguments.front();
+    frame.SetFileName(arguments.front());
     frame.arguments = std::move(arguments);
     frame.arguments.front() = CString(invokedAs);
     frame.argumentText = CString(argumentText);

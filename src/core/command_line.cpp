@@ -1,10 +1,12 @@
 // The road of one line: Command_S cuts it into commands and takes each through the steps below, in the order
 // in which they stand in `steps`.
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "core/blocks.h"
 #include "core/command_lookup.h"
+#include "core/command_plans.h"
 #include "core/redirection.h"
 #include "core/separators.h"
 #include "core/substitution.h"
@@ -41,8 +43,10 @@ private:
     void NoteLine();
     void SubstituteQuickly();
 
-    // The steps of one command, in their order.
+    // The steps of one command, in their order. Those up to the cut are passed over for a command that has
+    // been taken apart before.
     bool BeginCommand();
+    bool RecallPlan();
     Step PassBlockWords();
     Step ExpandAlias();
     Step TakePrefixes();
@@ -63,6 +67,8 @@ private:
     Step Execute();
     Step FollowConnector();
 
+    Step TakeApart();
+    Step CarryOut();
     Step Fail(int code);
     void EndPass();
     void DropFirstCommand();
@@ -72,7 +78,9 @@ private:
     CommandShape ShapeOf(std::u16string_view text) const;
     Separator FindEnd(std::size_t from) const;
     std::size_t FindLoopEnd(std::size_t from) const;
+    void CutAt(const Separator& end);
     void CutPipe();
+    void KeepPlan(const Separator& end);
 
     CString rest;    // from the current command to the end of the line
     CString command; // the current command, once it is cut off
@@ -86,12 +94,23 @@ private:
     bool echoing = false;    // this line is to be echoed
     bool logging = false;    // this line, or each of its commands, goes to the logs
     bool echoCommand = true; // the current command has no "@"
+    bool planWanted = false; // how the current command is taken apart is worth keeping
+    CString planText;        // that command as it stood
+    PlanConditions planConditions;
     int commandsRun = 0;
     int flags;
     int lastResult = result::success;
     Syntax syntax;
     RedirectionRecord redirections;
 };
+
+CommandPlans& Plans()
+{
+    std::shared_ptr<CommandPlans>& plans = Tls().commandPlans;
+    if (!plans)
+        plans = std::make_shared<CommandPlans>();
+    return *plans;
+}
 
 bool IsPipe(Connector connector)
 {
@@ -104,18 +123,6 @@ using StepFunction = Step (CommandLine::*)();
 
 int CommandLine::Run()
 {
-    static constexpr StepFunction steps[] = {
-        &CommandLine::PassBlockWords,  &CommandLine::ExpandAlias,
-        &CommandLine::TakePrefixes,    &CommandLine::PassLabel,
-        &CommandLine::AskBefore,       &CommandLine::PassRemark,
-        &CommandLine::RunEchox,        &CommandLine::JoinContinuation,
-        &CommandLine::DetachTrailing,  &CommandLine::LookUp,
-        &CommandLine::CompleteBlocks,  &CommandLine::TakeLoopBody,
-        &CommandLine::ExpandWhole,     &CommandLine::Cut,
-        &CommandLine::Expand,          &CommandLine::EchoAndLog,
-        &CommandLine::Redirect,        &CommandLine::Execute,
-        &CommandLine::FollowConnector,
-    };
     if (rest.empty() || (rest.front() == u':' && rest.Find(u'\n') == npos))
         return result::success;
     NoteLine();
@@ -124,15 +131,43 @@ int CommandLine::Run()
         UnixAFStoWindows(rest, CurrentSyntax());
     Step step = Step::Go;
     while (step != Step::EndLine && BeginCommand()) {
-        step = Step::Go;
-        for (const StepFunction take : steps) {
-            step = (this->*take)();
-            if (step != Step::Go)
-                break;
-        }
+        step = RecallPlan() ? Step::Go : TakeApart();
+        if (step == Step::Go)
+            step = CarryOut();
         EndPass();
     }
     return lastResult;
+}
+
+Step CommandLine::TakeApart()
+{
+    static constexpr StepFunction steps[] = {
+        &CommandLine::PassBlockWords, &CommandLine::ExpandAlias,
+        &CommandLine::TakePrefixes,   &CommandLine::PassLabel,
+        &CommandLine::AskBefore,      &CommandLine::PassRemark,
+        &CommandLine::RunEchox,       &CommandLine::JoinContinuation,
+        &CommandLine::DetachTrailing, &CommandLine::LookUp,
+        &CommandLine::CompleteBlocks, &CommandLine::TakeLoopBody,
+        &CommandLine::ExpandWhole,    &CommandLine::Cut,
+    };
+    Step step = Step::Go;
+    for (const StepFunction take : steps)
+        if (step = (this->*take)(); step != Step::Go)
+            break;
+    return step;
+}
+
+Step CommandLine::CarryOut()
+{
+    static constexpr StepFunction steps[] = {
+        &CommandLine::Expand,  &CommandLine::EchoAndLog,      &CommandLine::Redirect,
+        &CommandLine::Execute, &CommandLine::FollowConnector,
+    };
+    Step step = Step::Go;
+    for (const StepFunction take : steps)
+        if (step = (this->*take)(); step != Step::Go)
+            break;
+    return step;
 }
 
 void CommandLine::NoteLine()
@@ -176,6 +211,37 @@ bool CommandLine::BeginCommand()
     pipeErrors = false;
     echoCommand = true;
     return true;
+}
+
+bool CommandLine::RecallPlan()
+{
+    planWanted = false;
+    const TLS_VARIABLES& tls = Tls();
+    if (unexpandedTail != npos || tls.blocks.iffSkipped > 0)
+        return false;
+    planConditions = CurrentPlanConditions(syntax);
+    const CommandPlan* plan = Plans().Find(rest, planConditions, planWanted);
+    if (!plan) {
+        if (planWanted)
+            planText = rest;
+        return false;
+    }
+    row = plan->row;
+    rowFlags = CommandFlags(*row);
+    CutAt(plan->end);
+    return true;
+}
+
+// Only what depends on nothing but the text and the conditions of plans.
+void CommandLine::KeepPlan(const Separator& end)
+{
+    if (!std::exchange(planWanted, false) || !row || IsPipe(end.connector) || !(rest == planText))
+        return;
+    const bool asksDisk = rest[std::u16string_view(row->name).size()] == u'.';
+    if (asksDisk || rest.front() == u'?' || EqualNoCase(row->name, u"DO") ||
+        EqualNoCase(row->name, u"ENDLOCAL"))
+        return;
+    Plans().Keep(planText, planConditions, {row, end});
 }
 
 // IFF, ELSE, ENDDO and their like are looked at before anything is expanded, so that nothing in a branch that
@@ -383,13 +449,24 @@ Step CommandLine::Cut()
     Separator end;
     if ((rowFlags & command_flags::wholeLine) == 0)
         end = FindEnd(0);
-    command = rest.Substr(0, end.at);
-    tail = end.at == npos ? CString() : rest.Substr(end.at);
-    rest = end.at == npos ? CString() : rest.Substr(end.Behind());
-    connector = end.connector;
+    KeepPlan(end);
+    CutAt(end);
     if (IsPipe(connector))
         CutPipe();
     return Step::Go;
+}
+
+void CommandLine::CutAt(const Separator& end)
+{
+    connector = end.connector;
+    if (end.at == npos) {
+        command = std::exchange(rest, CString());
+        tail.Clear();
+        return;
+    }
+    command = rest.Substr(0, end.at);
+    tail = rest.Substr(end.at);
+    rest.Erase(0, end.Behind());
 }
 
 void CommandLine::CutPipe()

@@ -32,6 +32,13 @@ std::vector<CommandState>& States()
     return states;
 }
 
+// How often a state was changed.
+std::uint64_t& StateChanges()
+{
+    static std::uint64_t changes = 0;
+    return changes;
+}
+
 CommandState& StateOf(const BUILTIN& row)
 {
     return States()[static_cast<std::size_t>(&row - aInternalCommands)];
@@ -90,6 +97,13 @@ CommandState* FindState(std::u16string_view name)
     return index < 0 ? nullptr : &States()[static_cast<std::size_t>(index)];
 }
 
+// For changing it.
+CommandState* TouchState(std::u16string_view name)
+{
+    ++StateChanges();
+    return FindState(name);
+}
+
 // The name at `start`: at most 15 units up to a character that cannot stand in a name.
 std::u16string_view ReadName(std::u16string_view line, std::size_t start, const Syntax& syntax)
 {
@@ -132,6 +146,8 @@ int FindInternalCommand(std::u16string_view line, bool includeDisabled, const BU
     return index;
 }
 
+std::uint64_t CommandStateChanges() { return StateChanges(); }
+
 unsigned CommandFlags(const BUILTIN& row) { return StateOf(row).flags; }
 
 bool IsCommandEnabled(const BUILTIN& row) { return StateOf(row).enabled; }
@@ -150,7 +166,7 @@ unsigned QueryInternalCommandFlags(std::u16string_view name)
 
 int SetInternalCommandFlags(std::u16string_view name, unsigned flags)
 {
-    CommandState* state = FindState(name);
+    CommandState* state = TouchState(name);
     if (!state)
         return result::error;
     state->flags = (flags & ~command_flags::oursAlone) | (state->flags & command_flags::oursAlone);
@@ -163,7 +179,7 @@ int EnableInternalCommand(std::u16string_view name)
         SelectCommandSet(true);
         return result::success;
     }
-    CommandState* state = FindState(name);
+    CommandState* state = TouchState(name);
     if (!state)
         return result::error;
     state->enabled = true;
@@ -172,13 +188,14 @@ int EnableInternalCommand(std::u16string_view name)
 
 int DisableInternalCommand(std::u16string_view name)
 {
-    if (CommandState* state = FindState(name))
+    if (CommandState* state = TouchState(name))
         state->enabled = false;
     return result::success;
 }
 
 void SelectCommandSet(bool all)
 {
+    ++StateChanges();
     for (int i = 0; i < nInternalCommands; ++i)
         States()[static_cast<std::size_t>(i)].enabled =
             all || (aInternalCommands[i].flags & command_flags::basic) != 0;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "engine/tables.h"
@@ -12,6 +13,9 @@
 // place behind the name.
 int FindInternalCommand(std::u16string_view line, bool includeDisabled, const BUILTIN** row = nullptr,
                         std::size_t* nameEnd = nullptr);
+
+// How often commands were switched on or off or given other flags: the same number, the same answers.
+std::uint64_t CommandStateChanges();
 
 // Flags of a row as they are now, private ones included.
 unsigned CommandFlags(const BUILTIN& row);

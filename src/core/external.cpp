@@ -152,6 +152,12 @@ bool FindArchive(Invocation& run)
 
 bool Find(Invocation& run)
 {
+    // CALL of a label: the file is the one that runs.
+    const BATCH_FRAME* frame = Tls().Frame();
+    if (frame && (Tls().batchStartMode & batch_start::callLabel) != 0) {
+        run.found.file = frame->fileName;
+        return true;
+    }
     FindArchive(run);
     if (SearchPaths(run.call.name, run.found))
         return true;

@@ -54,7 +54,7 @@ void ReadBatchContext(std::u16string_view texts)
         return;
     TLS_VARIABLES& tls = Tls();
     BATCH_FRAME frame;
-    frame.fileName = fileName;
+    frame.SetFileName(CString(fileName));
     frame.flags = frame_flags::noFile;
     frame.echo = false;
     for (std::u16string_view text = next(); !text.empty(); text = next())

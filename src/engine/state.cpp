@@ -14,16 +14,10 @@ BATCH_FRAME::BATCH_FRAME(BATCH_FRAME&&) noexcept = default;
 BATCH_FRAME& BATCH_FRAME::operator=(BATCH_FRAME&&) noexcept = default;
 BATCH_FRAME::~BATCH_FRAME() = default;
 
-// Asked several times for every command: the last unit tells most names apart.
-bool BATCH_FRAME::EndsInCmd() const
+void BATCH_FRAME::SetFileName(const CString& name)
 {
-    switch (fileName.back()) {
-    case u'd':
-    case u'D': return EndsNoCase(fileName, u".cmd");
-    case u't':
-    case u'T': return EndsNoCase(fileName, u".bat");
-    default: return false;
-    }
+    fileName = name;
+    endsInCmd = EndsNoCase(name, u".cmd") || EndsNoCase(name, u".bat");
 }
 
 namespace {
@@ -31,21 +25,23 @@ namespace {
 // Frees the record of a thread that ends; the main thread's lives until the process ends.
 void WINAPI FreeThreadState(void* state) { delete static_cast<TLS_VARIABLES*>(state); }
 
-DWORD StateSlot()
-{
-    static const DWORD slot = FlsAlloc(FreeThreadState);
-    return slot;
-}
+// The record is asked for all the time, which the one slot answers faster; only the other one says when a
+// thread ends.
+struct StateSlots {
+    DWORD record = TlsAlloc();
+    DWORD end = FlsAlloc(FreeThreadState);
+};
 
 } // namespace
 
 TLS_VARIABLES* GetTLSVariables()
 {
-    const DWORD slot = StateSlot();
-    auto* state = static_cast<TLS_VARIABLES*>(FlsGetValue(slot));
+    static const StateSlots slots;
+    auto* state = static_cast<TLS_VARIABLES*>(TlsGetValue(slots.record));
     if (!state) {
         state = new TLS_VARIABLES;
-        FlsSetValue(slot, state);
+        TlsSetValue(slots.record, state);
+        FlsSetValue(slots.end, state);
     }
     return state;
 }

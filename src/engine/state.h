@@ -60,7 +60,7 @@ constexpr int maximumBatchFrames = 100;
 
 // A running batch file.
 struct BATCH_FRAME {
-    CString fileName;                     // full name
+    CString fileName;                     // full name, given by SetFileName
     CString argumentText;                 // the command tail the file was started with
     std::vector<CString> arguments;       // entry 0 is %0 as invoked
     std::intptr_t file = batchFileClosed; // handle, batchFileClosed or batchFileInMemory
@@ -99,7 +99,11 @@ struct BATCH_FRAME {
     BATCH_FRAME& operator=(BATCH_FRAME&&) noexcept;
     ~BATCH_FRAME();
 
-    bool EndsInCmd() const; // .BAT or .CMD: everyday batch syntax applies
+    void SetFileName(const CString& name);
+    bool EndsInCmd() const { return endsInCmd; } // .BAT or .CMD: everyday batch syntax applies
+
+private:
+    bool endsInCmd = false; // asked several times for every command
 };
 
 // What SETLOCAL keeps and ENDLOCAL puts back.
@@ -210,7 +214,8 @@ struct TLS_VARIABLES {
     std::vector<std::int64_t> resultCounters; // what the file commands counted, by the rows of their table
     int unknownCommandDepth = 0;
     int associationDepth = 0;
-    int lineDepth = 0; // nesting of Command_S
+    int lineDepth = 0;                                // nesting of Command_S
+    std::shared_ptr<class CommandPlans> commandPlans; // core/command_plans.h
     bool signalsHeld = false;
     bool breakPending = false;
     bool breakHappened = false;

@@ -140,6 +140,7 @@ void InitializeLocalGlobalLists()
     VariableLists& lists = Lists();
     if (!lists.lock)
         lists.lock = NamedLock(u"MVListSemaphore");
+    ++lists.beginnings;
     CString user;
     for (std::size_t i = 0; i < std::size(kindSettings); ++i) {
         const KindSettings& settings = kindSettings[i];
@@ -169,6 +170,18 @@ ListBlock QueryListBlock(ListKind which, ListScope scope)
     if (!units || capacity < smallestList)
         return {};
     return {units, capacity, reinterpret_cast<ListControl*>(units + capacity - listReserve)};
+}
+
+// Each list counts its own changes and never down, so the sum of them tells; a list that begins anew does so
+// from 0, behind all sums of the lists before it.
+std::uint64_t ListChanges(ListKind kind)
+{
+    constexpr int bitsOfChanges = 40;
+    std::uint64_t sum = Lists().beginnings << bitsOfChanges;
+    for (const ListScope scope : {ListScope::Local, ListScope::Global})
+        if (const ListBlock block = QueryListBlock(kind, scope))
+            sum += block.control->changes.load(std::memory_order_acquire);
+    return sum;
 }
 
 std::vector<SharedSection> OpenGlobalLists()

@@ -20,6 +20,7 @@ struct VariableLists {
     NamedLock lock;
     NamedLock historyLock;                  // for console/history.cpp, which makes it on first use
     std::atomic<int> environmentChanges{0}; // not announced yet
+    std::uint64_t beginnings = 0;           // how often lists were made or dropped
 };
 
 VariableLists& Lists();

@@ -7,6 +7,7 @@
 // rules by which the shell sets them.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -60,6 +61,9 @@ void InitializeLocalGlobalLists();
 // The block of a list, without memory when there is no such list. Whoever changes a history block brings
 // his own lock.
 ListBlock QueryListBlock(ListKind kind, ListScope scope);
+
+// A number that is another one after every change of the local or the global list, by whatever shell.
+std::uint64_t ListChanges(ListKind kind);
 
 // What a local list holds, to be put back later (SETLOCAL).
 CString SaveLocalList(ListKind kind);

@@ -13,4 +13,6 @@ struct Syntax {
     bool openQuotes = false;    // .BAT and .CMD: an odd double quote runs to the end of its line
     bool cmdDelimiters = false; // .BAT and .CMD: ';' and '=' part arguments too
     bool duplicateBugs = true;  // the compatibility behaviours of the command line
+
+    bool operator==(const Syntax&) const = default;
 };
