@@ -14,6 +14,7 @@ set(MOVACORE_PURE_ROOMS
   src/commands/expr_reader.cpp
   src/commands/help_text.cpp
   src/commands/reference_text.cpp
+  src/commands/pdir_format.cpp
   src/commands/printf_format.cpp
   src/commands/start_switches.cpp
   src/config/colors.cpp
@@ -75,6 +76,7 @@ set(MOVACORE_PURE_ROOMS
   src/files/description_list.cpp
   src/files/digest.cpp
   src/files/directory_name.cpp
+  src/files/directory_search.cpp
   src/files/file_walk.cpp
   src/files/line_search.cpp
   src/files/name_colors.cpp

@@ -1,5 +1,10 @@
 #include "commands/directory.h"
 
+#include <algorithm>
+
+#include <windows.h>
+
+#include "commands/directory_choice.h"
 #include "console/history.h"
 #include "core/alias_extras.h"
 #include "core/command_switches.h"
@@ -12,20 +17,37 @@
 #include "platform/directory.h"
 #include "platform/environment.h"
 #include "platform/file_facts.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+#define DIRECTORY_SEARCH_HELP                                                                                \
+    u"/N  do not search for a directory that is not there\n"                                                 \
+    u"/S  note the directories below these places, without any those of all fixed drives, for searches by "  \
+    u"name; what was noted before is forgotten\n"                                                            \
+    u"/U  note again what is below these places, without any below the current directory\n"
+
+#define DIRECTORY_SEARCH_RULES                                                                               \
+    u"A name that is no directory here is looked for in the directories that the variable CDPATH lists, "    \
+    u"parted by \";\". Then, as the setting FuzzyCD tells, it is searched for among the noted "              \
+    u"directories: whole names (1), beginnings of names (2) or any part of them (3), with wildcards, too; "  \
+    u"\"src\\inc\" means one in another. One of several is picked from a list. The shell's own commands "    \
+    u"keep what is noted up to date."
 
 const CommandHelp cdHelp = {
     u"Shows or changes the current directory.",
     u"CD\n"
-    u"CD [/D] directory\n"
+    u"CD [/D] [/N] directory\n"
     u"CD drive:\n"
-    u"CD -",
-    u"/D  change to the directory's drive as well\n"
-    u"Without a directory the current one is shown, with a drive alone the one of that drive. A directory on "
+    u"CD -\n"
+    u"CD /S | /U [place ...]",
+    u"/D  change to the directory's drive as well\n" DIRECTORY_SEARCH_HELP u"Without a directory the current "
+    u"one is shown, with a drive "
+    u"alone the one of that drive. A "
+    u"directory on "
     u"another drive becomes that drive's own, and you stay where you are. \"..\" is the parent, each further "
     u"period goes one higher, \"-\" is the directory you came from. Quotes around a name with blanks may be "
     u"left out; wildcards go to the first directory that matches. name: stands for the directory that the "
-    u"alias "
-    u"of that name holds.",
+    u"alias of that name holds. " DIRECTORY_SEARCH_RULES,
     u"cd ..\n"
     u"cd \\Program Files\n"
     u"cd ...\\tools\n"
@@ -34,36 +56,16 @@ const CommandHelp cdHelp = {
 
 const CommandHelp cddHelp = {
     u"Shows the current directory, or changes the drive and directory.",
-    u"CDD [directory | -]\n"
-    u"CDD /A",
-    u"/A  show the current directory of every drive\n"
-    u"As CD /D: a drive alone goes to the directory it was left in.",
+    u"CDD [/N] [directory | -]\n"
+    u"CDD /A\n"
+    u"CDD /S | /U [place ...]",
+    u"/A  show the current directory of every drive\n" DIRECTORY_SEARCH_HELP u"As CD /D: a drive alone goes "
+    u"to the directory it was left "
+    u"in. " DIRECTORY_SEARCH_RULES,
     u"cdd d:\\work\n"
     u"cdd -\n"
-    u"cdd /a",
-};
-
-const CommandHelp pushdHelp = {
-    u"Keeps the current directory for POPD, and changes the drive and directory.",
-    u"PUSHD [directory]",
-    u"Without a directory the current one is kept and you stay there. DIRS shows what is kept.",
-    u"pushd d:\\work\n"
-    u"pushd ..",
-};
-
-const CommandHelp popdHelp = {
-    u"Goes back to the directory that PUSHD kept last.",
-    u"POPD [*]",
-    u"*  forget all kept directories and stay",
-    u"popd\n"
-    u"popd *",
-};
-
-const CommandHelp dirsHelp = {
-    u"Lists the directories that PUSHD keeps, the one that POPD returns to first.",
-    u"DIRS",
-    u"",
-    u"dirs",
+    u"cdd /s c:\\work d:\\\n"
+    u"cdd include",
 };
 
 namespace {
@@ -82,24 +84,53 @@ CString DirectoryOrVariable(const CString& name)
     return value.empty() || !QueryIsDirectory(value) ? full : value;
 }
 
-// The full name that the person means; empty when wildcards match nothing (reported).
-CString MeantDirectory(std::u16string_view name)
+// The directory of that name in one of those that CDPATH lists; "" for none.
+CString DirectoryOnPath(const CString& name)
+{
+    CString path;
+    if (IsAbsolutePath(name) || name.front() == u'\\' || name.front() == u'.' ||
+        !(ReadEnvironment(u"CDPATH", path) || ReadEnvironment(u"_CDPATH", path)))
+        return {};
+    for (std::size_t at = 0; at < path.size();) {
+        const std::size_t end = std::min(path.Find(u';', at), path.size());
+        const CString full = FullPathName(JoinPath(WithoutQuotes(path.Substr(at, end - at)), name));
+        if (end > at && QueryIsDirectory(full))
+            return full;
+        at = end + 1;
+    }
+    return {};
+}
+
+enum class Search { Known, No };
+
+// What a person has named. Empty: nothing, which was reported, unless the person chose so.
+struct Meant {
+    CString directory;
+    bool searched = false; // it was looked for: wherever it is, that is where to go
+};
+
+Meant MeantDirectory(std::u16string_view name, Search search)
 {
     CString target;
     if (CDAliases(CleanDirectoryName(name), target) != result::success)
         return {};
     target = CleanDirectoryName(target);
     if (target == u"-" && !aTexts.previousDirectory.empty())
-        return aTexts.previousDirectory;
+        return {aTexts.previousDirectory};
     if (DriveLetter(target) && target.size() == 2)
-        return DirectoryOfDrive(target[0]);
-    if (EndsInWildcard(target)) {
-        target = FirstMatchingDirectory(target);
-        if (target.empty())
-            MVError(0, name);
-        return target;
-    }
-    return DirectoryOrVariable(target);
+        return {DirectoryOfDrive(target[0])};
+    CString found = EndsInWildcard(target) ? FirstMatchingDirectory(target) : DirectoryOrVariable(target);
+    const DWORD reason = found.empty() ? GetLastError() : 0;
+    if (!found.empty() && QueryIsDirectory(found))
+        return {found};
+    if (CString onPath = DirectoryOnPath(target); !onPath.empty())
+        return {onPath, true};
+    CString chosen;
+    if (search == Search::Known && ChooseKnownDirectory(target, chosen))
+        return {chosen, true};
+    if (found.empty())
+        MVError(reason, name);
+    return {found};
 }
 
 void NoteMove(const CString& old)
@@ -111,14 +142,16 @@ void NoteMove(const CString& old)
     NoteDirectoryChange(old, now);
 }
 
-int GoTo(std::u16string_view name, OtherDrive otherDrive)
+int GoTo(std::u16string_view name, OtherDrive otherDrive, Search search = Search::Known)
 {
-    const CString target = MeantDirectory(name);
+    const Meant meant = MeantDirectory(name, search);
+    const CString& target = meant.directory;
     if (target.empty())
         return result::error;
     const CString old = CurrentDirectory();
     const char16_t drive = DriveLetter(target);
-    if (otherDrive == OtherDrive::StayHere && drive && drive != DriveLetter(old))
+    const bool stays = otherDrive == OtherDrive::StayHere && !meant.searched;
+    if (stays && drive && drive != DriveLetter(old))
         return MakeDirectoryOfDrive(target) ? result::success : MVError(0, name);
     if (!MakeCurrent(target))
         return MVError(0, name);
@@ -139,12 +172,12 @@ int GoToDrive(char16_t letter)
     return result::success;
 }
 
-int GoAnywhere(std::u16string_view name)
+int GoAnywhere(std::u16string_view name, Search search = Search::Known)
 {
     const CString clean = CleanDirectoryName(name);
     if (clean.size() == 2 && DriveLetter(clean))
         return GoToDrive(clean[0]);
-    return GoTo(name, OtherDrive::GoThere);
+    return GoTo(name, OtherDrive::GoThere, search);
 }
 
 int ShowEveryDrive()
@@ -163,69 +196,46 @@ int ChangeDrive(char16_t letter) { return Tls().errorLevel = GoToDrive(letter); 
 
 int ChangeDirectory(std::u16string_view name) { return Tls().errorLevel = GoAnywhere(name); }
 
+namespace {
+
+// The bits of the switches that CD and CDD share; CDD's own comes behind them.
+constexpr std::u16string_view sharedSwitches = u"DNSU";
+constexpr std::uint64_t goesThere = 1;
+constexpr std::uint64_t noSearch = 2;
+constexpr std::uint64_t notesAnew = 4;
+constexpr std::uint64_t notesAgain = 8;
+constexpr std::uint64_t showsAll = 16;
+
+} // namespace
+
 int Cd_Command(CString& arguments)
 {
     std::uint64_t flags = 0;
-    if (const int code = ReadSwitches(arguments, u"D", flags, SwitchPlace::Leading))
+    if (const int code = ReadSwitches(arguments, sharedSwitches, flags, SwitchPlace::Leading))
         return code;
+    if ((flags & (notesAnew | notesAgain)) != 0)
+        return NoteDirectories(arguments, (flags & notesAnew) != 0 ? NoteMode::Anew : NoteMode::Renew);
     const CString name = CleanDirectoryName(arguments);
     if (name.empty())
         return ShowLine(CurrentDirectory());
-    const bool goThere = flags & 1;
+    const bool goThere = (flags & goesThere) != 0;
+    const Search search = (flags & noSearch) != 0 ? Search::No : Search::Known;
     if (name.size() == 2 && DriveLetter(name) && !goThere)
         return DriveExists(name[0]) ? ShowLine(DirectoryOfDrive(name[0])) : MVError(0, name);
-    return goThere || name == u"-" ? GoAnywhere(arguments) : GoTo(arguments, OtherDrive::StayHere);
+    return goThere || name == u"-" ? GoAnywhere(arguments, search)
+                                   : GoTo(arguments, OtherDrive::StayHere, search);
 }
 
 int Cdd_Command(CString& arguments)
 {
     std::uint64_t flags = 0;
-    if (const int code = ReadSwitches(arguments, u"AD", flags, SwitchPlace::Leading))
+    if (const int code = ReadSwitches(arguments, CString(sharedSwitches) + u"A", flags, SwitchPlace::Leading))
         return code;
-    if (flags & 1)
+    if ((flags & showsAll) != 0)
         return ShowEveryDrive();
+    if ((flags & (notesAnew | notesAgain)) != 0)
+        return NoteDirectories(arguments, (flags & notesAnew) != 0 ? NoteMode::Anew : NoteMode::Renew);
     if (CleanDirectoryName(arguments).empty())
         return ShowLine(CurrentDirectory());
-    return GoAnywhere(arguments);
-}
-
-int Pushd_Command(CString& arguments)
-{
-    const CString old = CurrentDirectory();
-    if (aTexts.directoryStack.size() >= maximumDirectoryStack)
-        return MVError(errors::directoryStackFull);
-    if (!CleanDirectoryName(arguments).empty()) {
-        if (const int code = GoAnywhere(arguments))
-            return code;
-    }
-    aTexts.directoryStack.push_back(old);
-    return result::success;
-}
-
-int Popd_Command(CString& arguments)
-{
-    arguments.Trim();
-    if (arguments == u"*") {
-        aTexts.directoryStack.clear();
-        return result::success;
-    }
-    if (!arguments.empty())
-        return UsageError();
-    if (aTexts.directoryStack.empty())
-        return MVError(errors::directoryStackEmpty);
-    // A directory that is gone leaves the stack all the same: it must not bar the way to the ones below.
-    const CString kept = aTexts.directoryStack.back();
-    aTexts.directoryStack.pop_back();
-    return GoTo(kept, OtherDrive::GoThere);
-}
-
-int Dirs_Command(CString&)
-{
-    const std::vector<CString>& stack = aTexts.directoryStack;
-    if (stack.empty())
-        return MVError(errors::directoryStackEmpty);
-    CString text;
-    for (std::size_t i = stack.size(); i > 0; --i)
-        text += Format(u"%3d  %s\r\n", stack.size() - i + 1, stack[i - 1]);
-    return Print(text) ? result::success : MVError(0);
+    return GoAnywhere(arguments, (flags & noSearch) != 0 ? Search::No : Search::Known);
 }

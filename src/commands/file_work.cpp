@@ -10,7 +10,9 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "files/known_directories.h"
 #include "lang/messages.h"
+#include "platform/file_facts.h"
 #include "text/path_names.h"
 #include "text/words.h"
 
@@ -45,6 +47,12 @@ AttributeMasks MasksFor(const CString& argument, const FILESEARCH& search, const
 
 void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16string_view newName)
 {
+    if (change == FolderChange::DirectoryCreated)
+        NoteNewDirectory(FullPathName(name));
+    else if (change == FolderChange::DirectoryDeleted)
+        NoteRemovedDirectory(FullPathName(name));
+    else if (change == FolderChange::FileRenamed && QueryIsDirectory(newName))
+        NoteMovedDirectory(FullPathName(name), FullPathName(newName));
     if (aIniFile.SHChangeNotify)
         NotifyFolders(change, name, newName);
 }
@@ -139,4 +147,10 @@ int FileWork::Finish(unsigned totals)
                                           : totals + 2,
                               Format(u"%I64d", done)));
     return errors != 0 || (done == 0 && !stopped) ? result::error : result::success;
+}
+
+int FileWork::FinishQuietly()
+{
+    SetResultCounters(counter, {files, directories, errors});
+    return errors != 0 ? result::error : result::success;
 }

@@ -44,7 +44,8 @@ int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search
 // either.
 AttributeMasks MasksFor(const CString& argument, const FILESEARCH& search, const AttributeMasks& asked);
 
-// Tells the desktop's folder windows of a change when the setting SHChangeNotify asks for it.
+// Has a change known: to the database of directories that CD searches, and to the desktop's folder windows
+// when the setting SHChangeNotify asks for it.
 void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16string_view newName = {});
 
 // Lines that a batch file of the everyday kind (.BAT, .CMD) does not expect are left out there.
@@ -72,12 +73,16 @@ public:
     // Counts and shows it: message `line` with the name, and behind it "-> newName" when there is one.
     void Did(unsigned line, std::u16string_view name, std::u16string_view newName = {});
     void DidDirectory(unsigned line, std::u16string_view name, std::u16string_view newName = {});
+    // Counts a file that was shown already.
+    void Count() { ++files; }
     // Counts an error and shows it, a Windows error number or one of the shell's codes.
     void Failed(unsigned code, std::u16string_view name);
 
     // Shows the totals with one of three messages from `totals` on: for no file, one, and more. Sets the
     // counters and answers the command's result.
     int Finish(unsigned totals);
+    // The same for a command that shows totals of its own: doing nothing is no failure.
+    int FinishQuietly();
 
 private:
     void Show(unsigned line, std::u16string_view name, std::u16string_view newName);

@@ -8,6 +8,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/directory_name.h"
+#include "files/known_directories.h"
 #include "lang/messages.h"
 #include "platform/directory.h"
 #include "platform/file_changes.h"
@@ -41,7 +42,11 @@ unsigned MakeWithParents(const CString& name)
         return failed;
     const unsigned above = MakeWithParents(CString(parent));
     // Somebody else may have made it in the meantime.
-    return above != 0 && above != ERROR_ALREADY_EXISTS ? above : MakeDirectory(name);
+    if (above != 0 && above != ERROR_ALREADY_EXISTS)
+        return above;
+    if (above == 0)
+        NoteNewDirectory(FullPathName(parent));
+    return MakeDirectory(name);
 }
 
 } // namespace

@@ -20,22 +20,26 @@
 #include "commands/color.h"
 #include "commands/commands_list.h"
 #include "commands/date_time.h"
+#include "commands/dedupe.h"
 #include "commands/delay.h"
 #include "commands/delete.h"
 #include "commands/describe.h"
 #include "commands/detach.h"
 #include "commands/dir.h"
 #include "commands/directory.h"
+#include "commands/directory_stack.h"
 #include "commands/do.h"
 #include "commands/drawing.h"
 #include "commands/echo.h"
 #include "commands/eset.h"
+#include "commands/except.h"
 #include "commands/exec.h"
 #include "commands/exit.h"
 #include "commands/expr.h"
 #include "commands/ffind.h"
 #include "commands/for.h"
 #include "commands/function.h"
+#include "commands/global.h"
 #include "commands/goto_call.h"
 #include "commands/hash.h"
 #include "commands/help.h"
@@ -51,6 +55,7 @@
 #include "commands/option.h"
 #include "commands/path.h"
 #include "commands/pause.h"
+#include "commands/pdir.h"
 #include "commands/printf.h"
 #include "commands/process_variables.h"
 #include "commands/prompt.h"
@@ -120,7 +125,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DATEMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"DEBUGMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"DEBUGSTRING", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"DEDUPE", Unbuilt_Command, 0x2107, 1, u"dirs", &unbuiltHelp},
+    {u"DEDUPE", Dedupe_Command, 0x2107, 1, u"dirs", &dedupeHelp},
     {u"DEFAULT", Case_Command, 0x402044, 1, u"", &switchHelp},
     {u"DEFER", Defer_Command, 0x2402064, 1, u"", &deferHelp},
     {u"DEL", Delete_Command, 0x286327, 1, u"", &deleteHelp},
@@ -156,7 +161,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"EVENTLOG", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"EVENTMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"EVERYTHING", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
-    {u"EXCEPT", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
+    {u"EXCEPT", Except_Command, 0x2016, 1, u"", &exceptHelp},
     {u"EXEC", Exec_Command, 0x2107, 1, u"", &execHelp},
     {u"EXIT", Exit_Command, 0x202007, 1, u"", &exitHelp},
     {u"EXPR", Expr_Command, 0x2107, 1, u"", &exprHelp},
@@ -171,7 +176,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"FSEARCH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"FTYPE", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
     {u"FUNCTION", Function_Command, 0x1002007, 1, u"[/r] * [1] functions [2*] *", &functionHelp},
-    {u"GLOBAL", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
+    {u"GLOBAL", Global_Command, 0x2016, 1, u"", &globalHelp},
     {u"GOSUB", Gosub_Command, 0x1402047, 1, u"[1] btm cmd bat dirs [2*] *", &gosubHelp},
     {u"GOTO", Goto_Command, 0x602047, 1, u"", &gotoHelp},
     {u"GZIP", Unbuilt_Command, 0x82007, 1, u"[1] gz dirs [2*] *", &unbuiltHelp},
@@ -230,7 +235,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"OSD", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"PATH", Path_Command, 0x202007, 1, u"", &pathHelp},
     {u"PAUSE", Pause_Command, 0x202007, 1, u"", &pauseHelp},
-    {u"PDIR", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"PDIR", Pdir_Command, 0x82107, 1, u"", &pdirHelp},
     {u"PEE", Unbuilt_Command, 0x1002007, 1, u"", &unbuiltHelp},
     {u"PIPEVIEW", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"PLAYAVI", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "engine/data_folder.h"
 #include "engine/inifile.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -42,15 +43,6 @@ static_assert(std::size(logSettings) == static_cast<std::size_t>(Log::Count));
 
 const LogSettings& SettingsOf(Log log) { return logSettings[static_cast<int>(log)]; }
 
-CString UsualFolder()
-{
-    CString folder;
-    for (const char16_t* name : {u"LOCALAPPDATA", u"USERPROFILE", u"TEMP"})
-        if (ReadEnvironment(name, folder) && !folder.empty())
-            return folder;
-    return aTexts.startDirectory;
-}
-
 // A relative name is taken from the directory that is current when the log is first used.
 LogFile& FileOf(Log log)
 {
@@ -64,7 +56,7 @@ LogFile& FileOf(Log log)
     row.setting = setting;
     row.file.Close();
     row.name =
-        named.empty() ? Format(u"%s\\%s", UsualFolder(), SettingsOf(log).usualName) : FullPathName(named);
+        named.empty() ? Format(u"%s\\%s", DataFolder(), SettingsOf(log).usualName) : FullPathName(named);
     return row;
 }
 

@@ -234,6 +234,7 @@ struct TLS_VARIABLES {
     int execStrResult = 0;           // exit code of the last @execstr
     std::int64_t execArrayCount = 0; // elements that the last @execarray filled
     std::int64_t fileArrayCount = 0; // the same of @filearray
+    std::shared_ptr<const struct ExceptedFiles> exceptedFiles; // that EXCEPT keeps from the command it runs
 
     BATCH_FRAME* Frame() { return batchIndex < 0 ? nullptr : &frames[static_cast<std::size_t>(batchIndex)]; }
 };
@@ -283,6 +284,7 @@ struct GlobalTexts {
     CString exitFile;
     CString startCommand;                // the host's command line
     std::vector<CString> directoryStack; // PUSHD, innermost last
+    std::vector<char16_t> pushedDrives;  // beside it: the drive that this PUSHD has connected, or 0
     CString standingTitle;               // of the window between commands; "" until it is first looked at
 };
 extern GlobalTexts aTexts;

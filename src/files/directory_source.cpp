@@ -3,7 +3,9 @@
 #include <windows.h>
 
 #include "engine/break.h"
+#include "engine/state.h"
 #include "files/descriptions.h"
+#include "files/excepted_files.h"
 #include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "text/path_names.h"
@@ -37,9 +39,11 @@ unsigned SystemDirectories::Read(std::u16string_view directory, std::u16string_v
                                                   shortNames ? FindExInfoStandard : FindExInfoBasic, &entry,
                                                   FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
     if (search) {
+        const ExceptedFiles* excepted = Tls().exceptedFiles.get();
         unsigned count = 0;
         do {
-            sink.Take({Units(entry.cFileName), Units(entry.cAlternateFileName), FactsOf(entry)});
+            if (!excepted || !excepted->names.contains(JoinPath(directory, Units(entry.cFileName))))
+                sink.Take({Units(entry.cFileName), Units(entry.cAlternateFileName), FactsOf(entry)});
             if (++count % entriesBetweenBreaks == 0)
                 ThrowIfBroken();
         } while (FindNextFileW(search.Get(), &entry));

@@ -151,7 +151,7 @@ private:
         plan.request.attributes = search.attributes;
         plan.request.ranges = &search.ranges;
         plan.request.deepest = search.deepest;
-        plan.request.followsLinks = aIniFile.DirJunctions != 0;
+        plan.request.followsLinks = aIniFile.DirJunctions != 0 && !search.avoidsLinks;
         plan.request.dots = search.dots;
         return plan;
     }

@@ -29,6 +29,7 @@ struct FILESEARCH {
     bool intoDirectories = false; // a name that is a directory means what is in it
     bool dots = false;            // "." and ".." are answered too
     bool shortNames = false;      // FoundFile::shortName is wanted
+    bool avoidsLinks = false;     // never into junctions and links, whatever DirJunctions says
 
     // What FindFiles has found.
     CString name; // with the directory as the person named it

@@ -103,6 +103,13 @@ unsigned ChangeFileTimes(std::u16string_view name, const NewFileTimes& times)
                                times.accessed ? &accessed : nullptr, times.written ? &written : nullptr));
 }
 
+unsigned MakeHardLink(std::u16string_view name, std::u16string_view existing)
+{
+    return CreateHardLinkW(SystemPath(name).w(), SystemPath(existing).w(), nullptr)
+               ? 0u
+               : unsigned{GetLastError()};
+}
+
 unsigned CreateEmptyFile(std::u16string_view name)
 {
     const OwnedHandle file(CreateFileW(SystemPath(name).w(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,

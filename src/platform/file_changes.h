@@ -27,6 +27,9 @@ struct NewFileTimes {
 };
 unsigned ChangeFileTimes(std::u16string_view name, const NewFileTimes& times);
 
+// Another name for a file, on its volume; a name that is taken is an error.
+unsigned MakeHardLink(std::u16string_view name, std::u16string_view existing);
+
 // An empty file; one that exists is an error.
 unsigned CreateEmptyFile(std::u16string_view name);
 

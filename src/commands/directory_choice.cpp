@@ -1,0 +1,128 @@
+#include "commands/directory_choice.h"
+
+#include <algorithm>
+
+#include <windows.h>
+
+#include "console/popup_list.h"
+#include "console/system_console.h"
+#include "core/command_switches.h"
+#include "engine/console_entry.h"
+#include "engine/inifile.h"
+#include "engine/output.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "files/directory_name.h"
+#include "files/directory_search.h"
+#include "files/known_directories.h"
+#include "lang/messages.h"
+#include "platform/directory.h"
+#include "platform/file_facts.h"
+#include "platform/volumes.h"
+#include "text/format.h"
+#include "text/numbers.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+namespace {
+
+// The number of the line, or npos.
+std::size_t PickInWindow(const std::vector<CString>& directories, SystemEditorConsole& console)
+{
+    const ScreenExtent extent = console.Extent();
+    PopupRequest request;
+    request.title = LoadMessage(message::directoryListTitle);
+    request.lines = directories;
+    request.place = {extent.top, extent.left, extent.windowRows, extent.windowColumns};
+    const PopupResult result = RunPopupList(console, std::move(request));
+    return result.action == PopupAction::Selected ? result.line : CString::npos;
+}
+
+std::size_t PickByNumber(const std::vector<CString>& directories)
+{
+    for (std::size_t i = 0; i < directories.size(); ++i)
+        PrintFormat(u"%3u  %s\r\n", i + 1, directories[i]);
+    Print(LoadMessage(message::chooseDirectory));
+    CString line;
+    if (ReadInputLine(line, {}) != InputOutcome::Given)
+        return CString::npos;
+    const auto number = ParseInteger(line.Trim());
+    const bool valid = number && *number >= 1 && *number <= static_cast<std::int64_t>(directories.size());
+    return valid ? static_cast<std::size_t>(*number - 1) : CString::npos;
+}
+
+std::size_t Pick(const std::vector<CString>& directories)
+{
+    if (IsConsole(0) && IsConsole(1)) {
+        SystemEditorConsole console;
+        if (console)
+            return PickInWindow(directories, console);
+    }
+    return PickByNumber(directories);
+}
+
+std::vector<CString> FixedDrives()
+{
+    std::vector<CString> roots;
+    for (const char16_t letter : AllDrives()) {
+        CString root = Format(u"%c:\\", letter);
+        if (DriveKind(root) == DRIVE_FIXED)
+            roots.push_back(root);
+    }
+    return roots;
+}
+
+// "C:\ d:" as full names.
+int ReadPlaces(std::u16string_view text, std::vector<CString>& places)
+{
+    for (const CString& one : SplitArguments(text, true, CurrentSyntax())) {
+        CString name = CleanDirectoryName(one);
+        if (name.size() == 2 && DriveLetter(name))
+            name.Append(u'\\');
+        if (!QueryIsDirectory(name))
+            return MVError(0, one);
+        places.push_back(FullPathName(name));
+    }
+    return result::success;
+}
+
+} // namespace
+
+bool ChooseKnownDirectory(std::u16string_view name, CString& directory)
+{
+    directory.Clear();
+    std::vector<CString> known;
+    const auto match = static_cast<DirectoryMatch>(aIniFile.FuzzyCD);
+    if (match == DirectoryMatch::None || DriveLetter(name) || !ReadKnownDirectories(known))
+        return false;
+    std::vector<CString> found = MatchDirectories(known, name, match);
+    std::erase_if(found, [](const CString& one) { return !QueryIsDirectory(one); });
+    if (found.empty())
+        return false;
+    const std::size_t picked = found.size() == 1 ? 0 : Pick(found);
+    if (picked < found.size())
+        directory = found[picked];
+    return true;
+}
+
+int NoteDirectories(std::u16string_view places, NoteMode mode)
+{
+    std::vector<CString> roots;
+    if (const int code = ReadPlaces(places, roots))
+        return code;
+    if (roots.empty())
+        roots = mode == NoteMode::Anew ? FixedDrives() : std::vector<CString>{CurrentDirectory()};
+    std::vector<CString> known;
+    if (mode == NoteMode::Renew && !ReadKnownDirectories(known))
+        return MVError(errors::noTreeDatabase);
+    for (const CString& root : roots) {
+        PrintLine(LoadMessage(message::notingDirectories, root));
+        RemoveBelow(known, root);
+        const std::vector<CString> below = DirectoriesBelow(root);
+        known.insert(known.end(), below.begin(), below.end());
+    }
+    if (const unsigned code = WriteKnownDirectories(known))
+        return MVError(code, KnownDirectoriesFile());
+    return PrintLine(LoadMessage(message::directoriesNoted, Format(u"%u", known.size()))) ? result::success
+                                                                                          : MVError(0);
+}

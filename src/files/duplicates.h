@@ -1,0 +1,30 @@
+// Finding files that hold the same bytes.
+//
+// Files of one size are told apart by their first and last bytes, and what is left by checksums of the whole,
+// so that hardly a file is read that has no twin. Names of one and the same file (hard links) are no
+// duplicates: only the first of them counts.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include "text/cstring.h"
+
+struct DuplicateFile {
+    CString shown; // as the person named it
+    CString full;
+    std::uint64_t size = 0;
+    std::uint64_t written = 0; // file time
+    std::size_t place = 0;     // in the order in which files were found
+    std::uint64_t volume = 0;  // of those that are answered
+};
+
+// A file that could not be read, with the Windows error number.
+using DuplicateFailure = std::function<void(unsigned, const CString&)>;
+
+// The groups of equal files, each in the order given, in the order of their first files. Break is thrown when
+// the person breaks it off.
+std::vector<std::vector<DuplicateFile>> FindDuplicates(const std::vector<DuplicateFile>& files,
+                                                       const DuplicateFailure& failed);
