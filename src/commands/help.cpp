@@ -1,10 +1,16 @@
 #include "commands/help.h"
 
+#include <algorithm>
 #include <vector>
 
+#include "commands/help_subjects.h"
 #include "commands/help_text.h"
+#include "commands/pager.h"
 #include "commands/reference_text.h"
 #include "commands/unbuilt.h"
+#include "config/key_functions.h"
+#include "console/completion_word.h"
+#include "core/command_switches.h"
 #include "engine/help_entry.h"
 #include "engine/language_library.h"
 #include "engine/output.h"
@@ -14,17 +20,28 @@
 #include "text/words.h"
 
 const CommandHelp helpHelp = {
-    u"Shows what a command, function or variable does and how it is used, or lists all topics.",
-    u"HELP [command]\n"
-    u"HELP @[function]\n"
-    u"HELP _[variable]\n"
+    u"Shows what a command, function or variable does and how it is used.",
+    u"HELP [/N]\n"
+    u"HELP [/N] command\n"
+    u"HELP [/N] subject\n"
+    u"HELP [/N] @[function]\n"
+    u"HELP [/N] _[variable]\n"
+    u"HELP [/N] word\n"
     u"command /?",
-    u"@  lists the variable functions\n"
-    u"_  lists the internal variables\n"
-    u"Commands whose names begin with ECHO take \"/?\" as text: use HELP ECHO.",
+    u"/N  do not wait for a key after each screen\n"
+    u"Without arguments there is an overview with the subjects; HELP files lists the commands about files, "
+    u"HELP "
+    u"all every command, HELP keyboard the keys of the command line, HELP @ the functions and HELP _ the "
+    u"internal "
+    u"variables. The beginning of a subject's name will do. For any other word the commands are listed that "
+    u"have it in their names or descriptions.\n"
+    u"On the command line F1 shows the help for the word at the cursor. Commands whose names begin with ECHO "
+    u"take \"/?\" as text: use HELP ECHO.",
     u"help\n"
     u"help pushd\n"
+    u"help batch\n"
     u"help @left\n"
+    u"help rename\n"
     u"cd /?",
 };
 
@@ -42,17 +59,68 @@ CString NamesOf(const BUILTIN& row)
     return names;
 }
 
-// One line each for the commands that can be used, and how to go on.
-CString TopicList()
+bool IsBuilt(const BUILTIN& row) { return row.help && row.help != &unbuiltHelp; }
+
+// A line each for the commands that can be used and are wanted.
+template <typename Wanted> CString CommandList(Wanted wanted)
 {
     CString text;
     for (int i = 0; i < nInternalCommands; ++i) {
         const BUILTIN& row = aInternalCommands[i];
-        if (row.help && row.help != &unbuiltHelp)
+        if (IsBuilt(row) && wanted(row))
             text += Format(u"%-15s %s\r\n", row.name, row.help->summary);
     }
-    return text += u"\r\nHELP command, or command /?, tells more. COMMANDS lists every name.\r\n"
-                   u"HELP @ lists the functions, HELP _ the variables.\r\n";
+    return text;
+}
+
+CString SubjectList(const HelpSubject& subject)
+{
+    return CommandList([&](const BUILTIN& row) { return &HelpSubjectOf(row.name) == &subject; });
+}
+
+// What a newcomer should know, and how to go on.
+CString Overview(int width)
+{
+    CString text = HelpParagraph(
+        u"A line begins with the name of a command, an alias or a program; what stands behind it are "
+        u"its arguments and switches, parted by blanks. Enter runs the line.",
+        width);
+    AppendHelpSection(text, u"More help",
+                      u"HELP command   what a command does, for example HELP DIR; so does  command /?\n"
+                      u"HELP subject   the commands about a subject; the subjects are listed below\n"
+                      u"HELP all       every command with what it does; COMMANDS lists the names alone\n"
+                      u"HELP word      the commands whose descriptions hold the word\n"
+                      u"HELP @         the functions, as %@upper[text]; HELP @upper tells about one\n"
+                      u"HELP _         the internal variables, as %_cwd; HELP _cwd tells about one\n"
+                      u"HELP keyboard  the keys of the command line: Tab completes names, Up recalls lines",
+                      width);
+    CString subjects;
+    for (const HelpSubject& subject : helpSubjects)
+        if (!SubjectList(subject).empty())
+            subjects += Format(u"%-13s  %s\n", subject.name, subject.title);
+    AppendHelpSection(text, u"Subjects", subjects, width);
+    AppendHelpSection(text, u"First steps",
+                      u"dir                      what is in this directory\n"
+                      u"cd \\windows              go to another one; cd .. goes up\n"
+                      u"copy report.txt d:\\      copy a file; move, ren and del do what they say\n"
+                      u"set name=value           a variable; echo %name shows it\n"
+                      u"dir /? > help.txt        \">\" writes into a file what would be shown\n"
+                      u"exit                     leave",
+                      width);
+    return text;
+}
+
+// The functions of the command line's keys and the keys that they have now.
+CString KeyList()
+{
+    CString text;
+    for (int i = 0; i < static_cast<int>(nKeyFunctions); ++i) {
+        const KeyFunctionRow& row = aKeyFunctions[static_cast<std::size_t>(i)];
+        const std::u16string_view keys = aKeyBindings.Keys(i);
+        if ((row.category & key_category::lineEditor) != 0 && !keys.empty())
+            text += Format(u"%-26s %s (%s)\r\n", keys, row.description, row.name);
+    }
+    return text;
 }
 
 // One line for each row of a table that the reference tells about; `mark` stands in front of the names.
@@ -74,30 +142,86 @@ template <typename Row> CString ReferenceList(const CString& mark, const Row* ro
 // A line that fills the last column would break twice.
 int HelpWidth() { return IsConsole(1) ? OutputSize().columns - 1 : 0; }
 
-int Show(std::u16string_view text) { return Print(text) ? result::success : MVError(0); }
+// A screen at a time where a person reads it.
+int Show(std::u16string_view text, bool pauses = true)
+{
+    Pager pager(pauses && IsConsole(0));
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(u'\n'), text.size() - 1) + 1;
+        if (!pager.Piece(text.substr(0, end)))
+            return MVError(0);
+        text.remove_prefix(end);
+    }
+    return result::success;
+}
+
+CString CommandText(const BUILTIN& row, int width)
+{
+    return HelpText(NamesOf(row), row.help ? *row.help : unbuiltHelp, width);
+}
+
+// "" when nothing is known of the topic.
+CString TopicText(std::u16string_view name, int width)
+{
+    if (name.empty())
+        return Overview(width);
+    if (name == u"@")
+        return ReferenceList(name, aVariableFunctions, nVariableFunctions);
+    if (name == u"_")
+        return ReferenceList(name, aInternalVariables, nInternalVariables);
+    if (const int index = FindRow(aInternalCommands, nInternalCommands, name); index >= 0)
+        return CommandText(aInternalCommands[index], width);
+    for (const CString& page : ReferencePages())
+        if (const std::u16string_view section = ReferenceSection(page, name); !section.empty())
+            return ReferenceText(name, section, width);
+    if (EqualNoCase(name, u"all"))
+        return CommandList([](const BUILTIN&) { return true; });
+    if (name.size() > 2 && BeginsNoCase(u"keyboard", name))
+        return KeyList();
+    if (const HelpSubject* subject = FindHelpSubject(name))
+        return SubjectList(*subject);
+    return name[0] == u'@' ? CString() : CommandList([&](const BUILTIN& row) {
+        return FindNoCase(row.name, name) != CString::npos ||
+               FindNoCase(row.help->summary, name) != CString::npos;
+    });
+}
+
+class TableCommands : public KnownCommands {
+public:
+    bool IsInternal(std::u16string_view name) override
+    {
+        return FindRow(aInternalCommands, nInternalCommands, name) >= 0;
+    }
+};
 
 } // namespace
 
-int NTInternalHelp(const BUILTIN& row)
+int NTInternalHelp(const BUILTIN& row) { return Show(CommandText(row, HelpWidth())); }
+
+CString HelpForPlace(std::u16string_view line, std::size_t cursor, int width)
 {
-    return Show(HelpText(NamesOf(row), row.help ? *row.help : unbuiltHelp, HelpWidth()));
+    TableCommands commands;
+    const CompletionWord word = FindCompletionWord(line, cursor, true, CurrentSyntax(), commands);
+    std::u16string_view name = line.substr(word.start, word.end - word.start);
+    if (word.place == WordPlace::Variable || word.place == WordPlace::Function) {
+        const std::size_t first = std::min(name.find_first_not_of(u"%["), name.size());
+        name = name.substr(first, name.find_last_not_of(u"%[]") + 1 - first);
+    } else if (word.place != WordPlace::Command && !EqualNoCase(word.command, u"HELP")) {
+        name = word.command;
+    }
+    const CString text = name.empty() ? CString() : TopicText(name, width);
+    return text.empty() ? Overview(width) : text;
 }
 
 int Help_Command(CString& arguments)
 {
+    std::uint64_t flags = 0;
+    if (const int code = ReadSwitches(arguments, u"N", flags, SwitchPlace::Leading))
+        return code;
     const CString topic = GetNthArgument(arguments, 0, CurrentSyntax());
     const CString name(WithoutQuotes(topic));
-    if (name.empty())
-        return Show(TopicList());
-    if (name == u"@")
-        return Show(ReferenceList(name, aVariableFunctions, nVariableFunctions));
-    if (name == u"_")
-        return Show(ReferenceList(name, aInternalVariables, nInternalVariables));
-    const int index = FindRow(aInternalCommands, nInternalCommands, name);
-    if (index >= 0)
-        return NTInternalHelp(aInternalCommands[index]);
-    for (const CString& page : ReferencePages())
-        if (const std::u16string_view section = ReferenceSection(page, name); !section.empty())
-            return Show(ReferenceText(name, section, HelpWidth()));
-    return MVError(name[0] == u'@' ? errors::unknownFunction : errors::unknownCommand, name);
+    const CString text = TopicText(name, HelpWidth());
+    if (text.empty())
+        return MVError(name[0] == u'@' ? errors::unknownFunction : errors::unknownCommand, name);
+    return Show(text, flags == 0);
 }

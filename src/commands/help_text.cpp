@@ -65,3 +65,10 @@ CString HelpText(std::u16string_view names, const CommandHelp& help, int width)
     AppendHelpSection(text, u"Examples", help.examples, width);
     return text;
 }
+
+CString HelpParagraph(std::u16string_view lines, int width)
+{
+    CString text;
+    AppendLines(text, lines, 0, Columns(width));
+    return text;
+}

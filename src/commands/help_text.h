@@ -10,3 +10,6 @@ CString HelpText(std::u16string_view names, const CommandHelp& help, int width);
 // One of its sections: an empty line, the title, and the lines (ended or parted by '\n') below it; nothing
 // when there are none.
 void AppendHelpSection(CString& text, std::u16string_view title, std::u16string_view lines, int width);
+
+// Lines wrapped to `width` columns, at the margin.
+CString HelpParagraph(std::u16string_view lines, int width);

@@ -64,6 +64,7 @@
 #include "commands/remove_directory.h"
 #include "commands/rename.h"
 #include "commands/repeat.h"
+#include "commands/select.h"
 #include "commands/set.h"
 #include "commands/set_array.h"
 #include "commands/setdos.h"
@@ -72,6 +73,7 @@
 #include "commands/start.h"
 #include "commands/switch.h"
 #include "commands/system_report.h"
+#include "commands/tabcomplete.h"
 #include "commands/text_block.h"
 #include "commands/thread.h"
 #include "commands/timer.h"
@@ -276,7 +278,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SCREENMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"SCRIPT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"SCRPUT", Scrput_Command, 0x2007, 1, u"", &scrputHelp},
-    {u"SELECT", Unbuilt_Command, 0x2016, 1, u"", &unbuiltHelp},
+    {u"SELECT", Select_Command, 0x2016, 1, u"", &selectHelp},
     {u"SENDHTML", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"SENDMAIL", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"SERVICEMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
@@ -300,7 +302,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"STATUSBAR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"SWITCH", Switch_Command, 0x402045, 1, u"", &switchHelp},
     {u"SYNC", Unbuilt_Command, 0x2107, 1, u"dirs", &unbuiltHelp},
-    {u"TABCOMPLETE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"TABCOMPLETE", Tabcomplete_Command, 0x2007, 1, u"", &tabcompleteHelp},
     {u"TAIL", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"TAR", Unbuilt_Command, 0x82007, 1, u"[1] tar dirs [2*] *", &unbuiltHelp},
     {u"TASKBAR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},

@@ -1,7 +1,7 @@
 #include "console/completion.h"
 
 #include <algorithm>
-#include <set>
+#include <unordered_set>
 
 #include "console/completion_files.h"
 #include "console/completion_hint.h"
@@ -58,7 +58,7 @@ private:
     CompletionOffer Finish()
     {
         CompletionOffer offer{word.start, word.end, {}};
-        std::set<CString, LessNoCase> known;
+        std::unordered_set<CString, NoCaseHash, NoCaseEqual> known;
         for (CompletionCandidate& candidate : candidates) {
             if (!known.insert(candidate.text).second)
                 continue;

@@ -102,19 +102,6 @@ void Add(ArgumentKinds& kinds, std::u16string_view word)
     kinds.extensions.emplace_back(word[0] == u'.' ? word.substr(1) : word);
 }
 
-bool FitsCommand(std::u16string_view names, std::u16string_view command)
-{
-    const std::u16string_view file = FileNamePart(command);
-    const std::u16string_view stem = file.substr(0, file.size() - ExtensionPart(file).size());
-    while (!names.empty()) {
-        const std::u16string_view name = TakeWord(names);
-        if (!name.empty() && (WildcardComparison(name, file, false, false) == 0 ||
-                              WildcardComparison(name, stem, false, false) == 0))
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 bool ArgumentKinds::Nothing() const
@@ -141,6 +128,19 @@ ArgumentKinds ReadCompletionHint(std::u16string_view hint, const std::vector<CSt
     return kinds;
 }
 
+bool FitsCommandNames(std::u16string_view names, std::u16string_view command)
+{
+    const std::u16string_view file = FileNamePart(command);
+    const std::u16string_view stem = file.substr(0, file.size() - ExtensionPart(file).size());
+    while (!names.empty()) {
+        const std::u16string_view name = TakeWord(names);
+        if (!name.empty() && (WildcardComparison(name, file, false, false) == 0 ||
+                              WildcardComparison(name, stem, false, false) == 0))
+            return true;
+    }
+    return false;
+}
+
 CString FileCompletionHint(std::u16string_view setting, std::u16string_view command)
 {
     while (!setting.empty()) {
@@ -148,7 +148,7 @@ CString FileCompletionHint(std::u16string_view setting, std::u16string_view comm
         const std::u16string_view entry = setting.substr(0, end);
         setting.remove_prefix(std::min(end + 1, setting.size()));
         const std::size_t colon = entry.find(u':');
-        if (colon != npos && FitsCommand(entry.substr(0, colon), command))
+        if (colon != npos && FitsCommandNames(entry.substr(0, colon), command))
             return entry.substr(colon + 1);
     }
     return {};

@@ -30,8 +30,12 @@ ArgumentKinds ReadCompletionHint(std::u16string_view hint, const std::vector<CSt
                                  char16_t switchChar);
 
 // The hint that the setting FileCompletion ("command:extensions; command:...") has for a command; empty for
-// none. Names mind neither folders nor extensions, and may hold wildcards.
+// none.
 CString FileCompletionHint(std::u16string_view setting, std::u16string_view command);
+
+// Whether a list of names, parted by blanks or commas, wildcards allowed, has a command. Its folder and
+// extension do not matter.
+bool FitsCommandNames(std::u16string_view names, std::u16string_view command);
 
 // The switches that the lines of a command's help tell about.
 struct SwitchTopic {

@@ -78,6 +78,7 @@ public:
           cursorBefore(console.Cursor())
     {
         alive.assign(request.lines.size(), true);
+        marked.assign(request.lines.size(), request.allMarked);
         Open();
         Filter(request.chosen);
     }
@@ -91,9 +92,15 @@ public:
             return std::move(result);
         console.WatchMouse(true);
         while (!done && !(shown.empty() && filter.empty())) {
-            if (console.Waiting() == 0)
+            // What waits may be nothing that is told, such as the release of a key.
+            ConsoleEvent event{ConsoleEventKind::TimedOut, {}, {}, 0};
+            if (console.Waiting() > 0)
+                event = console.Wait(0);
+            if (event.kind == ConsoleEventKind::TimedOut) {
                 Draw();
-            Act(console.Wait());
+                event = console.Wait();
+            }
+            Act(event);
         }
         return std::move(result);
     }
@@ -106,7 +113,7 @@ private:
     void Open()
     {
         const ScreenExtent extent = console.Extent();
-        int widest = TextWidth(request.title) + 4;
+        int widest = std::max(TextWidth(request.title) + 4, TextWidth(request.footer) + 20);
         for (std::size_t i = 0; i < request.lines.size(); ++i)
             widest = std::max(widest, TextWidth(LineText(i)));
         area.columns = std::min({widest + frameColumns, request.place.columns, extent.windowColumns});
@@ -132,7 +139,8 @@ private:
 
     CString LineText(std::size_t line) const
     {
-        CString text(request.lines[line]);
+        CString text(request.marks ? (marked[line] ? u"\u25BA " : u"  ") : u"");
+        text.Append(request.lines[line]);
         if (line < request.notes.size() && !request.notes[line].empty())
             text.Append(u"  ").Append(request.notes[line]);
         return text;
@@ -177,7 +185,8 @@ private:
             DrawRow(row);
         const CString count =
             Format(u"%d/%d", static_cast<int>(shown.empty() ? 0 : bar + 1), static_cast<int>(shown.size()));
-        DrawEdge(area.top + area.rows - 1, u'\u2514', u'\u2518', filter, count);
+        DrawEdge(area.top + area.rows - 1, u'\u2514', u'\u2518', filter.empty() ? request.footer : filter,
+                 count);
         PlaceEditCursor();
     }
 
@@ -252,7 +261,7 @@ private:
             return TakeFieldKey(key, name);
         if (!IsPlainKey(name) && TakeBoundKey(name))
             return;
-        if (TakeMovingKey(name))
+        if (TakeMovingKey(name) || (request.marks && TakeMarkingKey(key, name)))
             return;
         if (name == u"Esc")
             done = true;
@@ -325,6 +334,24 @@ private:
         return true;
     }
 
+    bool TakeMarkingKey(const KeyPress& key, std::u16string_view name)
+    {
+        if (shown.empty())
+            return false;
+        if (key.unit == u' ' || name == u"Ins" || key.unit == u'+' || key.unit == u'-') {
+            marked[Line()] = key.unit == u'+' || (key.unit != u'-' && !marked[Line()]);
+            MoveBar(1);
+        } else if (key.unit == u'*') {
+            for (const std::size_t line : shown)
+                marked[line] = !marked[line];
+        } else if (key.unit == u'/') {
+            marked.assign(marked.size(), false);
+        } else {
+            return false;
+        }
+        return true;
+    }
+
     void TakeFieldKey(const KeyPress& key, std::u16string_view name)
     {
         if (name == u"Enter") {
@@ -354,7 +381,9 @@ private:
         if (line >= shown.size())
             return;
         bar = line;
-        if (press.twice)
+        if (request.marks && press.button == MouseButton::Right)
+            marked[Line()] = !marked[Line()];
+        else if (press.twice)
             Finish(PopupAction::Selected);
     }
 
@@ -371,6 +400,7 @@ private:
     {
         const std::size_t line = Line();
         alive[line] = false;
+        marked[line] = false;
         result.deleted.push_back(line);
         const std::size_t before = top;
         Filter(line);
@@ -383,6 +413,11 @@ private:
         result.action = action;
         result.line = Line();
         result.text = request.lines[Line()];
+        for (std::size_t line = 0; line < marked.size(); ++line)
+            if (marked[line])
+                result.marked.push_back(line);
+        if (result.marked.empty())
+            result.marked.push_back(Line());
         done = true;
     }
 
@@ -393,6 +428,7 @@ private:
     ScreenArea area;
     std::vector<ScreenCell> covered;
     std::vector<bool> alive;
+    std::vector<bool> marked;
     std::vector<std::size_t> shown; // lines of the request
     std::size_t bar = 0;            // among the shown
     std::size_t top = 0;

@@ -4,6 +4,11 @@
 // Typing shows only the lines that hold all words typed so far, letter case aside; Backspace takes a letter
 // back. Arrows, PgUp, PgDn, Home, End, Tab and the mouse move the bar, Left and Right the text of long lines.
 // The keys of the functions PopupWin... do what their names say, Esc leaves.
+//
+// A list with marks may answer many lines: Space and Ins change the mark of the line at the bar, "+" sets it
+// and
+// "-" takes it off, "*" changes the marks of all lines that are shown, "/" takes all off; the right button of
+// the mouse marks, too.
 #pragma once
 
 #include <cstddef>
@@ -32,6 +37,9 @@ struct PopupRequest {
     PopupColors colors;
     CString plainKeys;  // keys that are taken for themselves, whatever is bound to them
     bool wheel = false; // the wheel of the mouse moves the bar
+    bool marks = false;
+    bool allMarked = false; // at first
+    CString footer;         // shown at the foot while nothing is typed
 };
 
 enum class PopupAction {
@@ -42,8 +50,9 @@ enum class PopupAction {
 
 struct PopupResult {
     PopupAction action = PopupAction::Cancelled;
-    std::size_t line = 0; // of the request
-    CString text;         // of the line, as edited
+    std::size_t line = 0;            // of the request
+    CString text;                    // of the line, as edited
+    std::vector<std::size_t> marked; // when something was picked: the marked lines, or the one at the bar
     std::vector<std::size_t> deleted;
     std::vector<std::pair<std::size_t, CString>> edited; // in the window
 };

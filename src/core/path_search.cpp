@@ -159,6 +159,18 @@ std::vector<CString> ExecutableExtensions()
     return extensions;
 }
 
+std::vector<CString> ProgramFolders()
+{
+    CString list;
+    ReadEnvironment(u"PATH", list);
+    std::vector<CString> folders = SplitPathList(list);
+    if (aIniFile.ScriptDirectory)
+        folders.emplace_back(aIniFile.ScriptDirectory);
+    for (CString& folder : folders)
+        folder = FullPathName(folder);
+    return folders;
+}
+
 bool IsExecutableExtension(std::u16string_view extension)
 {
     const std::vector<CString> extensions = SettingExtensions();

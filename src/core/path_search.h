@@ -27,6 +27,9 @@ CString SearchAlong(std::u16string_view name, std::u16string_view list);
 // Every match in the order of the search, the registry's last.
 std::vector<CString> SearchAllPaths(std::u16string_view name);
 
+// The folders in which programs are looked for by their bare names, the current directory left out.
+std::vector<CString> ProgramFolders();
+
 // The extensions that make a file a command, in the order of the search: PATHEXT with that setting, else the
 // built-in list and the script languages that are switched on; then those of executable-extension variables.
 std::vector<CString> ExecutableExtensions();

@@ -37,7 +37,8 @@ public:
     virtual ~DirectorySource() = default;
 
     // Hands the entries to the sink, "." and ".." included: all for "*", else the one with that very name.
-    // 0, also when there are none, or a Windows error number.
+    // For a beginning and "*" at least those that begin so. 0, also when there are none, or a Windows error
+    // number.
     virtual unsigned Read(std::u16string_view directory, std::u16string_view name, EntrySink& sink) = 0;
     // Links followed.
     virtual std::optional<DirectoryIdentity> Identify(std::u16string_view directory) = 0;

@@ -400,6 +400,8 @@ int Getdir_Function(FunctionCall& call);
 int Getfolder_Function(FunctionCall& call);
 int Getdate_Function(FunctionCall& call);
 int Getdatetime_Function(FunctionCall& call);
+int Select_Function(FunctionCall& call);
+int Selectarray_Function(FunctionCall& call);
 
 // library_calls.cpp
 int Capi_Function(FunctionCall& call);

@@ -106,6 +106,8 @@ constexpr unsigned noHost = 0x200002E7;              // 3743
 constexpr unsigned noSharedMemory = 0x200002E8;      // 3744
 constexpr unsigned noProcessVariable = 0x200002E9;   // 3745
 constexpr unsigned noSuchError = 0x200002EA;         // 3746
+constexpr unsigned noCompletionFile = 0x2000042E;    // 4070
+constexpr unsigned noFileList = 0x2000042F;          // 4071
 constexpr unsigned offScreen = 0x20000460;           // 4120
 constexpr unsigned clipboardEmpty = 0x20000461;      // 4121
 constexpr unsigned clipboardOfPipe = 0x20000462;     // 4122
@@ -258,4 +260,7 @@ constexpr unsigned differSame = 4005;
 constexpr unsigned filesDiffer = 4006;
 constexpr unsigned noSearchService = 4010;
 constexpr unsigned noIndexer = 4012;
+constexpr unsigned selectKeys = 4073;
+constexpr unsigned selectOneKeys = 4074;
+constexpr unsigned moreTopics = 4075;
 } // namespace message

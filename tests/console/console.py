@@ -110,6 +110,9 @@ class Console:
     def ends_with(self, *rows):
         self.wait(lambda: self.rows()[-len(rows) :] == list(rows), ["...", *rows], self.rows)
 
+    def row_with(self, *parts):
+        self.wait(lambda: any(all(part in row for part in parts) for row in self.rows()), parts, self.rows)
+
     def has_title(self, title):
         self.wait(lambda: self.facts("#{pane_title}") == title, [title], lambda: [self.facts("#{pane_title}")])
 
