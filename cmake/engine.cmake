@@ -36,6 +36,9 @@ if(movacoreSources)
   set_target_properties(movacore PROPERTIES OUTPUT_NAME Movacore PREFIX "")
   target_link_libraries(movacore PRIVATE movacore_objects)
   movacore_version_resource(movacore DLL "Movacore command processor engine")
+  target_sources(movacore PRIVATE ${PROJECT_SOURCE_DIR}/cmake/controls.rc)
+  set_source_files_properties(${PROJECT_SOURCE_DIR}/cmake/controls.rc PROPERTIES
+    OBJECT_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/controls.manifest)
 endif()
 
 if(movacoreHostSources AND TARGET movacore)

@@ -1,13 +1,12 @@
 #include "batch/window_tests.h"
 
-#include <windows.h>
-
 #include <tlhelp32.h>
 
 #include "files/wildcards.h"
 #include "platform/desktop.h"
 #include "platform/handle.h"
 #include "text/compare.h"
+#include "text/numbers.h"
 #include "text/path_names.h"
 
 namespace {
@@ -34,6 +33,18 @@ bool NamesProgram(std::u16string_view wanted, std::u16string_view program)
 bool TitleMatches(std::u16string_view wanted, std::u16string_view title)
 {
     return WildcardComparison(wanted, title, false, true) == 0 || BeginsNoCase(title, wanted);
+}
+
+HWND FindTopWindow(std::u16string_view which)
+{
+    const auto number = ParseInteger(which);
+    if (number && BeginsNoCase(which, u"0x"))
+        return reinterpret_cast<HWND>(static_cast<std::intptr_t>(*number));
+    for (const TopWindow& window : TopWindows())
+        if (number ? ReadWindowFacts(window.handle).value_or(WindowFacts()).process == *number
+                   : TitleMatches(which, window.title))
+            return window.handle;
+    return nullptr;
 }
 
 bool WindowIs(std::u16string_view title, WindowTest test)

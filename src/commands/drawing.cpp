@@ -7,7 +7,6 @@
 #include "engine/break.h"
 #include "engine/output.h"
 #include "engine/results.h"
-#include "platform/clock.h"
 #include "platform/console_drawing.h"
 #include "text/cell_width.h"
 #include "text/line_drawing.h"
@@ -365,10 +364,7 @@ int DrawBox(const BoxRequest& box, const ScreenFacts& screen, const DrawnArea& a
         drawing.Draw(cells, (area.rows - rows) / 2, (area.columns - columns) / 2, rows, columns);
         if (!cells.Write())
             return MVError(0);
-        SleepWithPoll(zoomPause, [] {
-            ThrowIfBroken();
-            return true;
-        });
+        SleepOrBreak(zoomPause);
     }
     drawing.Draw(before, 0, 0, area.rows, area.columns);
     if (box.shadow)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "commands/prompted_variable.h"
 #include "console/key_codes.h"
 #include "core/command_switches.h"
 #include "engine/console_entry.h"
@@ -123,30 +124,11 @@ int TakeSwitches(Request& request, CString& text)
     return result::success;
 }
 
-// "prompt %variable": the reference was doubled for the expansion that is behind us.
-int TakePromptAndVariable(Request& request, CString& text)
-{
-    text.TrimRight();
-    const std::size_t at = text.view().find_last_of(u" \t") + 1; // 0 without a blank
-    CString name = text.Substr(at);
-    if (name.front() != u'%')
-        return UsageError();
-    name.Erase(0, 1).TrimRight(u"%");
-    if (name.empty())
-        return UsageError();
-    request.variable = name;
-    request.prompt = text.Substr(0, at);
-    CString quoted = request.prompt;
-    // Behind a prompt without quotes the blank is shown too.
-    if (quoted.TrimRight().size() > 1 && quoted.front() == u'"' && quoted.back() == u'"')
-        request.prompt = quoted.Substr(1, quoted.size() - 2);
-    return result::success;
-}
-
 int ReadRequest(Request& request, CString& arguments)
 {
     const int code = TakeSwitches(request, arguments);
-    return code == result::success ? TakePromptAndVariable(request, arguments) : code;
+    return code == result::success ? TakePromptAndVariable(arguments, request.prompt, request.variable)
+                                   : code;
 }
 
 void BeginInput(const Request& request)

@@ -12,6 +12,7 @@
 #include "commands/batch_control.h"
 #include "commands/batcomp.h"
 #include "commands/beep.h"
+#include "commands/boxes.h"
 #include "commands/break.h"
 #include "commands/chcp.h"
 #include "commands/chronic.h"
@@ -19,6 +20,7 @@
 #include "commands/cls.h"
 #include "commands/color.h"
 #include "commands/commands_list.h"
+#include "commands/console_settings.h"
 #include "commands/date_time.h"
 #include "commands/dedupe.h"
 #include "commands/delay.h"
@@ -48,9 +50,12 @@
 #include "commands/inkey.h"
 #include "commands/internal.h"
 #include "commands/jobs.h"
+#include "commands/keyboard.h"
 #include "commands/local.h"
 #include "commands/log.h"
 #include "commands/make_directory.h"
+#include "commands/media.h"
+#include "commands/notices.h"
 #include "commands/on.h"
 #include "commands/option.h"
 #include "commands/path.h"
@@ -86,13 +91,14 @@
 #include "commands/uuid.h"
 #include "commands/version.h"
 #include "commands/which.h"
+#include "commands/window.h"
 #include "engine/tables.h"
 
 constexpr BUILTIN aInternalCommands[] = {
     {u"7UNZIP", Unbuilt_Command, 0x82007, 1, u"[1] 7z dirs [2*] *", &unbuiltHelp},
     {u"7ZIP", Unbuilt_Command, 0x82007, 1, u"[1] 7z dirs [2*] *", &unbuiltHelp},
     {u"?", Cmds_Command, 0x7, 1, u"", &commandsHelp},
-    {u"ACTIVATE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"ACTIVATE", Activate_Command, 0x82107, 1, u"", &activateHelp},
     {u"ALIAS", Alias_Command, 0x1080027, 1, u"[/r] * [1] aliases [2*] *", &aliasHelp},
     {u"ASSOC", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
     {u"ASSOCIATE", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -172,7 +178,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"FILELOCK", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"FIREWIREMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"FOLDERMONITOR", Unbuilt_Command, 0x1082117, 1, u"dirs", &unbuiltHelp},
-    {u"FONT", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"FONT", Font_Command, 0x2007, 1, u"", &fontHelp},
     {u"FOR", For_Command, 0x600030, 1, u"", &forHelp},
     {u"FREE", Unbuilt_Command, 0x2007, 1, u"dirs", &unbuiltHelp},
     {u"FSEARCH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
@@ -200,9 +206,9 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"JOBS", Jobs_Command, 0x2007, 1, u"", &jobsHelp},
     {u"JOINDOMAIN", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"JUMPLIST", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"KEYBD", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"KEYS", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"KEYSTACK", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"KEYBD", Keybd_Command, 0x2107, 1, u"", &keybdHelp},
+    {u"KEYS", Keys_Command, 0x2007, 1, u"", &keysHelp},
+    {u"KEYSTACK", Keystack_Command, 0x2007, 1, u"", &keystackHelp},
     {u"LIBRARY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"LINKS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"LIST", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
@@ -223,25 +229,25 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"MOUNTVHD", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"MOVE", Unbuilt_Command, 0x282127, 1, u"", &unbuiltHelp},
     {u"MOVEDIR", Unbuilt_Command, 0x82107, 1, u"dirs", &unbuiltHelp},
-    {u"MSGBOX", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"MSGBOX", Msgbox_Command, 0x82107, 1, u"", &msgboxHelp},
     {u"MVDIALOG", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"MVEDIT", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"MVFILTER", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"MVFONT", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"MVTOOLBAR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"NETMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
-    {u"NOTIFY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"NOTIFY", Notify_Command, 0x2107, 1, u"", &notifyHelp},
     {u"ODBC", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"ON", On_Command, 0x2402064, 1, u"", &onHelp},
     {u"OPTION", Option_Command, 0x82007, 1, u"", &optionHelp},
-    {u"OSD", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
+    {u"OSD", Osd_Command, 0x82007, 1, u"", &osdHelp},
     {u"PATH", Path_Command, 0x202007, 1, u"", &pathHelp},
     {u"PAUSE", Pause_Command, 0x202007, 1, u"", &pauseHelp},
     {u"PDIR", Pdir_Command, 0x82107, 1, u"", &pdirHelp},
     {u"PEE", Unbuilt_Command, 0x1002007, 1, u"", &unbuiltHelp},
     {u"PIPEVIEW", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"PLAYAVI", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"PLAYSOUND", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"PLAYAVI", Playavi_Command, 0x2107, 1, u"", &playaviHelp},
+    {u"PLAYSOUND", Playsound_Command, 0x82107, 1, u"", &playsoundHelp},
     {u"PLUGIN", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"POPD", Popd_Command, 0x202107, 1, u"", &popdHelp},
     {u"POSTMSG", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -254,7 +260,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"PSHELL", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"PSUBST", Unbuilt_Command, 0x2107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
     {u"PUSHD", Pushd_Command, 0x606307, 1, u"dirs", &pushdHelp},
-    {u"QUERYBOX", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"QUERYBOX", Querybox_Command, 0x2107, 1, u"", &queryboxHelp},
     {u"QUIT", Quit_Command, 0x402007, 1, u"", &quitHelp},
     {u"RANDOM", Random_Command, 0x2007, 1, u"", &randomHelp},
     {u"RD", RemoveDirectory_Command, 0x282327, 1, u"dirs", &removeDirectoryHelp},
@@ -267,13 +273,13 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"REN", Rename_Command, 0x282127, 1, u"", &renameHelp},
     {u"RENAME", Rename_Command, 0x282127, 1, u"", &renameHelp},
     {u"REPEAT", Repeat_Command, 0x2016, 1, u"", &repeatHelp},
-    {u"RESOLUTION", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"RESOLUTION", Resolution_Command, 0x2107, 1, u"", &resolutionHelp},
     {u"RESTOREPOINT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RETURN", Ret_Command, 0x402047, 1, u"", &returnHelp},
     {u"REXEC", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RMDIR", RemoveDirectory_Command, 0x282327, 1, u"dirs", &removeDirectoryHelp},
     {u"RSHELL", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"SAVECONSOLE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"SAVECONSOLE", Saveconsole_Command, 0x2007, 1, u"", &saveconsoleHelp},
     {u"SCREEN", Screen_Command, 0x2007, 1, u"", &screenHelp},
     {u"SCREENMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"SCRIPT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -306,7 +312,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TAIL", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"TAR", Unbuilt_Command, 0x82007, 1, u"[1] tar dirs [2*] *", &unbuiltHelp},
     {u"TASKBAR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"TASKDIALOG", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"TASKDIALOG", Taskdialog_Command, 0x82107, 1, u"", &taskdialogHelp},
     {u"TASKEND", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"TASKLIST", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"TEE", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
@@ -316,10 +322,10 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TIMER", Timer_Command, 0x2007, 1, u"", &timerHelp},
     {u"TITLE", Title_Command, 0x202007, 1, u"", &titleHelp},
     {u"TMP", Tmp_Command, 0x2007, 1, u"", &tmpHelp},
-    {u"TOAST", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"TOAST", Toast_Command, 0x2107, 1, u"", &toastHelp},
     {u"TOUCH", Touch_Command, 0x82107, 1, u"", &touchHelp},
     {u"TPIPE", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
-    {u"TRANSIENT", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"TRANSIENT", Transient_Command, 0x2007, 1, u"", &transientHelp},
     {u"TREE", Tree_Command, 0x82107, 1, u"dirs", &treeHelp},
     {u"TRUE", True_Command, 0x400100, 1, u"", &trueHelp},
     {u"TRUENAME", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -342,7 +348,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"UPTIME", Uptime_Command, 0x2007, 1, u"", &uptimeHelp},
     {u"USBMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"UUID", Uuid_Command, 0x2007, 1, u"", &uuidHelp},
-    {u"VBEEP", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"VBEEP", Vbeep_Command, 0x2007, 1, u"", &vbeepHelp},
     {u"VDESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"VER", Ver_Command, 0x202007, 1, u"", &verHelp},
     {u"VERIFY", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
@@ -356,7 +362,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"WEBSOCKET", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"WEBUPLOAD", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"WHICH", Which_Command, 0x2107, 1, u"", &whichHelp},
-    {u"WINDOW", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"WINDOW", Window_Command, 0x82107, 1, u"", &windowHelp},
     {u"WINSTATION", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"WMIQUERY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"WMIRUN", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},

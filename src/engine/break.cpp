@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "engine/state.h"
+#include "platform/clock.h"
 #include "platform/standard_handles.h"
 
 namespace {
@@ -85,6 +86,14 @@ void ThrowIfShellEnds()
     const unsigned seen = mark.waiting.load(std::memory_order_relaxed);
     if ((seen != 0 && break_event::EndsShell(seen - 1)) || (seen == 0 && mark.workersTold))
         ThrowIfBroken();
+}
+
+void SleepOrBreak(std::uint64_t milliseconds)
+{
+    SleepWithPoll(milliseconds, [] {
+        ThrowIfBroken();
+        return true;
+    });
 }
 
 void HoldSignals() { Tls().signalsHeld = true; }

@@ -4,6 +4,8 @@
 // ThrowIfBroken; the caller of a whole line (host, batch loop, library edge) catches Break and abandons it.
 #pragma once
 
+#include <cstdint>
+
 struct Break {
     int code; // 3 for a break
 };
@@ -37,6 +39,8 @@ void ClearBreak();
 void ThrowIfBroken();
 // The same for the end of the console alone; any other break goes on waiting.
 void ThrowIfShellEnds();
+// Waits so many milliseconds; a break is taken at once.
+void SleepOrBreak(std::uint64_t milliseconds);
 // While signals are held a break that is looked at is forgotten.
 void HoldSignals();
 void EnableSignals();

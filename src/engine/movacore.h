@@ -37,6 +37,8 @@ MOVA_EXPORT int Command(const char16_t* line, int flags);
 MOVA_EXPORT int ReadPromptLine(char16_t* buffer, int capacity);
 // Whether EXIT was run; the host's loop then ends.
 MOVA_EXPORT int QueryExitRequested();
+// Whether the shell is to end when the commands that run have (/C, TRANSIENT).
+MOVA_EXPORT int QueryTransient();
 // The code the host is to exit with: EXIT's argument, else the error level.
 MOVA_EXPORT int QueryExitCode();
 // Runs the user's start-up ("MVSTART") or exit file ("MVEXIT"), if there is one; the AutoRun commands of the

@@ -18,27 +18,10 @@
 
 namespace {
 
-using View = std::u16string_view;
-
 struct FoundWindow {
     HWND handle = nullptr;
     WindowFacts facts;
 };
-
-// A handle that may be none; a process has no window when `handle` stays null.
-HWND HandleOf(View text)
-{
-    std::int64_t number = 0;
-    const bool numbered = ReadNumberArgument(text, number);
-    if (numbered && BeginsNoCase(text, u"0x"))
-        return reinterpret_cast<HWND>(static_cast<std::intptr_t>(number));
-    for (const TopWindow& window : TopWindows()) {
-        if (numbered ? ReadWindowFacts(window.handle).value_or(WindowFacts()).process == number
-                     : TitleMatches(text, window.title))
-            return window.handle;
-    }
-    return nullptr;
-}
 
 // `found.handle` stays null when there is none; an error is answered for a missing name only.
 int FindWindowOf(const FunctionCall& call, FoundWindow& found)
@@ -46,7 +29,7 @@ int FindWindowOf(const FunctionCall& call, FoundWindow& found)
     const CString text = FileArgument(call.arguments);
     if (text.empty())
         return Refuse(errors::missingArgument);
-    found.handle = HandleOf(text);
+    found.handle = FindTopWindow(text);
     const auto facts = ReadWindowFacts(found.handle);
     if (!facts)
         found.handle = nullptr;
@@ -191,7 +174,7 @@ int Snapshot_Function(FunctionCall& call)
     const CString file = FileArgument(arguments.Text(0));
     if (file.empty())
         return Refuse(errors::missingArgument);
-    const HWND window = arguments.Has(1) ? HandleOf(arguments.Text(1)) : nullptr;
+    const HWND window = arguments.Has(1) ? FindTopWindow(arguments.Text(1)) : nullptr;
     if (arguments.Has(1) && !window)
         return answer::Text(call, u"");
     const unsigned failed = SavePicture(file, window);

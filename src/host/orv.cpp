@@ -14,7 +14,7 @@ constexpr int typedLine = 1;
 void RunTypedLines()
 {
     const auto buffer = std::make_unique<char16_t[]>(longestTypedLine);
-    while (!QueryExitRequested() && ReadPromptLine(buffer.get(), longestTypedLine) >= 0)
+    while (!QueryExitRequested() && !QueryTransient() && ReadPromptLine(buffer.get(), longestTypedLine) >= 0)
         Command(buffer.get(), typedLine);
 }
 
@@ -33,8 +33,7 @@ int wmain()
         RunStartupFile(u"MVSTART", nullptr);
     if (options.commands)
         Command(options.commands, 0);
-    if (options.mode != START_OPTIONS::RunAndExit)
-        RunTypedLines();
+    RunTypedLines();
     const int code = QueryExitCode();
     ShutdownCommandProcessor();
     return code;

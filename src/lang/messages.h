@@ -122,6 +122,15 @@ constexpr unsigned otherVolume = 0x200003DA;         // 3986
 constexpr unsigned noTwoKinds = 0x200003E9;          // 4001
 constexpr unsigned searchServiceFailed = 0x200003F3; // 4011
 constexpr unsigned invalidField = 0x200003F7;        // 4015
+constexpr unsigned noWindow = 0x20000463;            // 4123
+constexpr unsigned unknownKey = 0x20000464;          // 4124
+constexpr unsigned unknownButtons = 0x20000465;      // 4125
+constexpr unsigned cannotPlay = 0x20000466;          // 4126
+constexpr unsigned unknownWindowAction = 0x20000467; // 4127
+constexpr unsigned noDesktop = 0x20000468;           // 4128
+constexpr unsigned consoleFont = 0x20000469;         // 4129
+constexpr unsigned screenMode = 0x2000046E;          // 4134
+constexpr unsigned unknownKeyFunction = 0x2000046F;  // 4135
 } // namespace errors
 
 namespace message {
@@ -263,4 +272,9 @@ constexpr unsigned noIndexer = 4012;
 constexpr unsigned selectKeys = 4073;
 constexpr unsigned selectOneKeys = 4074;
 constexpr unsigned moreTopics = 4075;
+constexpr unsigned okButton = 4140;
+constexpr unsigned cancelButton = 4141;
+constexpr unsigned transientState = 4142;
+constexpr unsigned keysState = 4143;
+constexpr unsigned unboundKey = 4144;
 } // namespace message

@@ -135,6 +135,8 @@ int ReadPromptLine(char16_t* buffer, int capacity)
 
 int QueryExitRequested() { return aGlobals.exitRequested; }
 
+int QueryTransient() { return aGlobals.transient; }
+
 int QueryExitCode() { return aGlobals.exitRequested ? aGlobals.exitCode : Tls().errorLevel; }
 
 void RunStartupFile(const char16_t* name, const char16_t* arguments)

@@ -26,6 +26,7 @@
 #include "platform/file_facts.h"
 #include "platform/module.h"
 #include "platform/system_folder_view.h"
+#include "platform/tray_icon.h"
 
 namespace {
 
@@ -119,6 +120,7 @@ void StopEngine()
     }
     EndAtBreak(WriteHistoryFiles);
     DeleteTemporaryDevices();
+    ClearTray();
     EndChildren();
     EndCom();
 }

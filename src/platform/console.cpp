@@ -109,6 +109,17 @@ std::optional<ConsoleFont> ReadConsoleFont()
                        static_cast<int>(info.FontWeight)};
 }
 
+bool SetConsoleFont(const ConsoleFont& font)
+{
+    CONSOLE_FONT_INFOEX info = {};
+    info.cbSize = sizeof info;
+    info.dwFontSize = {static_cast<SHORT>(font.width), static_cast<SHORT>(font.height)};
+    info.FontWeight = static_cast<UINT>(font.weight);
+    const std::u16string_view name = font.name.view().substr(0, std::size(info.FaceName) - 1);
+    std::copy(name.begin(), name.end(), info.FaceName);
+    return HasConsole() && SetCurrentConsoleFontEx(ConsoleScreen(), FALSE, &info);
+}
+
 bool SetTextAttributes(unsigned attributes)
 {
     return HasConsole() && SetConsoleTextAttribute(ConsoleScreen(), static_cast<WORD>(attributes));

@@ -40,6 +40,8 @@ struct ConsoleFont {
     int weight = 0; // 400 as usual, 700 bold
 };
 std::optional<ConsoleFont> ReadConsoleFont();
+// A width of 0 follows from the height. Windows takes another font for one that it does not have.
+bool SetConsoleFont(const ConsoleFont& font);
 
 // Colours of text to come.
 bool SetTextAttributes(unsigned attributes);

@@ -2,18 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/lazy_library.h"
-
-namespace {
-
-LazyFunction<decltype(ShowWindow)> showWindow(libraries::user32, "ShowWindow");
-LazyFunction<decltype(SetWindowPos)> setWindowPos(libraries::user32, "SetWindowPos");
-LazyFunction<decltype(GetWindowLongPtrW)> getWindowLong(libraries::user32, "GetWindowLongPtrW");
-LazyFunction<decltype(SetWindowLongPtrW)> setWindowLong(libraries::user32, "SetWindowLongPtrW");
-LazyFunction<decltype(SetLayeredWindowAttributes)> setLayered(libraries::user32,
-                                                              "SetLayeredWindowAttributes");
-
-} // namespace
+#include "platform/window_changes.h"
 
 void PlaceConsoleWindow(const WindowPlace& place)
 {
@@ -22,22 +11,20 @@ void PlaceConsoleWindow(const WindowPlace& place)
         return;
     switch (place.shape) {
     case WindowShape::Standard: break;
-    case WindowShape::Maximized: showWindow(window, SW_SHOWMAXIMIZED); break;
-    case WindowShape::Minimized: showWindow(window, SW_SHOWMINIMIZED); break;
-    case WindowShape::Hidden: showWindow(window, SW_HIDE); break;
+    case WindowShape::Maximized: ShowWindowAs(window, WindowShow::Maximized); break;
+    case WindowShape::Minimized: ShowWindowAs(window, WindowShow::Minimized); break;
+    case WindowShape::Hidden: ShowWindowAs(window, WindowShow::Hidden); break;
     case WindowShape::Placed: {
-        const UINT keepSize = place.width > 0 && place.height > 0 ? 0 : SWP_NOSIZE;
-        setWindowPos(window, nullptr, place.left, place.top, place.width, place.height,
-                     keepSize | SWP_NOZORDER | SWP_NOACTIVATE);
+        std::optional<SIZE> size;
+        if (place.width > 0 && place.height > 0)
+            size = SIZE{place.width, place.height};
+        MoveWindowTo(window, POINT{place.left, place.top}, size);
     }
     }
 }
 
 void SetConsoleOpacity(unsigned opacity)
 {
-    const HWND window = GetConsoleWindow();
-    if (!window)
-        return;
-    setWindowLong(window, GWL_EXSTYLE, getWindowLong(window, GWL_EXSTYLE) | WS_EX_LAYERED);
-    setLayered(window, 0, static_cast<BYTE>(opacity), LWA_ALPHA);
+    if (const HWND window = GetConsoleWindow())
+        SetWindowOpacity(window, opacity);
 }

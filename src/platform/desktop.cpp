@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "platform/lazy_library.h"
+#include "platform/shared_input.h"
 
 namespace {
 
@@ -176,4 +177,9 @@ unsigned IdleTime()
 }
 
 bool IsKeyDown(int virtualKey) { return (getAsyncKeyState(virtualKey) & 0x8000) != 0; }
-bool IsKeyOn(int virtualKey) { return (getKeyState(virtualKey) & 1) != 0; }
+bool IsKeyOn(int virtualKey)
+{
+    // The state that a thread sees is as old as the last key that one of its own windows got.
+    const SharedInput shared;
+    return (getKeyState(virtualKey) & 1) != 0;
+}

@@ -11,6 +11,7 @@
 
 #include "platform/com_objects.h"
 #include "platform/desktop.h"
+#include "platform/dialog_template.h"
 #include "platform/file_facts.h"
 #include "platform/lazy_library.h"
 
@@ -34,20 +35,19 @@ constinit LazyFunction<decltype(SendDlgItemMessageW)> sendItemMessage(libraries:
 constinit LazyFunction<decltype(SetWindowLongPtrW)> setWindowLong(libraries::user32, "SetWindowLongPtrW");
 constinit LazyFunction<decltype(GetWindowLongPtrW)> getWindowLong(libraries::user32, "GetWindowLongPtrW");
 
-// A box with calendar, perhaps a clock, and two buttons, described in memory as resources describe it.
+// A box with calendar, perhaps a clock, and two buttons.
 class DateBox {
 public:
-    explicit DateBox(bool withTime) : hasTime(withTime)
+    explicit DateBox(bool withTime)
+        : hasTime(withTime), height(hasTime ? 154 : 134),
+          box(WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE | DS_CENTER | DS_MODALFRAME, 170, height, {})
     {
-        const short height = hasTime ? 154 : 134;
-        PutHeader(hasTime ? 4 : 3, 170, height);
-        PutItem(0x50010000, 7, 7, 156, 100, calendarItem, nullptr, MONTHCAL_CLASSW, L"");
+        const auto buttons = static_cast<short>(height - 22);
+        box.Add(u"SysMonthCal32", WS_TABSTOP, {7, 7, 156, 100}, calendarItem, {});
         if (hasTime)
-            PutItem(0x50010000 | DTS_TIMEFORMAT, 7, 112, 156, 14, timeItem, nullptr, DATETIMEPICK_CLASSW,
-                    L"");
-        PutItem(0x50010001, 55, static_cast<short>(height - 22), 50, 14, IDOK, L"\x80", nullptr, L"OK");
-        PutItem(0x50010000, 112, static_cast<short>(height - 22), 50, 14, IDCANCEL, L"\x80", nullptr,
-                L"Cancel");
+            box.Add(u"SysDateTimePick32", WS_TABSTOP | DTS_TIMEFORMAT, {7, 112, 156, 14}, timeItem, {});
+        box.Add(ControlClass::Button, WS_TABSTOP | BS_DEFPUSHBUTTON, {55, buttons, 50, 14}, IDOK, u"OK");
+        box.Add(ControlClass::Button, WS_TABSTOP, {112, buttons, 50, 14}, IDCANCEL, u"Cancel");
     }
 
     std::optional<ClockTime> Show()
@@ -55,8 +55,8 @@ public:
         INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_DATE_CLASSES};
         if (!initControls(&controls))
             return std::nullopt;
-        const INT_PTR answer = dialogBox(nullptr, reinterpret_cast<const DLGTEMPLATE*>(words.data()),
-                                         ConsoleWindow(), HandleMessage, reinterpret_cast<LPARAM>(this));
+        const INT_PTR answer =
+            dialogBox(nullptr, box.Get(), ConsoleWindow(), HandleMessage, reinterpret_cast<LPARAM>(this));
         if (answer != IDOK)
             return std::nullopt;
         ClockTime time;
@@ -73,50 +73,6 @@ private:
     static constexpr WORD calendarItem = 100;
     static constexpr WORD timeItem = 101;
 
-    void Put(std::uint16_t word) { words.push_back(word); }
-    void PutLong(std::uint32_t value)
-    {
-        Put(static_cast<std::uint16_t>(value));
-        Put(static_cast<std::uint16_t>(value >> 16));
-    }
-    void PutText(const wchar_t* text)
-    {
-        do
-            Put(static_cast<std::uint16_t>(*text));
-        while (*text++);
-    }
-    void PutHeader(std::uint16_t items, short width, short height)
-    {
-        PutLong(WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE | DS_CENTER | DS_MODALFRAME);
-        PutLong(0);
-        Put(items);
-        PutLong(0); // its place, which DS_CENTER decides
-        Put(static_cast<std::uint16_t>(width));
-        Put(static_cast<std::uint16_t>(height));
-        PutLong(0); // no menu, the usual class
-        Put(0);     // no title
-    }
-    // A class is named, or an ordinal (buttons are 0x80).
-    void PutItem(std::uint32_t style, short x, short y, short width, short height, std::uint16_t id,
-                 const wchar_t* ordinal, const wchar_t* className, const wchar_t* text)
-    {
-        if (words.size() % 2 != 0)
-            Put(0);
-        PutLong(style);
-        PutLong(0);
-        for (const short value : {x, y, width, height})
-            Put(static_cast<std::uint16_t>(value));
-        Put(id);
-        if (ordinal) {
-            Put(0xFFFF);
-            Put(static_cast<std::uint16_t>(*ordinal));
-        } else {
-            PutText(className);
-        }
-        PutText(text);
-        Put(0); // no creation data
-    }
-
     static INT_PTR CALLBACK HandleMessage(HWND window, UINT message, WPARAM w, LPARAM l)
     {
         if (message == WM_INITDIALOG) {
@@ -125,16 +81,17 @@ private:
         }
         if (message != WM_COMMAND || (LOWORD(w) != IDOK && LOWORD(w) != IDCANCEL))
             return FALSE;
-        auto* box = reinterpret_cast<DateBox*>(getWindowLong(window, GWLP_USERDATA));
-        sendItemMessage(window, calendarItem, MCM_GETCURSEL, 0, reinterpret_cast<LPARAM>(&box->day));
-        if (box->hasTime)
-            sendItemMessage(window, timeItem, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&box->clock));
+        auto* shown = reinterpret_cast<DateBox*>(getWindowLong(window, GWLP_USERDATA));
+        sendItemMessage(window, calendarItem, MCM_GETCURSEL, 0, reinterpret_cast<LPARAM>(&shown->day));
+        if (shown->hasTime)
+            sendItemMessage(window, timeItem, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&shown->clock));
         endDialog(window, LOWORD(w));
         return TRUE;
     }
 
     bool hasTime;
-    std::vector<std::uint16_t> words; // the system wants it at an even address, as any vector is
+    short height;
+    DialogTemplate box;
     SYSTEMTIME day = {};
     SYSTEMTIME clock = {};
 };

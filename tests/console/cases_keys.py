@@ -1,0 +1,26 @@
+"""Keys that scripts press, and small commands for the console."""
+
+from registry import case
+
+
+@case("KEYSTACK presses keys for whoever reads next, some of them later")
+def keystack(console):
+    read = ["inkey /x %%k", "echos [%k]"]
+    console.file(
+        "keys.btm", "@echo off", 'keystack ! "a b" F1 Ctrl-F2*2 /w4 65 Enter', *(read * 8), "echo.",
+        'keystack "echo typed" Enter',
+    )
+    console.start()
+    console.shows(">")
+    console.line("keys.btm")
+    console.shows(">keys.btm", "a[a] [ ]b[b][@59][@95][@95]A[A][@28]", ">echo typed", "typed", ">")
+
+
+@case("TRANSIENT keeps a shell and ends it; SAVECONSOLE keeps what is shown; VBEEP leaves the screen as it was")
+def small_things(console):
+    console.start("/C", "echo hello & transient off")
+    console.shows("hello", ">")
+    console.line("saveconsole /v a.txt & cls & vbeep 2 20 & type a.txt")
+    console.shows("hello", ">saveconsole /v a.txt & cls & vbeep 2 20 & type a.txt", ">")
+    console.line("transient on")
+    console.exits(0)
