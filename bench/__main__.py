@@ -17,6 +17,7 @@ import time
 from pathlib import Path
 
 import batch_benches
+import file_benches
 from contestants import BIN, REFERENCE, SHELLS, batch_jobs, both, start_of, windows
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -104,7 +105,8 @@ def walk_100k(folder):
 
 
 BENCHES = {bench.__name__: bench for bench in
-           [start_up, ini_file, echo_line, batch_lines, walk_10k, walk_100k, *batch_benches.BENCHES]}
+           [start_up, ini_file, echo_line, batch_lines, walk_10k, walk_100k, *batch_benches.BENCHES,
+                         *file_benches.BENCHES]}
 
 
 def measure(machine, jobs, folder, rounds):

@@ -10,6 +10,7 @@ set(MOVACORE_PURE_ROOMS
   src/batch/line_splitting.cpp
   src/batch/packed_text.cpp
   src/commands/checksum_lines.cpp
+  src/commands/copy_arguments.cpp
   src/commands/definition_text.cpp
   src/commands/expr_reader.cpp
   src/commands/help_text.cpp

@@ -37,4 +37,7 @@ foreach(source IN LISTS movacoreBenchPrograms)
   set_target_properties(bench_${name} PROPERTIES
     OUTPUT_NAME ${name} RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin/bench)
   target_link_libraries(bench_${name} PRIVATE movacore_options)
+  if(MINGW AND name STREQUAL "copyfile")
+    target_link_options(bench_${name} PRIVATE -municode)
+  endif()
 endforeach()

@@ -150,6 +150,11 @@ def console_ring(pattern):
     return run_counted([sys.executable, "tests/console", "-k", pattern])
 
 
+def kills_ring(_pattern):
+    build("mingw")
+    return run_counted([sys.executable, "tests/kills"])
+
+
 def fuzz_ring(pattern):
     build("fuzz")
     names = [source.stem for source in sorted((ROOT / "fuzz").glob("*.cpp")) if pattern.lower() in source.stem]
@@ -186,6 +191,7 @@ RINGS = {
     "engine": engine_ring,
     "scripts": scripts_ring,
     "console": console_ring,
+    "kills": kills_ring,
     "fuzz": fuzz_ring,
 }
 
@@ -198,8 +204,8 @@ def main():
     for ring in arguments.rings:
         if ring not in RINGS:
             parser.error(f"there is no ring {ring}")
-    # A pattern names tests; these two rings have none to choose from.
-    chosen = arguments.rings or [ring for ring in RINGS if not arguments.pattern or ring not in ("style", "runner")]
+    # A pattern names tests; these rings have none to choose from.
+    chosen = arguments.rings or [ring for ring in RINGS if not arguments.pattern or ring not in ("style", "runner", "kills")]
     total = Outcome()
     for ring in chosen:
         started = time.monotonic()

@@ -97,12 +97,17 @@ bool FileWork::ForEachFile(FILESEARCH& search, const CString& argument, const st
 
 bool FileWork::Wants(unsigned question, std::u16string_view name)
 {
+    return Confirms(options.asks, question, name);
+}
+
+bool FileWork::Confirms(bool& asks, unsigned question, std::u16string_view name)
+{
     ThrowIfBroken();
-    if (stopped || !options.asks)
+    if (stopped || !asks)
         return !stopped;
     switch (QueryInputChar(question, name, u"YNRQ", u'Q')) {
     case u'Y': return true;
-    case u'R': options.asks = false; return true;
+    case u'R': asks = false; return true;
     case u'Q': stopped = true; return false;
     default: return false;
     }
@@ -130,6 +135,12 @@ void FileWork::DidDirectory(unsigned line, std::u16string_view name, std::u16str
     Show(line, name, newName);
 }
 
+void FileWork::Noted(unsigned line, std::u16string_view name)
+{
+    Passed();
+    Show(line, name, {});
+}
+
 void FileWork::Failed(unsigned code, std::u16string_view name)
 {
     ++errors;
@@ -146,7 +157,7 @@ int FileWork::Finish(unsigned totals)
                               : done == 1 ? totals + 1
                                           : totals + 2,
                               Format(u"%I64d", done)));
-    return errors != 0 || (done == 0 && !stopped) ? result::error : result::success;
+    return errors != 0 || (done == 0 && passed == 0 && !stopped) ? result::error : result::success;
 }
 
 int FileWork::FinishQuietly()

@@ -75,8 +75,18 @@ public:
     void DidDirectory(unsigned line, std::u16string_view name, std::u16string_view newName = {});
     // Counts a file that was shown already.
     void Count() { ++files; }
+    // Like Wants, but for a question that `asks` tells to ask, until the person answers R.
+    bool Confirms(bool& asks, unsigned question, std::u16string_view name);
+    // Counts one that needed no change: to find nothing but such is no error.
+    void Passed() { ++passed; }
+    // The same for something worth a line.
+    void Noted(unsigned line, std::u16string_view name);
+
     // Counts an error and shows it, a Windows error number or one of the shell's codes.
     void Failed(unsigned code, std::u16string_view name);
+    std::int64_t Errors() const { return errors; }
+    // As if the person had said so.
+    void Stop() { stopped = true; }
 
     // Shows the totals with one of three messages from `totals` on: for no file, one, and more. Sets the
     // counters and answers the command's result.
@@ -95,4 +105,5 @@ private:
     std::int64_t files = 0;
     std::int64_t directories = 0;
     std::int64_t errors = 0;
+    std::int64_t passed = 0;
 };

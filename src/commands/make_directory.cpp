@@ -29,28 +29,6 @@ const CommandHelp makeDirectoryHelp = {
     u"md /d new project",
 };
 
-namespace {
-
-// Makes the directory and those above it that are missing; 0 or a Windows error number.
-unsigned MakeWithParents(const CString& name)
-{
-    const unsigned failed = MakeDirectory(name);
-    if (failed != ERROR_PATH_NOT_FOUND)
-        return failed;
-    const std::u16string_view parent = WithoutEndSeparators(DirectoryPart(name));
-    if (parent.empty() || parent.ends_with(u':'))
-        return failed;
-    const unsigned above = MakeWithParents(CString(parent));
-    // Somebody else may have made it in the meantime.
-    if (above != 0 && above != ERROR_ALREADY_EXISTS)
-        return above;
-    if (above == 0)
-        NoteNewDirectory(FullPathName(parent));
-    return MakeDirectory(name);
-}
-
-} // namespace
-
 int MakeDirectory_Command(CString& arguments)
 {
     FILESEARCH search;
@@ -68,7 +46,7 @@ int MakeDirectory_Command(CString& arguments)
         const CString name(WithoutEndSeparators(CleanDirectoryName(argument)));
         if (!work.Wants(message::askMakeDirectory, name))
             continue;
-        if (const unsigned failed = work.Pretends() ? 0 : MakeWithParents(name)) {
+        if (const unsigned failed = work.Pretends() ? 0 : MakeDirectoryWithParents(name, NoteNewDirectory)) {
             work.Failed(failed, name);
             continue;
         }

@@ -21,6 +21,8 @@
 #include "commands/color.h"
 #include "commands/commands_list.h"
 #include "commands/console_settings.h"
+#include "commands/copy.h"
+#include "commands/copy_tree.h"
 #include "commands/date_time.h"
 #include "commands/dedupe.h"
 #include "commands/delay.h"
@@ -55,6 +57,7 @@
 #include "commands/log.h"
 #include "commands/make_directory.h"
 #include "commands/media.h"
+#include "commands/move.h"
 #include "commands/notices.h"
 #include "commands/on.h"
 #include "commands/option.h"
@@ -77,6 +80,7 @@
 #include "commands/shralias.h"
 #include "commands/start.h"
 #include "commands/switch.h"
+#include "commands/sync.h"
 #include "commands/system_report.h"
 #include "commands/tabcomplete.h"
 #include "commands/text_block.h"
@@ -127,8 +131,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"COLOR", Color_Command, 0x202007, 1, u"", &colorHelp},
     {u"COMMANDS", Cmds_Command, 0x7, 1, u"", &commandsHelp},
     {u"COMMENT", Comment_Command, 0x10, 1, u"", &commentHelp},
-    {u"COPY", Unbuilt_Command, 0x286327, 1, u"", &unbuiltHelp},
-    {u"COPYDIR", Unbuilt_Command, 0x82107, 1, u"dirs", &unbuiltHelp},
+    {u"COPY", Copy_Command, 0x286327, 1, u"", &copyHelp},
+    {u"COPYDIR", CopyDirectory_Command, 0x82107, 1, u"dirs", &copyDirectoryHelp},
     {u"DATE", Date_Command, 0x202007, 1, u"", &dateHelp},
     {u"DATEMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"DEBUGMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
@@ -227,8 +231,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"MONITOR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"MOUNTISO", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"MOUNTVHD", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"MOVE", Unbuilt_Command, 0x282127, 1, u"", &unbuiltHelp},
-    {u"MOVEDIR", Unbuilt_Command, 0x82107, 1, u"dirs", &unbuiltHelp},
+    {u"MOVE", Move_Command, 0x282127, 1, u"", &moveHelp},
+    {u"MOVEDIR", MoveDirectory_Command, 0x82107, 1, u"dirs", &moveDirectoryHelp},
     {u"MSGBOX", Msgbox_Command, 0x82107, 1, u"", &msgboxHelp},
     {u"MVDIALOG", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"MVEDIT", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
@@ -307,7 +311,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"START", Start_Command, 0x680127, 1, u"", &startHelp},
     {u"STATUSBAR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"SWITCH", Switch_Command, 0x402045, 1, u"", &switchHelp},
-    {u"SYNC", Unbuilt_Command, 0x2107, 1, u"dirs", &unbuiltHelp},
+    {u"SYNC", Sync_Command, 0x2107, 1, u"dirs", &syncHelp},
     {u"TABCOMPLETE", Tabcomplete_Command, 0x2007, 1, u"", &tabcompleteHelp},
     {u"TAIL", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"TAR", Unbuilt_Command, 0x82007, 1, u"[1] tar dirs [2*] *", &unbuiltHelp},

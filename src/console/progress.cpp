@@ -20,8 +20,8 @@ Progress::Progress(bool atOnce)
 
 void Progress::Expect(std::uint64_t files, std::uint64_t bytes)
 {
-    facts.allFiles = files;
-    facts.allBytes = bytes;
+    facts.allFiles += files;
+    facts.allBytes += bytes;
 }
 
 void Progress::Begin(std::u16string_view fileName)

@@ -2,7 +2,7 @@
 // work that takes more than a second and whose standard output is a console. Elsewhere nothing is shown.
 //
 //     Progress progress;
-//     progress.Expect(files, bytes);           // where that is known
+//     progress.Expect(files, bytes);           // are to come, too; where that is known
 //     progress.Begin(name);                    // for each file
 //     progress.At(bytes);                      // of this file are done; as often as one likes
 //     progress.End(bytes);                     // all of it

@@ -14,6 +14,14 @@ DescriptionList& DescriptionChanges::List()
     return *list;
 }
 
+void DescriptionChanges::Set(std::u16string_view name, std::u16string_view description)
+{
+    if (!aIniFile.Descriptions || aIniFile.NTFSDescriptions || List().Find(name) == description)
+        return;
+    List().Set(name, description);
+    changed = true;
+}
+
 void DescriptionChanges::Remove(std::u16string_view name)
 {
     if (List().Empty() || List().Find(name).empty())

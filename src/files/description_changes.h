@@ -18,6 +18,8 @@ public:
     DescriptionChanges& operator=(const DescriptionChanges&) = delete;
     ~DescriptionChanges() { Write(); }
 
+    CString Of(std::u16string_view name) { return List().Find(name); } // "" when it has none
+    void Set(std::u16string_view name, std::u16string_view description);
     void Remove(std::u16string_view name);
     void Rename(std::u16string_view name, std::u16string_view newName);
 

@@ -11,6 +11,7 @@
 #include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "platform/lazy_library.h"
+#include "text/path_names.h"
 
 namespace {
 
@@ -69,6 +70,23 @@ unsigned OverwriteOnce(HANDLE file, std::uint64_t size, bool noise, void (*poll)
 unsigned MakeDirectory(std::u16string_view name)
 {
     return Outcome(CreateDirectoryW(SystemPath(name).w(), nullptr));
+}
+
+unsigned MakeDirectoryWithParents(std::u16string_view name, void (*made)(std::u16string_view))
+{
+    const unsigned failed = MakeDirectory(name);
+    if (failed != ERROR_PATH_NOT_FOUND)
+        return failed;
+    const std::u16string_view parent = WithoutEndSeparators(DirectoryPart(name));
+    if (parent.empty() || parent.ends_with(u':'))
+        return failed;
+    const unsigned above = MakeDirectoryWithParents(parent, made);
+    // Somebody else may have made it in the meantime.
+    if (above != 0 && above != ERROR_ALREADY_EXISTS)
+        return above;
+    if (above == 0 && made)
+        made(FullPathName(parent));
+    return MakeDirectory(name);
 }
 
 unsigned RemoveEmptyDirectory(std::u16string_view name)

@@ -10,6 +10,8 @@
 #include "text/cstring.h"
 
 unsigned MakeDirectory(std::u16string_view name);
+// And those above it that are missing, of which `made` is told the full names.
+unsigned MakeDirectoryWithParents(std::u16string_view name, void (*made)(std::u16string_view) = nullptr);
 // Only an empty one, or a link to a directory, which leaves what it leads to alone.
 unsigned RemoveEmptyDirectory(std::u16string_view name);
 unsigned EraseFile(std::u16string_view name);

@@ -1,0 +1,178 @@
+#include "commands/copy.h"
+
+#include <windows.h>
+
+#include "commands/copy_arguments.h"
+#include "commands/copy_joined.h"
+#include "commands/transfer.h"
+#include "commands/transfer_target.h"
+#include "core/command_switches.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "files/search_names.h"
+#include "lang/messages.h"
+#include "platform/file_changes.h"
+#include "platform/file_details.h"
+#include "platform/file_facts.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+const CommandHelp copyHelp = {
+    u"Copies files.",
+    u"COPY [range ...] [/switches] source ... [target]\n"
+    u"COPY [/A] [/B] source [/A] [/B] + source ... [target]",
+    u"/A  of the name before it and those behind: text, which ends at a Ctrl+Z and gets one as a target\n"
+    u"/A:attributes  files with attributes, as DIR /A tells\n"
+    u"/B  of the name before it and those behind: as it stands (unless /A was given, all are)\n"
+    u"/D  what is encrypted may be in clear at the target\n"
+    u"/J  so that a copy that fails can be gone on with by the same command\n"
+    u"/K  copies of read-only files are read-only\n"
+    u"/L  of symbolic links copy the links, not what they lead to\n"
+    u"/MD make the target directory without asking\n"
+    u"/S  in all subdirectories too, which are made at the target; /Sn in n levels of them\n"
+    u"/V  compare each copy with its source\n"
+    u"/W  delete files of the target directory that match the name and are not in the source\n"
+    u"/X  clear the archive attribute of the sources\n" TRANSFER_SWITCHES u"A target with wildcards gives "
+    u"the copies names; a directory "
+    u"keeps those of the sources. "
+    u"Several files "
+    u"that go to one are joined, as with \"+\"; without a target the first of the sources joined is that. "
+    u"\"COPY file+,,\" sets its time. Sources may be CON (typed lines, up to a Ctrl+Z), NUL (nothing), CLIP: "
+    u"and TMP0: to TMP2:; targets these, PRN, LPT1 and the like. A source \"@file\" is a list of sources.\n"
+    u"A copy takes its name only when it is whole: whatever happens, the name stands for the old file or for "
+    u"the new one. The variable COPYCMD may hold /Y or /-Y. The result counters are %_copy_files, "
+    u"%_copy_dirs and %_copy_errors.",
+    u"copy report.doc d:\\save\\\n"
+    u"copy /s /u *.cpp;*.h e:\\src\n"
+    u"copy *.txt *.bak\n"
+    u"copy part1+part2+part3 whole\n"
+    u"copy clip: note.txt",
+};
+
+namespace {
+
+class Copying {
+public:
+    Copying(const CopyArguments& given, FILESEARCH& forSearch, const TransferSwitches& switches)
+        : transfer(Transfer::Kind::Copy, u"copy", switches), arguments(given), search(forSearch)
+    {}
+
+    void CopyAll()
+    {
+        if (arguments.touches)
+            return Touch();
+        const TransferTarget target = Target();
+        const bool isFile = target.GetKind() == TransferTarget::Kind::File;
+        // New names tell nothing about what is missing, nor do several directories; a list is no pattern.
+        if (transfer.switches.mirrors &&
+            (target.GetKind() != TransferTarget::Kind::Directory || arguments.sources.size() > 1 ||
+             arguments.sources[0].text.front() == u'@' ||
+             SplitSearchNames(arguments.sources[0].text).size() > 1))
+            return transfer.Failed(errors::targetNoDirectory, target.Text());
+        if (arguments.joins || target.GetKind() == TransferTarget::Kind::Device || FromDevice())
+            return Join(target);
+        if (!isFile) {
+            if (target.Prepare(transfer))
+                for (const CopySource& source : arguments.sources)
+                    TransferMatches(transfer, search, source.text, target);
+            return;
+        }
+        if (arguments.sources.size() > 1 || QueryIsDirectory(WithoutQuotes(arguments.sources[0].text)))
+            return transfer.Failed(errors::targetNoDirectory, target.Text());
+        CopyToFile(target);
+    }
+
+    Transfer transfer;
+
+private:
+    TransferTarget Target() const
+    {
+        if (!arguments.target.empty())
+            return TransferTarget(arguments.target, search.deepest > 0);
+        return arguments.joins ? TransferTarget(arguments.sources[0].text, false)
+                               : TransferTarget(u".", true);
+    }
+
+    bool FromDevice() const
+    {
+        for (const CopySource& source : arguments.sources)
+            if (IsDeviceSource(source.text))
+                return true;
+        return false;
+    }
+
+    void Join(const TransferTarget& target)
+    {
+        std::vector<JoinedPiece> pieces;
+        for (const CopySource& source : arguments.sources)
+            if (!AddPieces(transfer, search, source, pieces))
+                return; // a part is missing: what is there already is worth more than the rest
+        WriteJoined(transfer, pieces, target, arguments.targetContents);
+    }
+
+    // One file is copied; more of them are joined.
+    void CopyToFile(const TransferTarget& target)
+    {
+        const CopySource& source = arguments.sources[0];
+        std::vector<JoinedPiece> pieces;
+        EntryFacts facts;
+        const bool any = transfer.work.ForEachFile(search, source.text, [&] {
+            pieces.push_back({search.fullName, search.name, source.contents, search.literal});
+            facts = search.file.facts;
+        });
+        if (!any)
+            return transfer.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(source.text));
+        const bool asText = source.contents == Contents::Text || arguments.targetContents == Contents::Text;
+        if (pieces.size() != 1 || asText) {
+            if (!pieces.empty())
+                WriteJoined(transfer, pieces, target, arguments.targetContents);
+            return;
+        }
+        TransferName place;
+        const JoinedPiece& piece = pieces[0];
+        if (target.Prepare(transfer) && target.Place(u"", FileNamePart(piece.name), place))
+            transfer.Do({CString(DirectoryPart(piece.name)), CString(FileNamePart(piece.name)), piece.shown},
+                        facts, place);
+    }
+
+    void Touch()
+    {
+        for (const CopySource& source : arguments.sources) {
+            const bool any = transfer.work.ForEachFile(search, source.text, [&] {
+                NewFileTimes times;
+                times.written = FileTimeNow();
+                const unsigned failed =
+                    transfer.work.Pretends() ? 0 : ChangeFileTimes(search.fullName, times);
+                failed != 0 ? transfer.Failed(failed, search.name) : transfer.Did(search.name, {});
+            });
+            if (!any)
+                transfer.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(source.text));
+        }
+    }
+
+    const CopyArguments& arguments;
+    FILESEARCH& search;
+};
+
+} // namespace
+
+int Copy_Command(CString& arguments)
+{
+    const CString original = arguments;
+    FILESEARCH search;
+    TransferSwitches switches;
+    // Alone they tell what is text; with letters behind it /A asks for attributes.
+    TakeSwitchWord(arguments, u"A");
+    TakeSwitchWord(arguments, u"B");
+    if (const int code = ReadTransfer(arguments, u"DJKLSVWX", search, switches))
+        return code;
+    const CopyArguments given =
+        ReadCopyArguments(original, arguments, CurrentSyntax(),
+                          [](const CString& name) { return ReadFileAttributes(name).has_value(); });
+    if (given.sources.empty())
+        return UsageError();
+    search.attributes.forbidden |= file_attribute::directory;
+    search.intoDirectories = true;
+    Copying copying(given, search, switches);
+    return copying.transfer.Run([&] { copying.CopyAll(); }, message::filesCopied);
+}

@@ -1,0 +1,121 @@
+#include "commands/move.h"
+
+#include <windows.h>
+
+#include "commands/transfer.h"
+#include "commands/transfer_target.h"
+#include "commands/tree_transfer.h"
+#include "core/command_switches.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "lang/messages.h"
+#include "platform/file_changes.h"
+#include "platform/file_facts.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+const CommandHelp moveHelp = {
+    u"Moves files and directories.",
+    u"MOVE [range ...] [/A[:]attributes] [/switches] source ... [target]",
+    u"/A  files with attributes, as DIR /A tells\n"
+    u"/D  the target is a directory\n"
+    u"/MD make the target directory without asking\n"
+    u"/S  in all subdirectories too, which are made at the target; those that are empty then go. /Sn in n "
+    u"levels of them\n"
+    u"/V  accepted for older habits: what leaves its volume is always compared\n"
+    u"/W  write over the contents of what leaves its volume, /Wn n times\n" TRANSFER_SWITCHES u"Within a "
+    u"volume files "
+    u"and "
+    u"directories "
+    u"are renamed. "
+    u"To another "
+    u"one they are "
+    u"copied, "
+    u"compared "
+    u"byte by "
+    u"byte, and only then removed, attributes and times included; links stay links. A name without wildcards "
+    u"may be a directory; wildcards pick files, with /AD directories. A target with wildcards gives new "
+    u"names; a directory that has the name already is an error. Descriptions go along. The variable COPYCMD "
+    u"may hold /Y or /-Y. The result counters are %_move_files, %_move_dirs and %_move_errors.",
+    u"move *.log old\\\n"
+    u"move /md draft.txt final.txt d:\\text\n"
+    u"move /s /[d-30] c:\\mail\\*.eml e:\\mail\n"
+    u"move project d:\\",
+};
+
+namespace {
+
+class Moving {
+public:
+    Moving(FILESEARCH& forSearch, const TransferSwitches& switches)
+        : transfer(Transfer::Kind::Move, u"move", switches), search(forSearch), masks(search.attributes)
+    {}
+
+    void MoveAll(const std::vector<CString>& sources, const CString& targetName)
+    {
+        const TransferTarget target(targetName, transfer.switches.intoDirectory || search.deepest > 0);
+        if (target.GetKind() == TransferTarget::Kind::Device)
+            return transfer.Failed(errors::reservedTarget, targetName);
+        if (!target.Prepare(transfer))
+            return;
+        for (const CString& source : sources) {
+            search.attributes = MasksFor(source, search, masks);
+            if (target.GetKind() == TransferTarget::Kind::File &&
+                (sources.size() > 1 || MeansSeveral(source)))
+                return transfer.Failed(errors::targetNoDirectory, target.Text());
+            TransferMatches(transfer, search, source, target);
+            if (search.deepest > 0 && !transfer.work.Pretends())
+                RemoveEmptied(source);
+        }
+    }
+
+    Transfer transfer;
+
+private:
+    bool MeansSeveral(const CString& source)
+    {
+        int count = 0;
+        for (bool found = FindFiles(search, source); found && count < 2; found = FindFiles(search))
+            ++count;
+        CloseDirSearchHandles(search);
+        return count > 1;
+    }
+
+    // The subdirectories in which nothing is left; never the one that the search began in.
+    void RemoveEmptied(const CString& source)
+    {
+        std::vector<CString> below;
+        StartSearch(search, source);
+        SearchedDirectory directory;
+        while (NextDirectory(search, directory))
+            if (directory.found.depth > 0)
+                below.push_back(directory.found.name);
+        for (auto one = below.rbegin(); one != below.rend(); ++one)
+            if (RemoveEmptyDirectory(WithoutEndSeparators(*one)) == 0)
+                NotifyOfChange(FolderChange::DirectoryDeleted, WithoutEndSeparators(*one));
+    }
+
+    FILESEARCH& search;
+    AttributeMasks masks;
+};
+
+} // namespace
+
+int Move_Command(CString& arguments)
+{
+    FILESEARCH search;
+    TransferSwitches switches;
+    if (const int code = ReadTransfer(arguments, u"DSVw", search, switches))
+        return code;
+    std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
+    if (names.empty())
+        return UsageError();
+    CString target(u".");
+    if (names.size() > 1) {
+        target = names.back();
+        names.pop_back();
+    }
+    search.avoidsLinks = true;
+    Moving moving(search, switches);
+    return moving.transfer.Run([&] { moving.MoveAll(names, target); }, message::filesMoved);
+}

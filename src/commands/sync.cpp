@@ -1,0 +1,271 @@
+#include "commands/sync.h"
+
+#include <algorithm>
+#include <vector>
+
+#include <windows.h>
+
+#include "commands/extra_files.h"
+#include "commands/transfer.h"
+#include "commands/tree_removal.h"
+#include "commands/tree_transfer.h"
+#include "core/command_switches.h"
+#include "engine/break.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "files/directory_source.h"
+#include "lang/messages.h"
+#include "platform/file_facts.h"
+#include "text/compare.h"
+#include "text/path_names.h"
+#include "text/words.h"
+
+const CommandHelp syncHelp = {
+    u"Brings a directory tree up to date with another one.",
+    u"SYNC [range ...] [/A[:]attributes] [/switches] directory1 directory2",
+    u"/2  both ways: what is missing or older on either side comes from the other\n"
+    u"/A  only files with attributes, as DIR /A tells\n"
+    u"/D  what is encrypted may be in clear at the "
+    u"target\n" FILE_WORK_SWITCHES u"/F  replace and delete what is newer in directory2, too\n"
+    u"/G  show progress at once, not only after a second\n"
+    u"/J  so that a copy that fails can be gone on with by the same command\n"
+    u"/R  ask before a file is replaced (also /-Y; /Y takes it back)\n"
+    u"/V  compare each copy with its source\n"
+    u"/W  delete from directory2 what directory1 has not (not with /2)\n"
+    u"/Z  replace and delete read-only files too\n"
+    u"/ACL  with the rights and the owner that files have\n"
+    u"Directory2 gets the files of directory1 that it lacks or has in an older state; subdirectories too, "
+    u"empty, hidden and system ones included. What is newer in directory2 stays and is told; so does what /W "
+    u"would delete but was changed after directory1 last lost or gained something. Files of one time and "
+    u"different sizes are a conflict: both stay. Times that differ by two seconds or less count as one. "
+    u"Links "
+    u"to directories are passed over. /N shows what would be done. The result counters are %_sync_files, "
+    u"%_sync_dirs and %_sync_errors.",
+    u"sync /n c:\\work d:\\work\n"
+    u"sync /w c:\\photos e:\\photos\n"
+    u"sync /2 notes \\\\server\\home\\notes",
+};
+
+namespace {
+
+constexpr std::uint64_t twoSeconds = 20'000'000;
+
+bool IsLink(const EntryFacts& facts) { return (facts.attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
+
+// Of two times: 0 when they count as one, else which is later (1 or 2).
+int Later(std::uint64_t first, std::uint64_t second)
+{
+    const std::uint64_t difference = first > second ? first - second : second - first;
+    return difference <= twoSeconds ? 0 : first > second ? 1 : 2;
+}
+
+class Syncing {
+public:
+    Syncing(FILESEARCH& forSearch, const TransferSwitches& how, bool forced)
+        : transfer(Transfer::Kind::Copy, u"sync", how), search(forSearch), force(forced)
+    {}
+
+    void Sync(const TransferName& first, const TransferName& second)
+    {
+        const CString one = RealDirectory(first.directory);
+        const CString other = RealDirectory(second.directory);
+        if (EqualNoCase(one, other))
+            return transfer.Failed(errors::copyOntoItself, second.shown);
+        if (BeginsNoCase(one, other) || BeginsNoCase(other, one))
+            return transfer.Failed(errors::targetInSource, second.shown);
+        if (transfer.MakeDirectoryFor(second.directory, second.shown))
+            SyncDirectory(first, second);
+    }
+
+    Transfer transfer;
+
+private:
+    struct Side {
+        TransferName directory;
+        const FoundFile* file = nullptr; // null: not there
+
+        TransferName Named(const FoundFile& like) const
+        {
+            return {directory.directory, like.name, directory.shown + like.name};
+        }
+    };
+
+    bool IsSelective() const
+    {
+        const AttributeMasks& masks = search.attributes;
+        return !search.ranges.Empty() || masks.required != 0 || masks.forbidden != 0 || masks.anyOf != 0;
+    }
+
+    // In the order of their names. False when the directory cannot be read, which has been told; one that is
+    // not there is empty.
+    bool Read(const TransferName& directory, std::vector<FoundFile>& entries)
+    {
+        if (!QueryIsDirectory(directory.directory))
+            return true;
+        const AttributeMasks asked = search.attributes;
+        std::vector<FoundFile> chosen;
+        if (IsSelective() && !ReadOnce(directory, chosen))
+            return false;
+        search.attributes = AttributeMasks::Everything();
+        const RANGES ranges = std::exchange(search.ranges, RANGES());
+        const bool read = ReadOnce(directory, entries);
+        search.attributes = asked;
+        search.ranges = ranges;
+        if (read && IsSelective())
+            std::erase_if(entries, [&](const FoundFile& entry) {
+                const auto same = [&](const FoundFile& one) { return one.name == entry.name; };
+                return !entry.facts.IsDirectory() && std::none_of(chosen.begin(), chosen.end(), same);
+            });
+        return read;
+    }
+
+    bool ReadOnce(const TransferName& directory, std::vector<FoundFile>& entries)
+    {
+        StartSearch(search, CString(u"\"") + directory.directory + u"*\"");
+        SearchedDirectory found;
+        while (NextDirectory(search, found)) {
+            if (found.found.error != 0) {
+                transfer.Failed(found.found.error, directory.shown);
+                return false;
+            }
+            for (FoundFile& file : found.found.files)
+                if (!IsPassedOver(file.name))
+                    entries.push_back(std::move(file));
+        }
+        return true;
+    }
+
+    void SyncDirectory(const TransferName& first, const TransferName& second)
+    {
+        std::vector<FoundFile> ours;
+        std::vector<FoundFile> theirs;
+        // Without both sides nothing is known to be missing.
+        if (!Read(first, ours) || !Read(second, theirs))
+            return;
+        auto one = ours.begin();
+        auto other = theirs.begin();
+        while ((one != ours.end() || other != theirs.end()) && !transfer.work.IsStopped()) {
+            ThrowIfBroken();
+            const int order = one == ours.end()       ? 1
+                              : other == theirs.end() ? -1
+                                                      : CompareNoCase(one->name, other->name);
+            SyncEntry({first, order <= 0 ? &*one : nullptr}, {second, order >= 0 ? &*other : nullptr});
+            one += order <= 0 ? 1 : 0;
+            other += order >= 0 ? 1 : 0;
+        }
+    }
+
+    void SyncEntry(const Side& first, const Side& second)
+    {
+        const FoundFile& any = first.file ? *first.file : *second.file;
+        if ((first.file && IsDirectoryLink(*first.file)) || (second.file && IsDirectoryLink(*second.file)))
+            return;
+        if (!first.file)
+            return OnlySecond(first, second);
+        if (second.file && first.file->facts.IsDirectory() != second.file->facts.IsDirectory())
+            return transfer.Failed(errors::syncConflict, second.Named(any).shown);
+        if (first.file->facts.IsDirectory())
+            return Enter(first, second, any);
+        second.file ? SyncFile(first, second) : transfer.Do(first.Named(any), any.facts, second.Named(any));
+    }
+
+    static bool IsDirectoryLink(const FoundFile& file)
+    {
+        return file.facts.IsDirectory() && IsLink(file.facts);
+    }
+
+    // Makes the directory on the side that lacks it.
+    void Enter(const Side& first, const Side& second, const FoundFile& directory)
+    {
+        const TransferName one = first.Named(directory);
+        const TransferName other = second.Named(directory);
+        const TransferName below1{one.Full() + u"\\", {}, one.shown + u"\\"};
+        const TransferName below2{other.Full() + u"\\", {}, other.shown + u"\\"};
+        if (!first.file || !second.file) {
+            const TransferName& made = first.file ? below2 : below1;
+            if (!transfer.MakeDirectoryFor(made.directory, made.shown))
+                return;
+            first.file ? transfer.DidDirectory(one.shown, other.shown)
+                       : transfer.DidDirectory(other.shown, one.shown);
+        }
+        SyncDirectory(below1, below2);
+    }
+
+    void SyncFile(const Side& first, const Side& second)
+    {
+        const TransferName one = first.Named(*first.file);
+        const TransferName other = second.Named(*second.file);
+        const int later = Later(first.file->facts.written, second.file->facts.written);
+        if (later == 0 && first.file->facts.size == second.file->facts.size)
+            return transfer.work.Passed();
+        if (later == 0)
+            return transfer.Failed(errors::syncConflict, other.shown);
+        if (later == 1 || force)
+            return transfer.Do(one, first.file->facts, other);
+        if (transfer.switches.both)
+            return transfer.Do(other, second.file->facts, one);
+        transfer.Failed(errors::newerThere, other.shown);
+    }
+
+    void OnlySecond(const Side& first, const Side& second)
+    {
+        const FoundFile& file = *second.file;
+        if (transfer.switches.both)
+            return file.facts.IsDirectory() ? Enter(first, second, file)
+                                            : transfer.Do(second.Named(file), file.facts, first.Named(file));
+        if (!transfer.switches.mirrors)
+            return transfer.work.Passed();
+        const auto source = ReadFileFacts(WithoutEndSeparators(first.directory.directory));
+        if (!source)
+            return;
+        if (!force && HoldsLater(second.Named(file), file.facts, FileTimeNumber(source->written)))
+            return transfer.Failed(errors::newerThere, second.Named(file).shown);
+        RemoveExtra(transfer, second.Named(file), file.facts);
+    }
+
+    // Whether the file, or one below the directory, was changed after that time.
+    bool HoldsLater(const TransferName& name, const EntryFacts& facts, std::uint64_t time)
+    {
+        if (!facts.IsDirectory())
+            return Later(facts.written, time) == 1;
+        FILESEARCH inside;
+        inside.attributes = AttributeMasks::Everything();
+        inside.attributes.forbidden |= file_attribute::directory;
+        inside.deepest = allLevels;
+        inside.avoidsLinks = true;
+        for (bool found = FindFiles(inside, CString(u"\"") + name.Full() + u"\\*\""); found;
+             found = FindFiles(inside))
+            if (Later(inside.file.facts.written, time) == 1)
+                return true;
+        return inside.error != 0; // what cannot be seen may be
+    }
+
+    FILESEARCH& search;
+    bool force;
+};
+
+} // namespace
+
+int Sync_Command(CString& arguments)
+{
+    FILESEARCH search;
+    TransferSwitches switches;
+    search.attributes.included = AttributeMasks::all;
+    if (const int code = ReadTransfer(arguments, u"2DJVW", search, switches, u"FGRYZ"))
+        return code;
+    const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
+    if (names.size() != 2 || (switches.both && switches.mirrors))
+        return UsageError();
+    const TransferName first = TreeName(names[0]);
+    const TransferName second = TreeName(names[1]);
+    if (!QueryIsDirectory(first.directory))
+        return MVError(ERROR_PATH_NOT_FOUND, WithoutQuotes(names[0]));
+    if (QueryIsFile(WithoutEndSeparators(second.directory)))
+        return MVError(errors::targetIsFile, WithoutQuotes(names[1]));
+    switches.overHidden = true;
+    switches.countsDeleted = true;
+    switches.manner.keepsReadOnly = true;
+    const bool force = std::exchange(switches.firstErrorEnds, false);
+    Syncing syncing(search, switches, force);
+    return syncing.transfer.Run([&] { syncing.Sync(first, second); }, message::filesSynced);
+}

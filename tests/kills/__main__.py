@@ -1,0 +1,150 @@
+"""Kills the shell at random moments while it copies, moves, syncs and describes files: python3 tests/kills [ROUNDS].
+
+Whatever the moment, each file must be whole where it was or where it goes, a target is the old file or the new one, and
+what the killed shell left behind is gone after the next run. The moments are random; the seed is told with a failure.
+"""
+
+import os
+import random
+import shutil
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path[:0] = [str(ROOT / "tests/runner")]
+
+from machine import Machine  # noqa: E402
+
+# Small files are many, and one is large enough to be hit in the middle.
+SIZES = [1 + 37 * n * n for n in range(60)] + [3_000_000, 700_000]
+TEXT = "what stands behind a file"
+
+
+def contents(number, version):
+    return (b"%s %04d " % (version, number)) * (SIZES[number] // 9) + version
+
+
+class Scene:
+    """A source and a target folder, on different volumes where the machine has two, some targets old already."""
+
+    def __init__(self, machine):
+        self.machine = machine
+        base = machine.prefix / "drive_c" / "kills"
+        other = Path("/dev/shm") if os.access("/dev/shm", os.W_OK) else base
+        self.source, self.target = base / "source", other / f"orv-kills-{os.getpid()}"
+        self.new = {f"f{n}.dat": contents(n, b"new") for n in range(len(SIZES))}
+        self.old = {f"f{n}.dat": contents(n, b"old") for n in range(0, len(SIZES), 3)}
+
+    def windows(self, path):
+        return "Z:" + str(path).replace("/", "\\")
+
+    def lay_out(self, leftovers=False):
+        for folder, files in ((self.source, self.new), (self.target, self.old)):
+            folder.mkdir(parents=True, exist_ok=True)
+            for path in folder.iterdir():
+                if path.name not in files and not (leftovers and path.name.startswith("~mova-")):
+                    path.unlink()
+            for name, data in files.items():
+                path = folder / name
+                if not path.exists() or path.read_bytes() != data:
+                    path.write_bytes(data)
+                os.utime(path, (1_600_000_000, 1_600_000_000) if files is self.new else (1_500_000_000, 1_500_000_000))
+
+    def start(self, command):
+        (self.source.parent / "run.btm").write_text(command)
+        words = [self.machine.wine(), self.machine.PROGRAMS + "\\ORV.exe", "/C", "run.btm"]
+        return subprocess.Popen(words, env=self.machine.environment(), cwd=self.source.parent, stdin=subprocess.DEVNULL,
+                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def check(self, keeps_source):
+        """What is wrong, or None."""
+        there = {path.name: path.read_bytes() for path in self.target.iterdir()}
+        here = {path.name: path.read_bytes() for path in self.source.iterdir()}
+        for name, data in self.new.items():
+            copied, kept = there.get(name) == data, here.get(name) == data
+            if not kept and (keeps_source or not copied):
+                return f"{name} is lost: {len(here.get(name, b''))} and {len(there.get(name, b''))} of {len(data)} bytes"
+            if name in there and not copied and there[name] != self.old.get(name):
+                return f"{name} is half written: {len(there[name])} of {len(data)} bytes"
+            if name in self.old and name not in there:
+                return f"{name} is gone from the target"
+        strange = [name for name in there if name not in self.new and not name.startswith("~mova-")]
+        return f"strange files: {strange}" if strange else None
+
+    def check_descriptions(self):
+        lines = self.descriptions()
+        return None if all(line.endswith(TEXT) for line in lines) else f"half a description: {lines[-1:]}"
+
+    def descriptions(self):
+        return [line for path in self.source.iterdir() if path.name.lower() == "descript.ion"
+                for line in path.read_text().splitlines()]
+
+    def unfinished(self, command):
+        """What a command that nobody killed has left undone, or None."""
+        if command.startswith("describe"):
+            count = len(self.descriptions())
+            return None if count == len(self.new) else f"{count} descriptions"
+        missing = [name for name, data in self.new.items() if (self.target / name).read_bytes() != data]
+        return f"{missing} are not there" if missing else None
+
+    def clear(self):
+        shutil.rmtree(self.target, ignore_errors=True)
+
+
+def commands(scene):
+    source, target = scene.windows(scene.source), scene.windows(scene.target)
+    kept, gone = (lambda: scene.check(True)), (lambda: scene.check(False))
+    described = lambda: scene.check(True) or scene.check_descriptions()  # noqa: E731
+    return [
+        (f"copy /q {source}\\*.dat {target}\\", kept),
+        (f"move /q {source}\\*.dat {target}\\", gone),
+        (f"sync /q /w {source} {target}", kept),
+        (f'describe /q /d"{TEXT}" {source}\\*.dat', described),
+    ]
+
+
+def run_rounds(scene, rounds, seed):
+    chance = random.Random(seed)
+    for command, check in commands(scene):
+        scene.lay_out()
+        started = time.monotonic()
+        scene.start(command).wait()
+        whole = time.monotonic() - started
+        for _ in range(rounds):
+            scene.lay_out()
+            shell = scene.start(command)
+            time.sleep(chance.uniform(0.2, 1.0) * whole)
+            shell.kill()
+            shell.wait()
+            if wrong := check():
+                return f"{command}: {wrong} (seed {seed})"
+        scene.lay_out(leftovers=True)
+        scene.start(command).wait()
+        if left := [path.name for path in scene.target.iterdir() if path.name.startswith("~mova-")]:
+            return f"{command}: {left} are left behind"
+        if wrong := check() or scene.unfinished(command):
+            return f"{command}, not killed: {wrong}"
+    return None
+
+
+def main():
+    rounds = int(sys.argv[1]) if len(sys.argv) > 1 else 25
+    machine = Machine(ROOT, ROOT / "build/mingw/bin")
+    scene = Scene(machine)
+    try:
+        machine.keep_server()
+        wrong = run_rounds(scene, rounds, random.randrange(10**6))
+    finally:
+        scene.clear()
+        machine.end_server()
+        machine.close()
+    if wrong:
+        print(f"FAILED kills: {wrong}")
+    print("0 passed, 1 failed" if wrong else "1 passed, 0 failed")
+    return 1 if wrong else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
