@@ -29,6 +29,7 @@
 #include "commands/delete.h"
 #include "commands/describe.h"
 #include "commands/detach.h"
+#include "commands/differ.h"
 #include "commands/dir.h"
 #include "commands/directory.h"
 #include "commands/directory_stack.h"
@@ -42,6 +43,7 @@
 #include "commands/expr.h"
 #include "commands/ffind.h"
 #include "commands/for.h"
+#include "commands/fsearch.h"
 #include "commands/function.h"
 #include "commands/global.h"
 #include "commands/goto_call.h"
@@ -145,7 +147,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DESCRIBE", Describe_Command, 0x82107, 1, u"", &describeHelp},
     {u"DESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"DETACH", Detach_Command, 0x524, 1, u"", &detachHelp},
-    {u"DIFFER", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"DIFFER", Differ_Command, 0x82107, 1, u"", &differHelp},
     {u"DIR", Dir_Command, 0x286307, 1, u"", &dirHelp},
     {u"DIRENV", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"DIRHISTORY", Dirhistory_Command, 0x2007, 1, u"[/a] dirs [/r] * [1*] dirs", &dirhistoryHelp},
@@ -172,7 +174,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"ESET", Eset_Command, 0x82007, 1, u"[/a] aliases [/f] functions [1*] variables", &esetHelp},
     {u"EVENTLOG", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"EVENTMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
-    {u"EVERYTHING", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
+    {u"EVERYTHING", Everything_Command, 0x82007, 1, u"", &everythingHelp},
     {u"EXCEPT", Except_Command, 0x2016, 1, u"", &exceptHelp},
     {u"EXEC", Exec_Command, 0x2107, 1, u"", &execHelp},
     {u"EXIT", Exit_Command, 0x202007, 1, u"", &exitHelp},
@@ -185,7 +187,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"FONT", Font_Command, 0x2007, 1, u"", &fontHelp},
     {u"FOR", For_Command, 0x600030, 1, u"", &forHelp},
     {u"FREE", Unbuilt_Command, 0x2007, 1, u"dirs", &unbuiltHelp},
-    {u"FSEARCH", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
+    {u"FSEARCH", Fsearch_Command, 0x82107, 1, u"", &fsearchHelp},
     {u"FTYPE", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
     {u"FUNCTION", Function_Command, 0x1002007, 1, u"[/r] * [1] functions [2*] *", &functionHelp},
     {u"GLOBAL", Global_Command, 0x2016, 1, u"", &globalHelp},

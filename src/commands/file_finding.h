@@ -1,0 +1,55 @@
+// Looking at files one by one for what FFIND's switches ask: the contents, the lines that are shown, totals.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "commands/ffind_options.h"
+#include "commands/file_texts.h"
+#include "commands/listing_colors.h"
+#include "commands/listing_output.h"
+#include "engine/internal_entry.h"
+#include "files/file_entry.h"
+
+class FileFinding {
+public:
+    // The counters are %_NAME_files, %_NAME_dirs and %_NAME_errors.
+    FileFinding(std::u16string_view counterName, const FfindOptions& what)
+        : counter(counterName), options(what), output(what.pauses)
+    {}
+
+    // All that a search for the name finds.
+    void FindIn(const CString& name);
+    // One file, full name first, that somebody else has found.
+    void Look(const CString& path, const FoundFile& file);
+    void Failed(unsigned code, std::u16string_view name);
+    // No more files are wanted.
+    bool IsStopped() const { return stopped || output.Refused(); }
+    void StopAfter(std::uint64_t files) { most = files; }
+    // Shows the totals, sets the counters and answers the command's result.
+    int Finish();
+
+private:
+    void Found(const CString& path, const FoundFile& file);
+    void FoundName(const CString& path, const FoundFile& file);
+    void Header(const CString& path);
+    // Whether the file holds what is looked for; the matches are shown on the way.
+    bool LookAtBytes(const CString& path, const ByteSearch& search);
+    bool LookInside(const CString& path);
+    bool LookAtLines(const CString& path);
+    void Show(std::u16string_view line, std::uint64_t number, char16_t mark);
+    bool Shows() const { return !options.bare && !options.inverse && !options.summaryOnly; }
+    bool WantsMore() const { return options.allMatches && !options.bare && !options.inverse; }
+
+    std::u16string_view counter;
+    const FfindOptions& options;
+    ListingOutput output;
+    FileTexts texts;
+    ListingColors colors;
+    std::uint64_t most = UINT64_MAX; // files and directories
+    bool stopped = false;
+    bool named = false; // the header of the file that is looked at was written
+    std::uint64_t matches = 0;
+    std::uint64_t bytes = 0;
+    ResultCounts counts;
+};
