@@ -33,10 +33,8 @@ const CommandHelp msgboxHelp = {
     u"warning\n" BOX_SWITCHES u"/R  the text is written from right to left\n"
     u"Buttons are OK, OKCANCEL, YESNO, YESNOCANCEL, RETRYCANCEL, ABORTRETRYIGNORE and CANCELTRYCONTINUE. The "
     u"result, which is also the error level, is " BUTTON_RESULTS u", 2 for a mistake in the command. Where "
-    u"nobody is to be asked it is No, else "
-    u"Cancel, else Abort, else "
-    u"OK. "
-    u"Escape sequences put line ends into the text (^n).",
+    u"nobody is to be asked it is No, else Cancel, else Abort, else OK. Escape sequences put line ends into "
+    u"the text (^n).",
     u"msgbox /q yesno \"Cleaning up\" Delete the old logs?\n"
     u"if %? == 10 del *.log\n"
     u"msgbox /t:5 /i ok Done.",
@@ -49,10 +47,8 @@ const CommandHelp queryboxHelp = {
     u"/E  the line begins with the variable's present value\n"
     u"/H  shows stars in place of what is typed\n"
     u"/L  takes so many characters at most\n" BOX_SWITCHES u"An empty line removes the variable. The result, "
-    u"which is also the error level, is 0; 1 when the "
-    u"box was "
-    u"cancelled, its time ran out or nobody is to be asked, and the variable is then left as it was; 2 for a "
-    u"mistake in the command.",
+    u"which is also the error level, is 0; 1 when the box was cancelled, its time ran out or nobody is to "
+    u"be asked, and the variable is then left as it was; 2 for a mistake in the command.",
     u"querybox \"New project\" Its name: %%name\n"
     u"querybox /h /t:30 Password: %%secret",
 };
@@ -60,9 +56,8 @@ const CommandHelp queryboxHelp = {
 const CommandHelp taskdialogHelp = {
     u"Shows a box with an instruction, a text, buttons and choices, and tells which button was pressed.",
     u"TASKDIALOG [/B:\"text\" ...] [/C:buttons] [/D:number] [/E | /I | /W | /X] [/F:\"text\"] [/K] "
-    u"[/M:\"text\"] "
-    u"[/O:\"text\" ...] [/P:left,top] [/S] [/T:seconds] [/U] [/V:\"text\" | /Y:\"text\"] [/Z:\"text\"] "
-    u"[\"title\"] text",
+    u"[/M:\"text\"] [/O:\"text\" ...] [/P:left,top] [/S] [/T:seconds] [/U] [/V:\"text\" | /Y:\"text\"] "
+    u"[/Z:\"text\"] [\"title\"] text",
     u"/B  an own button; may be repeated\n"
     u"/C  common buttons, parted by \"+\": OK, YES, NO, CANCEL, RETRY, CLOSE; OK alone unless told\n"
     u"/D  the own button that Enter presses, from 1\n"
@@ -75,8 +70,8 @@ const CommandHelp taskdialogHelp = {
     u"/Z  a text that a click unfolds\n"
     u"The result, which is also the error level, is 100 for the first own button, 101 for the second and so "
     u"on, or else " BUTTON_RESULTS u", 2 for a mistake in the command. Where nobody is to be asked it is 12. "
-    u"The variables TASKDIALOG_CHOICE "
-    u"(from 1) and TASKDIALOG_CHECKED (1 or 0) are set when there is such a choice or check box.",
+    u"The variables TASKDIALOG_CHOICE (from 1) and TASKDIALOG_CHECKED (1 or 0) are set when there is such a "
+    u"choice or check box.",
     u"taskdialog /w /m:\"Restart now?\" /c:yes+no \"Update\" Programs are going to be closed.\n"
     u"taskdialog /k /b:\"Keep both\" /b:\"Replace\" /c:cancel \"Copy\" The file exists already.",
 };

@@ -31,8 +31,7 @@ const CommandHelp clipHelp = {
     u"/T  the text that follows, to the end of the line\n"
     u"/X  exchange it with the clipboard of this number\n"
     u"Without any of these what comes through a pipe or from a redirected file is copied, or else the "
-    u"clipboard "
-    u"is shown. CLIP0: to CLIP9: are names of the clipboards in redirections, CLIP: is CLIP0:.",
+    u"clipboard is shown. CLIP0: to CLIP9: are names of the clipboards in redirections, CLIP: is CLIP0:.",
     u"dir /b | clip\n"
     u"clip /n:3 /t Dear Sir or Madam,\n"
     u"clip /s > notes.txt\n"

@@ -36,8 +36,7 @@ const CommandHelp resolutionHelp = {
     u"/M  the monitor, from 1; the first one unless told\n"
     u"/P  for later sessions, too\n"
     u"Without a width the present resolution is shown: width, height, bits of a pixel's color and pictures "
-    u"per "
-    u"second.",
+    u"per second.",
     u"resolution\n"
     u"resolution 1920 1080\n"
     u"resolution /l /m:2",
@@ -50,8 +49,7 @@ const CommandHelp saveconsoleHelp = {
     u"/H  as a web page with its colors\n"
     u"/V  what is shown only, not what can be scrolled back to\n"
     u"Blanks at the end of rows and blank rows at the end are left out. The file is written as redirected "
-    u"output is: "
-    u"in the code page, or as the settings UTF8Output and UnicodeOutput say; a web page is UTF-8.",
+    u"output is: in the code page, or as the settings UTF8Output and UnicodeOutput say; a web page is UTF-8.",
     u"saveconsole today.txt\n"
     u"saveconsole /h/v screen.html",
 };
@@ -60,10 +58,8 @@ const CommandHelp transientHelp = {
     u"Shows or sets whether the shell ends by itself.",
     u"TRANSIENT [ON | OFF]",
     u"A shell that was started with /C is transient: it ends when its commands have. OFF makes it stay and "
-    u"show a "
-    u"prompt. ON makes any shell end when the line, or the batch file, that runs has. The variable "
-    u"%_transient "
-    u"tells which it is.",
+    u"show a prompt. ON makes any shell end when the line, or the batch file, that runs has. The variable "
+    u"%_transient tells which it is.",
     u"transient off\n"
     u"transient on",
 };
@@ -72,9 +68,7 @@ const CommandHelp vbeepHelp = {
     u"Lets the screen flash, as a beep to be seen.",
     u"VBEEP [times [milliseconds]]",
     u"Foreground and background change places for a moment: once and for 100 milliseconds unless told. "
-    u"Without "
-    u"a "
-    u"console nothing happens.",
+    u"Without a console nothing happens.",
     u"vbeep\n"
     u"vbeep 3 50",
 };

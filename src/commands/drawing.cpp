@@ -46,14 +46,11 @@ const CommandHelp drawboxHelp = {
     u"DRAWBOX top left bottom right style [color on color] [FILL color] [ZOOM] [SHADOW]",
     u"FILL    the inside is cleared and gets this background\n"
     u"ZOOM    the box grows from its middle\n"
-    u"SHADOW  a shadow falls to the right and below\n"
+    u"SHADOW  a shadow falls to the right and below; three letters of these words are enough\n"
     u"The style is 0 without lines, 1 single, 2 double, 3 single with double sides, 4 double with single "
-    u"sides. Lines that meet others on the screen are joined with "
-    u"them."
-    u" " PLACES u"With a top of 999 the bottom is the number of rows, with a left of 999 the right the "
-    u"number of "
-    u"columns. "
-    u"The cursor stays where it is.",
+    u"sides. Lines that meet others on the screen are joined with them. " //
+    PLACES u"With a top of 999 the bottom is the number of rows, with a left of 999 the right the number of "
+    u"columns. The cursor stays where it is.",
     u"drawbox 5 10 15 70 2 bright white on blue fill blue shadow\n"
     u"drawbox 999 999 7 40 1 yellow on black zoom",
 };

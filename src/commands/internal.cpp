@@ -19,10 +19,8 @@ const CommandHelp internalHelp = {
     u"/D  the commands named are disabled: their names are looked for as programs\n"
     u"/E  the commands named are enabled again\n"
     u"A name may hold the wildcards * and ?. Without /D and /E the commands named, or else all that are "
-    u"disabled, "
-    u"are listed with their state. \"*name\" and aliases do not reach a disabled command either. INTERNAL "
-    u"itself "
-    u"stays enabled, so that all of this can be taken back.",
+    u"disabled, are listed with their state. \"*name\" and aliases do not reach a disabled command either. "
+    u"INTERNAL itself stays enabled, so that all of this can be taken back.",
     u"internal\n"
     u"internal /d format* ren\n"
     u"internal /a",

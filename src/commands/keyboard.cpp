@@ -29,8 +29,8 @@ const CommandHelp keybdHelp = {
     u"/C  Caps Lock: 1 on, 0 off\n"
     u"/N  Num Lock\n"
     u"/S  Scroll Lock\n"
-    u"Without switches the states are shown; the variables %_capslock, %_numlock and %_scrolllock tell them, "
-    u"too.",
+    u"Without switches the states are shown; the variables %_capslock, %_numlock and %_scrolllock tell "
+    u"them, too.",
     u"keybd\n"
     u"keybd /c0 /n1",
 };
@@ -47,8 +47,7 @@ const CommandHelp keysHelp = {
     u"LIST  all functions with their keys and what they do\n"
     u"A name is that of a function and may hold the wildcards * and ?. With \"=\" the function has just the "
     u"keys that follow, such as Ctrl-F5 or Alt-Shift-Left; without any it has none. That lasts until the "
-    u"shell "
-    u"ends; lines of the same form in the INI file last.",
+    u"shell ends; lines of the same form in the INI file last.",
     u"keys list\n"
     u"keys *hist*\n"
     u"keys /k:f8\n"
@@ -63,12 +62,9 @@ const CommandHelp keystackHelp = {
     u"/W  the next key comes so many eighteenths of a second later\n"
     u"!   keys that wait already are forgotten\n"
     u"Text in double quotes is typed. A key is named as in INI files: Enter, F1, Ctrl-F5, Alt-X; \"*n\" "
-    u"behind "
-    u"a name repeats it. A number of two or three digits is the code of a character. Without /A and /T the "
-    u"keys "
-    u"wait in this console for whoever reads it next, the shell or a program; keys behind a /W come when "
-    u"their "
-    u"time has come, while the script goes on.",
+    u"behind a name repeats it. A number of two or three digits is the code of a character. Without /A and "
+    u"/T the keys wait in this console for whoever reads it next, the shell or a program; keys behind a /W "
+    u"come when their time has come, while the script goes on.",
     u"keystack \"dir /w\" Enter\n"
     u"keystack Tab*3 \"yes\" Enter & setup.exe\n"
     u"keystack /w36 Esc & slideshow.exe\n"

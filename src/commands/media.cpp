@@ -21,8 +21,8 @@ const CommandHelp playsoundHelp = {
     u"/R  plays it so many times; with /A only 0, again and again\n"
     u"/S  stops what is playing\n"
     u"/V  how loud, 0 to 100\n"
-    u"A file may be of any kind that Windows can play: wav, mp3, wma, mid and so on. A sound is one of those "
-    u"that the user has chosen for events, such as SystemExclamation or SystemStart. Ctrl+C ends it.",
+    u"A file may be of any kind that Windows can play: wav, mp3, wma, mid and so on. A sound is one of "
+    u"those that the user has chosen for events, such as SystemExclamation or SystemStart. Ctrl+C ends it.",
     u"playsound chimes.wav\n"
     u"playsound /a /r:0 rain.mp3\n"
     u"playsound SystemHand",
@@ -37,8 +37,7 @@ const CommandHelp playaviHelp = {
     u"/V  how loud, 0 to 100\n"
     u"/Z  the size of the picture\n"
     u"A file may be of any kind that Windows can play: avi, mpg, wmv and so on. The script goes on when the "
-    u"film "
-    u"has ended or its window has been closed. Ctrl+C ends it.",
+    u"film has ended or its window has been closed. Ctrl+C ends it.",
     u"playavi holidays.avi\n"
     u"playavi /p:0,0 /z:640,480 talk.mpg",
 };

@@ -21,8 +21,8 @@ const CommandHelp notifyHelp = {
     u"/N  do not wait until it has gone, even in a shell that ends\n"
     u"/Q  without a sound\n"
     u"/T  for so many seconds, 5 unless told; Windows may show it longer\n"
-    u"The script goes on at once. A shell that was started with /C waits, because its notices go with it; so "
-    u"does nobody else.",
+    u"The script goes on at once. A shell that was started with /C waits until its notices are gone, because "
+    u"they go with it.",
     u"notify /i \"Backup\" All files are copied.",
 };
 
@@ -36,9 +36,8 @@ const CommandHelp toastHelp = {
     u"/T  for so many seconds at most, 5 unless told\n"
     u"/U  waits even when standard input is no console\n"
     u"The result, which is also the error level, is 10 when it was clicked, 12 when it was closed or has "
-    u"gone "
-    u"into the list of notices, 20 when its time is over, 0 with /N, 2 for a mistake in the command. Where "
-    u"nobody is to be asked it is shown, too, and the result is 12.",
+    u"gone into the list of notices, 20 when its time is over, 0 with /N, 2 for a mistake in the command. "
+    u"Where nobody is to be asked it is shown, too, and the result is 12.",
     u"toast /i \"Backup\" Finished. Click to see the log.\n"
     u"if %? == 10 start backup.log",
 };
@@ -46,7 +45,8 @@ const CommandHelp toastHelp = {
 const CommandHelp osdHelp = {
     u"Writes a text on the desktop, in front of everything, for a time.",
     u"OSD [/A:place] [/B] [/C:color] [/F:\"font\"] [/I] [/N] [/P:left,top] [/S:points] [/T:seconds] text",
-    u"/A  where: TOPLEFT, TOP, TOPRIGHT, LEFT, CENTER (the default), RIGHT, BOTTOMLEFT, BOTTOM, BOTTOMRIGHT\n"
+    u"/A  where: TOPLEFT, TOP, TOPRIGHT, LEFT, CENTER (the default), RIGHT, BOTTOMLEFT, BOTTOM, "
+    u"BOTTOMRIGHT\n"
     u"/B  bold letters; /I slanted ones\n"
     u"/C  the color, by its name or as #RRGGBB; bright green unless told\n"
     u"/F  the name of the font\n"

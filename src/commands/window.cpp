@@ -15,13 +15,11 @@
 const CommandHelp activateHelp = {
     u"Brings the window of a program to the front, or changes it.",
     u"ACTIVATE [/A] window [action ...]",
-    u"/A  all windows of that title, not only the "
-    u"foremost"
+    u"/A  all windows of that title, not only the foremost"
     u"\n" WINDOW_ACTION_NAMES u"CLOSE                 asks it to close, as a click on its cross does\n"
     u"The window is given by its title, in double quotes when it holds blanks, wildcards allowed; without "
-    u"them by "
-    u"the beginning of it. The number of a process and the handle of a window (0x and hexadecimal) will do, "
-    u"too. Without actions it comes to the front. The result is 2 when there is no such window.",
+    u"them by the beginning of it. The number of a process and the handle of a window (0x and hexadecimal) "
+    u"will do, too. Without actions it comes to the front. The result is 2 when there is no such window.",
     u"activate \"Untitled*\"\n"
     u"activate *calculator topmost pos=0,0\n"
     u"activate /a *notepad close",
@@ -31,8 +29,7 @@ const CommandHelp windowHelp = {
     u"Shows or changes the console's window.",
     u"WINDOW [action ...]",
     WINDOW_ACTION_NAMES u"Without actions its state, place and size are shown. A console that a terminal "
-                        u"shows in a tab has no "
-                        u"window of its own to be changed.",
+                        u"shows in a tab has no window of its own to be changed.",
     u"window max\n"
     u"window pos=0,0,800,600 trans=220 \"My console\"",
 };
@@ -101,13 +98,14 @@ int Window_Command(CString& arguments)
     if (const int code = ReadWindowActions(arguments, actions))
         return code;
     // The shell puts its own title back after each command.
-    if (actions.title)
+    const bool named = actions.title.has_value();
+    if (named)
         SetStandingTitle(*std::exchange(actions.title, std::nullopt));
-    else if (actions.actions.empty())
-        if (const auto facts = ReadWindowFacts(ConsoleWindow()))
-            return ShowConsoleWindow(*facts);
-    if (actions.actions.empty() && !arguments.Trim().empty())
+    if (named && actions.actions.empty())
         return result::success;
     const HWND window = ConsoleWindow();
-    return window ? PerformWindowActions(window, actions) : MVError(errors::noWindow, Tls().commandName);
+    const auto facts = ReadWindowFacts(window);
+    if (!facts)
+        return MVError(errors::noWindow, Tls().commandName);
+    return actions.actions.empty() ? ShowConsoleWindow(*facts) : PerformWindowActions(window, actions);
 }
