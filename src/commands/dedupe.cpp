@@ -8,6 +8,7 @@
 #include "commands/file_texts.h"
 #include "commands/file_work.h"
 #include "commands/search_switches.h"
+#include "console/progress.h"
 #include "core/command_switches.h"
 #include "engine/output.h"
 #include "engine/results.h"
@@ -256,8 +257,14 @@ void Deduping::ShowTotals() const
 
 int Deduping::Run()
 {
-    const auto failed = [this](unsigned code, const CString& name) { work.Failed(code, name); };
-    for (std::vector<DuplicateFile>& group : FindDuplicates(files, failed)) {
+    Progress progress;
+    const auto failed = [&](unsigned code, const CString& name) {
+        progress.Hide();
+        work.Failed(code, name);
+    };
+    auto groupsFound = FindDuplicates(files, failed, [&](const CString& name) { progress.Begin(name); });
+    progress.Hide();
+    for (std::vector<DuplicateFile>& group : groupsFound) {
         if (work.IsStopped())
             break;
         Treat(group);

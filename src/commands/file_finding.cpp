@@ -6,7 +6,6 @@
 
 #include "engine/console_entry.h"
 #include "engine/results.h"
-#include "files/file_scan.h"
 #include "files/file_search.h"
 #include "files/text_lines.h"
 #include "lang/messages.h"
@@ -34,8 +33,21 @@ CString Presentable(std::u16string_view line)
 void FileFinding::Failed(unsigned code, std::u16string_view name)
 {
     ++counts.errors;
+    progress.Hide();
     output.Flush();
     MVError(code, name);
+}
+
+void FileFinding::Line(const PaintedText& line)
+{
+    progress.Hide();
+    output.Line(line);
+}
+
+void FileFinding::Line(std::u16string_view line)
+{
+    progress.Hide();
+    output.Line(line);
 }
 
 void FileFinding::FindIn(const CString& name)
@@ -64,6 +76,7 @@ void FileFinding::Look(const CString& path, const FoundFile& file)
     if (!options.SearchesContents())
         return FoundName(path, file);
     named = false;
+    progress.Begin(path);
     const bool holds = options.bytes ? LookAtBytes(path, *options.bytes) : LookInside(path);
     if (holds == options.inverse)
         return;
@@ -77,9 +90,12 @@ void FileFinding::Found(const CString& path, const FoundFile& file)
 {
     ++(file.facts.IsDirectory() ? counts.directories : counts.files);
     bytes += file.facts.size;
+    if (progress.IsWatched())
+        output.Flush(); // a person waits for each of them
     stopped = stopped || options.firstFileOnly ||
               static_cast<std::uint64_t>(counts.files + counts.directories) >= most;
     if (options.asks && !stopped) {
+        progress.Hide();
         output.Flush();
         stopped = QueryInputChar(message::askGoOn, path, u"YN", u'Y') == u'N';
     }
@@ -92,7 +108,7 @@ void FileFinding::FoundName(const CString& path, const FoundFile& file)
         if (!options.bare)
             line.Append(Format(u"%s %s", texts.DateAndTime(file.facts.written),
                                texts.SizeColumn(file.facts, file.facts.size)));
-        output.Line(line.Append(path, colors.Of(file.name, file.facts.attributes)));
+        Line(line.Append(path, colors.Of(file.name, file.facts.attributes)));
     }
     Found(path, file);
 }
@@ -100,19 +116,19 @@ void FileFinding::FoundName(const CString& path, const FoundFile& file)
 void FileFinding::Header(const CString& path)
 {
     if (!named && options.header && Shows())
-        output.Line(Format(u"---- %s", path));
+        Line(Format(u"---- %s", path));
     named = true;
 }
 
 bool FileFinding::LookAtBytes(const CString& path, const ByteSearch& search)
 {
     bool found = false;
-    const bool read = ScanFile(path, search, [&](std::uint64_t place) {
+    const bool read = scan.Open(path) && scan.Find(search, [&](std::uint64_t place) {
         found = true;
         ++matches;
         Header(path);
         if (Shows())
-            output.Line(LoadMessage(message::foundAtPlace, Format(u"%u (0x%X)", place, place)));
+            Line(LoadMessage(message::foundAtPlace, Format(u"%u (0x%X)", place, place)));
         return WantsMore();
     });
     if (!read)
@@ -124,19 +140,20 @@ bool FileFinding::LookAtBytes(const CString& path, const ByteSearch& search)
 bool FileFinding::LookInside(const CString& path)
 {
     constexpr std::size_t lookedAt = 4096;
-    std::string start;
-    if (!ReadFileStart(path, lookedAt, start)) {
+    if (!scan.Open(path)) {
         Failed(0, path);
         return options.inverse;
     }
-    if (start.empty())
-        return false;
-    const std::u16string_view kind = ContentKind(start);
-    const std::optional<ByteSearch> filter = options.lines->Prefilter(kind == u"utf16" ? 2 : 1);
+    const std::u16string_view kind = ContentKind(scan.Start(lookedAt));
+    const std::size_t width = kind == u"utf16" ? 2 : 1;
+    if (width != filterWidth) {
+        filter = options.lines->Prefilter(width);
+        filterWidth = width;
+    }
     if (!filter)
         return LookAtLines(path);
     bool may = false;
-    const bool read = ScanFile(path, *filter, [&](std::uint64_t) {
+    const bool read = scan.Find(*filter, [&](std::uint64_t) {
         may = true;
         return false;
     });
@@ -151,7 +168,7 @@ bool FileFinding::LookInside(const CString& path)
     ++matches;
     Header(path);
     if (Shows())
-        output.Line(LoadMessage(message::foundInBinary));
+        Line(LoadMessage(message::foundInBinary));
     return true;
 }
 
@@ -203,20 +220,21 @@ void FileFinding::Show(std::u16string_view line, std::uint64_t number, char16_t 
     if (!Shows())
         return;
     const CString shown = Presentable(line);
-    output.Line(options.lineNumbers ? Format(u"%6u%c %s", number, mark, shown) : shown);
+    Line(options.lineNumbers ? Format(u"%6u%c %s", number, mark, shown) : shown);
 }
 
 int FileFinding::Finish()
 {
+    progress.Hide();
     if ((options.totals || options.summaryOnly) && !output.Refused()) {
         const CString files = Format(u"%s %s", texts.Number(static_cast<std::uint64_t>(counts.files)),
                                      LoadMessage(message::fileCount));
         if (options.SearchesContents() && !options.inverse)
-            output.Line(Format(u"%16s %s %s", texts.Number(matches), LoadMessage(message::matchesIn), files));
+            Line(Format(u"%16s %s %s", texts.Number(matches), LoadMessage(message::matchesIn), files));
         else
-            output.Line(Format(u"%16s %s %14s %s", texts.Number(static_cast<std::uint64_t>(counts.files)),
-                               LoadMessage(message::fileCount), texts.Number(bytes),
-                               LoadMessage(message::byteCount)));
+            Line(Format(u"%16s %s %14s %s", texts.Number(static_cast<std::uint64_t>(counts.files)),
+                        LoadMessage(message::fileCount), texts.Number(bytes),
+                        LoadMessage(message::byteCount)));
     }
     SetResultCounters(counter, counts);
     if (!output.Flush())

@@ -2,14 +2,17 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "commands/ffind_options.h"
 #include "commands/file_texts.h"
 #include "commands/listing_colors.h"
 #include "commands/listing_output.h"
+#include "console/progress.h"
 #include "engine/internal_entry.h"
 #include "files/file_entry.h"
+#include "files/file_scan.h"
 
 class FileFinding {
 public:
@@ -38,12 +41,18 @@ private:
     bool LookInside(const CString& path);
     bool LookAtLines(const CString& path);
     void Show(std::u16string_view line, std::uint64_t number, char16_t mark);
+    void Line(const PaintedText& line);
+    void Line(std::u16string_view line);
     bool Shows() const { return !options.bare && !options.inverse && !options.summaryOnly; }
     bool WantsMore() const { return options.allMatches && !options.bare && !options.inverse; }
 
     std::u16string_view counter;
     const FfindOptions& options;
+    FileScan scan;
+    std::optional<ByteSearch> filter; // of the lines, for files with characters of that width
+    std::size_t filterWidth = 0;
     ListingOutput output;
+    Progress progress;
     FileTexts texts;
     ListingColors colors;
     std::uint64_t most = UINT64_MAX; // files and directories

@@ -1,9 +1,12 @@
 #include "commands/hash.h"
 
+#include <span>
+
 #include <windows.h>
 
 #include "commands/checksum_lines.h"
 #include "commands/search_switches.h"
+#include "console/progress.h"
 #include "core/command_switches.h"
 #include "engine/output.h"
 #include "engine/results.h"
@@ -11,6 +14,7 @@
 #include "files/file_digest.h"
 #include "files/file_search.h"
 #include "files/text_lines.h"
+#include "platform/file_facts.h"
 #include "text/compare.h"
 #include "text/encoding.h"
 #include "text/words.h"
@@ -159,11 +163,23 @@ int PrintDigests(std::vector<Digest>& digests, const HashOptions& options, std::
     return result::success;
 }
 
+// Reads the file, with a line that tells how far that is.
+bool DigestWatched(const CString& name, std::span<Digest> digests)
+{
+    Progress progress;
+    if (!progress.IsWatched())
+        return DigestFile(name, digests);
+    progress.Expect(1, ReadFileFacts(name).value_or(FileFacts()).size);
+    progress.Begin(name);
+    std::uint64_t bytes = 0;
+    return DigestFile(name, digests, [&](std::uint64_t more) { progress.At(bytes += more); });
+}
+
 // Prints the file's checksums, or compares the first with what is wanted.
 int HashFile(const CString& name, const HashOptions& options)
 {
     std::vector<Digest> digests = MakeDigests(options);
-    if (!DigestFile(name, digests))
+    if (!DigestWatched(name, digests))
         return MVError(0, name);
     if (options.wanted.empty())
         return PrintDigests(digests, options, name);
@@ -196,7 +212,7 @@ int VerifyFile(const ChecksumEntry& entry, const HashOptions& options)
     if (!kind)
         return MVError(errors::unknownAlgorithm, entry.digits);
     Digest digest(options.kinds.empty() || entry.kind ? *kind : options.Kind());
-    if (!DigestFile(entry.name, {&digest, 1}))
+    if (!DigestWatched(entry.name, {&digest, 1}))
         return MVError(0, entry.name);
     if (!EqualNoCase(HexDigits(digest.Finish()), entry.digits))
         return MVError(errors::checksumDiffers, entry.name);

@@ -93,13 +93,15 @@ Group WithoutLinks(const Group& group, const DuplicateFailure& failed)
 
 class Finder {
 public:
-    explicit Finder(const DuplicateFailure& report) : failed(report) {}
+    Finder(const DuplicateFailure& report, const DuplicateWatch& watching) : failed(report), watch(watching)
+    {}
 
     void FindIn(const Group& sameSize)
     {
         const Group group = WithoutLinks(sameSize, failed);
         std::vector<Group> alike;
         PartBy(group, alike, [this](const DuplicateFile& file, std::string& key) {
+            watch(file.shown);
             return EdgesOf(file, key) || Report(file);
         });
         for (const Group& one : alike) {
@@ -109,6 +111,7 @@ public:
                 AddPair(one);
             else
                 PartBy(one, groups, [this](const DuplicateFile& file, std::string& key) {
+                    watch(file.shown);
                     return DigestOf(file, key) || Report(file);
                 });
         }
@@ -126,6 +129,7 @@ private:
     // Comparing two files costs less than two checksums, and ends at the first difference.
     void AddPair(const Group& pair)
     {
+        watch(pair[1].shown);
         const FileComparison comparison = CompareFiles(pair[0].full, pair[1].full);
         if (comparison.error)
             failed(comparison.error, comparison.failed);
@@ -134,17 +138,19 @@ private:
     }
 
     const DuplicateFailure& failed;
+    const DuplicateWatch& watch;
 };
 
 } // namespace
 
 std::vector<std::vector<DuplicateFile>> FindDuplicates(const std::vector<DuplicateFile>& files,
-                                                       const DuplicateFailure& failed)
+                                                       const DuplicateFailure& failed,
+                                                       const DuplicateWatch& watch)
 {
     std::map<std::uint64_t, Group> sizes;
     for (const DuplicateFile& file : files)
         sizes[file.size].push_back(file);
-    Finder finder(failed);
+    Finder finder(failed, watch);
     for (const auto& [size, group] : sizes)
         if (group.size() > 1)
             finder.FindIn(group);

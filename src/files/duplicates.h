@@ -24,7 +24,11 @@ struct DuplicateFile {
 // A file that could not be read, with the Windows error number.
 using DuplicateFailure = std::function<void(unsigned, const CString&)>;
 
+// Is told of each file before it is read.
+using DuplicateWatch = std::function<void(const CString&)>;
+
 // The groups of equal files, each in the order given, in the order of their first files. Break is thrown when
 // the person breaks it off.
 std::vector<std::vector<DuplicateFile>> FindDuplicates(const std::vector<DuplicateFile>& files,
-                                                       const DuplicateFailure& failed);
+                                                       const DuplicateFailure& failed,
+                                                       const DuplicateWatch& watch);

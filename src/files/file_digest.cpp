@@ -23,10 +23,13 @@ bool ReadFileBlocks(std::u16string_view name, const std::function<void(std::stri
     }
 }
 
-bool DigestFile(std::u16string_view name, std::span<Digest> digests)
+bool DigestFile(std::u16string_view name, std::span<Digest> digests,
+                const std::function<void(std::uint64_t)>& done)
 {
     return ReadFileBlocks(name, [&](std::string_view bytes) {
         for (Digest& digest : digests)
             digest.Update(bytes);
+        if (done)
+            done(bytes.size());
     });
 }
