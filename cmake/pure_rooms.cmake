@@ -34,11 +34,24 @@ set(MOVACORE_PURE_ROOMS
   src/console/completion_word.cpp
   src/console/history_block.cpp
   src/console/popup_list.cpp
+  src/console/edit_text.cpp
+  src/console/edit_words.cpp
+  src/console/editor_actions.cpp
+  src/console/editor_changes.cpp
+  src/console/editor_completion.cpp
+  src/console/editor_history.cpp
+  src/console/editor_motions.cpp
+  src/console/editor_window.cpp
+  src/console/history_block.cpp
+  src/console/history_recall.cpp
   src/console/history_rules.cpp
   src/console/key_codes.cpp
   src/console/key_press_names.cpp
-  src/console/key_stack.cpp
   src/console/progress_line.cpp
+  src/console/line_colors.cpp
+  src/console/line_editor.cpp
+  src/console/line_painter.cpp
+  src/console/line_picture.cpp
   src/console/prompt_codes.cpp
   src/core/alias_substitution.cpp
   src/core/association_template.cpp

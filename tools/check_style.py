@@ -56,6 +56,16 @@ def windows_only():
     return findings
 
 
+def keys():
+    """docs/console.md tells the keys as the table of key functions has them."""
+    table = (ROOT / "src/config/key_functions.cpp").read_text()
+    known = {name: keys.split() for name, keys in re.findall(r'\{u"(\w+)", u"[^"]*", \w+, u"([^"]*)"\}', table)}
+    page = (ROOT / "docs/console.md").read_text()
+    told = {name: re.findall(r"`([^`]*)`", keys) for keys, name in re.findall(r"^\| (.*?) \| (\w+) \|", page, re.MULTILINE)}
+    told.pop("function", None)
+    return [f"docs/console.md: {name}: the keys are {known.get(name)}" for name in told if told[name] != known.get(name)]
+
+
 def messages():
     """Every named message has its text, and every text its name."""
     header = (ROOT / "src/lang/messages.h").read_text()
@@ -70,6 +80,7 @@ def messages():
 CHECKS = {
     "formatting": formatting,
     "floors": floors,
+    "keys": keys,
     "messages": messages,
     "settings": settings,
     "reference": reference,

@@ -9,7 +9,6 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "platform/console_typing.h"
 #include "text/words.h"
 
 const CommandHelp esetHelp = {
@@ -61,11 +60,7 @@ Kind KindOf(std::uint64_t switches)
 }
 
 // False at the end of the input.
-bool EditText(CString& text, std::u16string_view prompt)
-{
-    TypeIntoConsole(text);
-    return ReadConsoleLine(text, prompt);
-}
+bool EditText(CString& text, std::u16string_view prompt) { return EditConsoleText(text, prompt); }
 
 // Semicolons in quotes do not part a path.
 std::vector<CString> PiecesOf(std::u16string_view path)

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "console/console_modes.h"
+#include "console/prompt_line.h"
 #include "engine/batch_entry.h"
 #include "engine/break.h"
 #include "engine/console_entry.h"
@@ -17,6 +18,7 @@
 #include "platform/codepage.h"
 #include "platform/console.h"
 #include "platform/console_keys.h"
+#include "platform/console_typing.h"
 #include "platform/standard_handles.h"
 
 namespace {
@@ -32,11 +34,22 @@ void WaitForBreak()
     ThrowIfBroken();
 }
 
-bool ReadFromConsole(CString& line, std::u16string_view prompt)
+bool ReadFromConsole(CString& line, std::u16string_view prompt, LinePurpose purpose)
 {
     PrepareConsole();
     UpdateTitleAndIcon({});
     QueryCountryInfo();
+    EditorRequest request;
+    request.prompt = prompt;
+    request.text = line;
+    request.command = purpose == LinePurpose::Command;
+    EditorAnswer answer;
+    if (!aIniFile.ReadConsole && EditConsoleLine(answer, request)) {
+        line = answer.line;
+        line.Truncate(line.view().find(controlZ));
+        return answer.outcome != EditorOutcome::Ended;
+    }
+    TypeIntoConsole(line);
     WriteToConsole(prompt);
     const PassingColors typed(aIniFile.InputColors);
     switch (ReadTypedLine(line, ThrowIfBroken)) {
@@ -184,8 +197,15 @@ bool AwaitInput(std::optional<std::uint64_t> milliseconds)
     });
 }
 
-bool ReadConsoleLine(CString& line, std::u16string_view prompt)
+bool ReadConsoleLine(CString& line, std::u16string_view prompt, LinePurpose purpose)
 {
     ThrowIfBroken();
-    return IsConsole(0) ? ReadFromConsole(line, prompt) : ReadFromStandardInput(line);
+    line.Clear();
+    return IsConsole(0) ? ReadFromConsole(line, prompt, purpose) : ReadFromStandardInput(line);
+}
+
+bool EditConsoleText(CString& text, std::u16string_view prompt)
+{
+    ThrowIfBroken();
+    return IsConsole(0) ? ReadFromConsole(text, prompt, LinePurpose::Answer) : ReadFromStandardInput(text);
 }

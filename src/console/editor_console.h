@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -62,10 +63,17 @@ class EditorConsole {
 public:
     virtual ~EditorConsole() = default;
 
-    // Breaks are thrown from here. Without a time it waits for ever.
+    // Breaks are thrown from here, behind a call of `beforeBreak`, which may put the screen in order. Without
+    // a time it waits for ever.
     virtual ConsoleEvent Wait(std::optional<std::uint64_t> milliseconds = std::nullopt) = 0;
+    std::function<void()> beforeBreak;
+    // The event that waits to be read, which goes on waiting; of kind TimedOut when none does.
+    virtual ConsoleEvent Peek() = 0;
     // How many events wait to be read, about: above 0 there is no need to draw yet.
     virtual std::size_t Waiting() = 0;
+    // While lent, others may write on the console and read from it as usual; nothing else here is called
+    // then.
+    virtual void Lend(bool lent) = 0;
     virtual void WatchMouse(bool on) = 0;
 
     virtual ScreenExtent Extent() = 0;

@@ -213,6 +213,20 @@ void RemoveEqualLines(const HistoryList& list)
         RemoveEqualHistoryLines(access.Block());
 }
 
+bool DeleteHistoryLine(const HistoryList& list, std::u16string_view line)
+{
+    const HistoryAccess access(list);
+    if (!access)
+        return false;
+    const std::u16string_view block = access.Block().View();
+    std::size_t at = OlderHistoryLine(block, npos, false);
+    while (at != npos && block.substr(at, block.find(u'\0', at) - at) != line) {
+        const std::size_t older = OlderHistoryLine(block, at, false);
+        at = older == at ? npos : older;
+    }
+    return at != npos && DeleteHistoryLine(access.Block(), at);
+}
+
 bool ReadHistoryFile(const HistoryList& list, std::u16string_view name)
 {
     TextLines file;

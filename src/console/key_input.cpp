@@ -3,27 +3,18 @@
 #include <algorithm>
 
 #include "console/key_codes.h"
+#include "console/prompt_line.h"
 #include "engine/break.h"
 #include "engine/console_entry.h"
-#include "engine/inifile.h"
 #include "engine/output.h"
 #include "platform/clock.h"
 #include "platform/console.h"
-#include "platform/console_typing.h"
 #include "text/compare.h"
 
 namespace {
 
 constexpr char16_t controlC = 3; // arrives as a key when a program has left the console in that mode
-constexpr char16_t backspace = 8;
 constexpr char16_t enter = 13;
-constexpr char16_t escape = 27;
-
-bool GoOnWithoutKey()
-{
-    ThrowIfBroken();
-    return !IsKeyWaiting();
-}
 
 KeyFacts FactsOf(const KeyPress& key) { return {key.unit, key.virtualKey, key.modifiers, key.scanCode}; }
 
@@ -67,81 +58,24 @@ InputOutcome ReadKeyFromInput(CString& code, const KeyRequest& request)
     return InputOutcome::Given;
 }
 
-// A line typed key by key, for what the console's own line input cannot do. Backspace and Esc correct it.
-class KeyedLine {
-public:
-    explicit KeyedLine(const LineRequest& of) : request(of) {}
-
-    InputOutcome Read(CString& line);
-
-private:
-    bool Take(const KeyPress& key); // false at the end of the line
-    void Add(char16_t unit);
-    void Erase(std::size_t units);
-
-    const LineRequest& request;
-    CString text;
-};
-
-InputOutcome KeyedLine::Read(CString& line)
+InputOutcome ReadLineFromConsole(CString& line, const LineRequest& wanted)
 {
-    for (const char16_t unit : request.text.view())
-        Add(unit);
-    for (;;) {
-        const ConsoleInput input = ReadKeyOrBreak();
-        if (input.kind != InputKind::Key)
-            return InputOutcome::Ended;
-        if (!Take(input.key))
-            break;
-    }
-    line = text;
-    if (request.lineEnd)
-        WriteToConsole(u"\r\n");
-    return InputOutcome::Given;
-}
-
-bool KeyedLine::Take(const KeyPress& key)
-{
-    if (key.unit == enter)
-        return false;
-    if (key.unit == backspace)
-        Erase(std::min<std::size_t>(1, text.size()));
-    else if (key.unit == escape)
-        Erase(text.size());
-    else if (const CString code = KeyCode(FactsOf(key)); code.size() == 1 && code.front() >= u' ')
-        Add(key.unit); // letters with Alt type nothing
-    return true;
-}
-
-void KeyedLine::Add(char16_t unit)
-{
-    if (text.size() >= request.longest || !Accepts(request.accepted, CString(1, unit))) {
-        WriteToConsole(u"\a");
-        return;
-    }
-    text.Append(unit);
-    WriteToConsole(CString(1, request.hidden ? u'*' : unit));
-}
-
-void KeyedLine::Erase(std::size_t units)
-{
-    text.Truncate(text.size() - units);
-    for (; units > 0; --units)
-        WriteToConsole(u"\b \b");
-}
-
-InputOutcome ReadLineFromConsole(CString& line, const LineRequest& request)
-{
-    if (request.milliseconds && SleepWithPoll(*request.milliseconds, GoOnWithoutKey))
+    EditorRequest request;
+    request.text = wanted.text;
+    request.longest = wanted.longest;
+    request.accepted = wanted.accepted;
+    request.milliseconds = wanted.milliseconds;
+    request.hidden = wanted.hidden;
+    request.lineEnd = wanted.lineEnd;
+    request.plainColors = wanted.plainColors;
+    request.command = false;
+    EditorAnswer answer;
+    if (!EditConsoleLine(answer, request) || answer.outcome == EditorOutcome::Ended)
+        return InputOutcome::Ended;
+    if (answer.outcome == EditorOutcome::TimedOut)
         return InputOutcome::TimedOut;
-    const bool restricted = request.hidden || !request.accepted.empty() || request.longest != CString::npos ||
-                            !request.lineEnd || request.plainColors;
-    if (restricted) {
-        const PassingColors colors(request.plainColors ? 0 : aIniFile.InputColors);
-        return KeyedLine(request).Read(line);
-    }
-    TypeIntoConsole(request.text);
-    return ReadConsoleLine(line, {}) ? InputOutcome::Given : InputOutcome::Ended;
+    line = answer.line;
+    return InputOutcome::Given;
 }
 
 // What may not be typed is passed over.

@@ -2,15 +2,31 @@
 
 #include <algorithm>
 
-#include "console/key_stack.h"
 #include "engine/break.h"
 #include "platform/clipboard.h"
-#include "platform/clock.h"
 #include "platform/console.h"
 
 namespace {
 
+constexpr unsigned greyOnBlack = 7;
+
+// Leaves a wait before the break is acted on.
+struct BreakWaits {};
+
 ConsoleEvent KeyEvent(const KeyPress& key) { return {ConsoleEventKind::Key, key, {}, 0}; }
+
+ConsoleEvent AsConsoleEvent(const RawEvent& event)
+{
+    switch (event.kind) {
+    case RawEventKind::None: break;
+    case RawEventKind::TimedOut: return {ConsoleEventKind::TimedOut, {}, {}, 0};
+    case RawEventKind::Press: return {ConsoleEventKind::Press, {}, event.press, 0};
+    case RawEventKind::Wheel: return {ConsoleEventKind::Wheel, {}, event.press, event.wheel};
+    case RawEventKind::Resized: return {ConsoleEventKind::Resized, {}, {}, 0};
+    case RawEventKind::Key: return KeyEvent(event.key);
+    }
+    return {};
+}
 
 } // namespace
 
@@ -20,42 +36,58 @@ SystemEditorConsole::~SystemEditorConsole()
         SetTextAttributes(*attributesBefore);
 }
 
-std::optional<ConsoleEvent> SystemEditorConsole::StackedEvent()
-{
-    const auto stacked = aKeyStack.Take();
-    if (!stacked)
-        return std::nullopt;
-    if (stacked->delay > 0)
-        SleepWithPoll(stacked->delay, [] {
-            ThrowIfBroken();
-            return true;
-        });
-    return KeyEvent(stacked->key);
-}
-
 ConsoleEvent SystemEditorConsole::Wait(std::optional<std::uint64_t> milliseconds)
 {
     if (repeats > 0) {
         --repeats;
         return KeyEvent(repeated);
     }
-    if (auto stacked = StackedEvent())
-        return *stacked;
-    const RawEvent event = ReadRawEvent(ThrowIfBroken, milliseconds);
-    switch (event.kind) {
-    case RawEventKind::None: return {};
-    case RawEventKind::TimedOut: return {ConsoleEventKind::TimedOut, {}, {}, 0};
-    case RawEventKind::Press: return {ConsoleEventKind::Press, {}, event.press, 0};
-    case RawEventKind::Wheel: return {ConsoleEventKind::Wheel, {}, event.press, event.wheel};
-    case RawEventKind::Resized: return {ConsoleEventKind::Resized, {}, {}, 0};
-    case RawEventKind::Key: break;
+    const RawEvent event = NextEvent(milliseconds);
+    if (event.kind == RawEventKind::Key) {
+        repeated = event.key;
+        repeats = event.repeats - 1;
     }
-    repeated = event.key;
-    repeats = event.repeats - 1;
-    return KeyEvent(event.key);
+    return AsConsoleEvent(event);
 }
 
-std::size_t SystemEditorConsole::Waiting() { return repeats + aKeyStack.Size() + WaitingEvents(); }
+RawEvent SystemEditorConsole::NextEvent(std::optional<std::uint64_t> milliseconds)
+{
+    for (;;) {
+        try {
+            return ReadRawEvent(
+                [] {
+                    if (QueryBreak())
+                        throw BreakWaits();
+                },
+                milliseconds);
+        } catch (const BreakWaits&) {
+            if (beforeBreak)
+                beforeBreak();
+            ThrowIfBroken(); // comes back when breaks are switched off
+        }
+    }
+}
+
+ConsoleEvent SystemEditorConsole::Peek()
+{
+    if (repeats > 0)
+        return KeyEvent(repeated);
+    return AsConsoleEvent(PeekRawEvent());
+}
+
+std::size_t SystemEditorConsole::Waiting() { return repeats + WaitingEvents(); }
+
+void SystemEditorConsole::Lend(bool lent)
+{
+    if (!lent) {
+        raw.emplace();
+        return;
+    }
+    if (attributesBefore)
+        SetTextAttributes(*attributesBefore);
+    attributesBefore.reset();
+    raw.reset();
+}
 
 void SystemEditorConsole::WatchMouse(bool on) { ::WatchMouse(on); }
 
@@ -85,7 +117,7 @@ void SystemEditorConsole::ShapeCursor(int percent)
 unsigned SystemEditorConsole::Attributes()
 {
     const auto facts = ReadScreenFacts();
-    return facts ? facts->attributes & 0xFF : ScreenCell().attributes;
+    return facts ? facts->attributes & 0xFF : greyOnBlack;
 }
 
 void SystemEditorConsole::WriteRun(ScreenPlace place, std::u16string_view text, unsigned attributes)

@@ -8,10 +8,12 @@
 class SystemEditorConsole : public EditorConsole {
 public:
     // False when there is no console to work with.
-    explicit operator bool() const { return static_cast<bool>(raw); }
+    explicit operator bool() const { return raw && *raw; }
 
     ConsoleEvent Wait(std::optional<std::uint64_t> milliseconds) override;
+    ConsoleEvent Peek() override;
     std::size_t Waiting() override;
+    void Lend(bool lent) override;
     void WatchMouse(bool on) override;
     ScreenExtent Extent() override;
     ScreenPlace Cursor() override;
@@ -30,9 +32,9 @@ public:
     ~SystemEditorConsole() override;
 
 private:
-    std::optional<ConsoleEvent> StackedEvent();
+    RawEvent NextEvent(std::optional<std::uint64_t> milliseconds);
 
-    RawConsole raw;
+    std::optional<RawConsole> raw{std::in_place};
     KeyPress repeated;
     unsigned repeats = 0; // how many times `repeated` comes again
     std::optional<unsigned> attributesBefore;

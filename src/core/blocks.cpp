@@ -27,7 +27,7 @@ bool ReadFollowingLine(CString& line)
         return ReadBatchLine(line);
     if (!Tls().typedLine)
         return false;
-    if (!ReadConsoleLine(line, ContinuationPrompt()))
+    if (!ReadConsoleLine(line, ContinuationPrompt(), LinePurpose::Command))
         return false;
     AddToHistory(line);
     return true;

@@ -8,9 +8,13 @@
 
 #include "text/cstring.h"
 
+// What a line is read for: lines for the shell itself have a history.
+enum class LinePurpose { Answer, Command };
 // Reads one line typed at the prompt; false at the end of the input. Without a console the lines come from
 // standard input and neither prompt nor input is shown.
-bool ReadConsoleLine(CString& line, std::u16string_view prompt);
+bool ReadConsoleLine(CString& line, std::u16string_view prompt, LinePurpose purpose = LinePurpose::Answer);
+// The same with a text that a person at the console can edit.
+bool EditConsoleText(CString& text, std::u16string_view prompt);
 
 // What came of waiting for what somebody types.
 enum class InputOutcome {

@@ -119,7 +119,7 @@ int ReadPromptLine(char16_t* buffer, int capacity)
     bool more = true;
     Guarded([&] {
         UpdateEnvironment();
-        more = ReadConsoleLine(line, ExpandPrompt(PromptPattern()));
+        more = ReadConsoleLine(line, ExpandPrompt(PromptPattern()), LinePurpose::Command);
         return 0;
     });
     if (!more)

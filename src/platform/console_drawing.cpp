@@ -171,13 +171,24 @@ RawEvent ReadRawEvent(WaitPoll poll, std::optional<std::uint64_t> milliseconds)
     }
 }
 
+RawEvent PeekRawEvent()
+{
+    RawEvent event;
+    while (const INPUT_RECORD* record = TakeRecord(ConsoleKeyboard())) {
+        const DWORD buttons = heldButtons;
+        if (!Understand(*record, event))
+            continue;
+        heldButtons = buttons; // it will be looked at again
+        --peeked.taken;
+        return event;
+    }
+    event.kind = RawEventKind::TimedOut;
+    return event;
+}
+
 std::size_t WaitingEvents()
 {
-    if (peeked.taken < peeked.count)
-        return peeked.count - peeked.taken;
-    DWORD waiting = 0;
-    GetNumberOfConsoleInputEvents(ConsoleKeyboard(), &waiting);
-    return waiting - std::min<DWORD>(waiting, peeked.taken);
+    return PeekRawEvent().kind == RawEventKind::TimedOut ? 0 : peeked.count - peeked.taken;
 }
 
 bool MoveCursor(int row, int column)

@@ -35,6 +35,9 @@ struct RawEvent {
 };
 // As ReadKeyOrPress of console_keys.h, with wheel and size; buttons only as WatchMouse asked for them.
 RawEvent ReadRawEvent(WaitPoll poll, std::optional<std::uint64_t> milliseconds);
+// The event that waits, which goes on waiting; of kind TimedOut when none does.
+RawEvent PeekRawEvent();
+// How many wait, about; 0 only when none does.
 std::size_t WaitingEvents();
 
 // False when the console refused.

@@ -14,5 +14,12 @@ struct WindowPlace {
 };
 void PlaceConsoleWindow(const WindowPlace& place);
 
+// The window's size in characters, at least 20 x 2 and at most what fits the screen; 0 keeps one of them. The
+// buffer grows with the window and becomes as narrow as it.
+constexpr int largestWindow = 32767;
+void ResizeConsoleWindow(int columns, int rows);
+// By pixels, to the right and down.
+void ShiftConsoleWindow(int right, int down);
+
 constexpr unsigned opaqueWindow = 255;
 void SetConsoleOpacity(unsigned opacity); // 0, which shows nothing, to opaqueWindow

@@ -27,7 +27,7 @@ def abandoned_edit(console):
     console.text("!")
     console.ends_with("greeting=Hello!")
     console.keys("C-c")
-    console.ends_with("^C", ">")
+    console.ends_with("greeting=Hello!^C", ">")
     console.line("echo [%greeting%]")
     console.ends_with("[Hello]", ">")
 

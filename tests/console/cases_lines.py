@@ -28,7 +28,7 @@ def abandoned_line(console):
     console.text("echo wrong")
     console.shows(">echo wrong")
     console.keys("C-c")
-    console.ends_with("^C", ">")
+    console.ends_with(">echo wrong^C", ">")
     console.line("echo right")
     console.ends_with(">echo right", "right", ">")
 

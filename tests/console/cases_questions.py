@@ -82,9 +82,10 @@ def inkey(console):
     console.ends_with("Sure?", "*", "[@59][z][@72]", ">")
     console.line("set a=kept & inkey /c /w0 %%a & inkey /w0.1 %%a || echo %? [%a]")
     console.ends_with("1 [kept]", ">")
-    console.line("inkey %%a & echo not reached")
+    console.line("echo ready & inkey %%a & echo not reached")
+    console.ends_with("ready")
     console.keys("C-c")
-    console.ends_with("^C", ">")
+    console.ends_with("ready", "^C", ">")
 
 
 @case("INPUT edits, hides, limits and waits for lines")

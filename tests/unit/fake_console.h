@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -34,7 +35,8 @@ public:
     // A size of the window from now on, told by an event. Rows keep their beginnings.
     void Resize(int columns, int rows)
     {
-        std::vector<ScreenCell> kept(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+        std::vector<ScreenCell> kept(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows),
+                                     {u' ', 7});
         for (int row = 0; row < std::min(rows, height) && !cells.empty(); ++row)
             for (int column = 0; column < std::min(columns, width); ++column)
                 kept[static_cast<std::size_t>(row * columns + column)] = At(row, column);
@@ -66,13 +68,21 @@ public:
 
     ConsoleEvent Wait(std::optional<std::uint64_t>) override
     {
+        if (onWait)
+            onWait();
+        quietKeys -= quietKeys > 0 ? 1 : 0;
         if (events.empty())
             return {};
         const ConsoleEvent next = events.front();
         events.pop_front();
         return next;
     }
-    std::size_t Waiting() override { return drawsBetweenKeys ? 0 : events.size(); }
+    ConsoleEvent Peek() override
+    {
+        return events.empty() ? ConsoleEvent{ConsoleEventKind::TimedOut, {}, {}, 0} : events.front();
+    }
+    std::size_t Waiting() override { return drawsBetweenKeys || quietKeys > 0 ? 0 : events.size(); }
+    void Lend(bool) override {}
     void WatchMouse(bool) override {}
     ScreenExtent Extent() override { return {width, height, 0, 0, height, width}; }
     ScreenPlace Cursor() override { return cursor; }
@@ -126,6 +136,8 @@ public:
     void Beep() override { ++beeps; }
 
     bool drawsBetweenKeys = true; // as if somebody typed slowly
+    int quietKeys = 0;            // the same for so many keys
+    std::function<void()> onWait; // looks at what is drawn before a key is read
 
 private:
     std::size_t Index(int row, int column) const
@@ -139,7 +151,7 @@ private:
     void Scroll()
     {
         std::copy(cells.begin() + width, cells.end(), cells.begin());
-        std::fill(cells.end() - width, cells.end(), ScreenCell());
+        std::fill(cells.end() - width, cells.end(), ScreenCell{u' ', 7});
     }
     void Put(char16_t unit)
     {

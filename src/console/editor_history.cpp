@@ -1,0 +1,215 @@
+#include <algorithm>
+
+#include "console/edit_words.h"
+#include "console/editor_actions.h"
+
+namespace {
+
+HistoryRecall::Rules RulesOf(const LineEditor& editor)
+{
+    return {editor.settings.histCase, editor.settings.histWrap};
+}
+
+bool TakeHistory(LineEditor& editor)
+{
+    if (!editor.request->command)
+        return false;
+    if (!editor.recall.HasLines())
+        editor.recall.Take(editor.world.History(false));
+    return !editor.recall.Lines().empty();
+}
+
+// The line at the place of the walk is still what is edited.
+bool StandsUnchanged(const LineEditor& editor)
+{
+    return editor.recall.Walking() &&
+           editor.recall.Lines()[editor.recall.Place()].view() == editor.text.View();
+}
+
+using Step = const CString* (HistoryRecall::*)(std::u16string_view, std::size_t, const HistoryRecall::Rules&);
+
+void Walk(LineEditor& editor, Step step)
+{
+    if (!TakeHistory(editor)) {
+        editor.Beep();
+        return;
+    }
+    // What was changed since is a beginning to look for.
+    if (editor.recall.Walking() && !StandsUnchanged(editor))
+        editor.recall.EndWalk();
+    const CString present = editor.text.Text();
+    const CString* line = (editor.recall.*step)(present, present.size(), RulesOf(editor));
+    if (!line) {
+        editor.Beep();
+        return;
+    }
+    if (line->view() != present.view())
+        editor.text.SetText(*line);
+}
+
+const CString* NewestLine(LineEditor& editor)
+{
+    return TakeHistory(editor) ? &editor.recall.Lines().back() : nullptr;
+}
+
+void InsertArgument(LineEditor& editor, std::size_t number)
+{
+    const CString* line = NewestLine(editor);
+    const std::vector<CString> arguments = line ? editor.world.ArgumentsOf(*line) : std::vector<CString>();
+    if (number < arguments.size())
+        editor.text.Insert(arguments[number]);
+    else
+        editor.Beep();
+}
+
+void Pick(LineEditor& editor, bool directory)
+{
+    HistoryRecall& recall = directory ? editor.directories : editor.recall;
+    if (directory || !recall.HasLines())
+        recall.Take(editor.world.History(directory));
+    if (recall.Lines().empty() || !editor.request->command) {
+        editor.Beep();
+        return;
+    }
+    const std::size_t start = recall.Walking() ? recall.Place() : recall.Lines().size() - 1;
+    const auto pick = editor.world.Pick(editor.console, recall.Lines(), start, true);
+    editor.ShapeCursor();
+    const std::vector<CString> lines = recall.Lines();
+    if (!pick)
+        return;
+    for (const std::size_t gone : pick->deleted)
+        editor.world.DeleteFromHistory(directory, lines[gone]);
+    if (!pick->deleted.empty())
+        recall.Forget();
+    if (pick->chosen >= lines.size())
+        return;
+    const CString line = pick->text.empty() ? lines[pick->chosen] : pick->text;
+    if (directory || editor.settings.appendCommandLines)
+        editor.text.Insert(line);
+    else
+        editor.text.SetText(line);
+    if (!directory && !pick->edits && !editor.settings.appendCommandLines)
+        editor.Finish();
+}
+
+void WalkDirectories(LineEditor& editor, Step step)
+{
+    HistoryRecall& recall = editor.directories;
+    LineEditor::PulledArgument* there = editor.pulled ? &*editor.pulled : nullptr;
+    const bool goesOn = there && there->version == editor.text.Version() && recall.Walking();
+    if (!goesOn) {
+        recall.Take(editor.world.History(true));
+        editor.pulled = {0, editor.text.SelectionBegin(), editor.text.SelectionEnd(), 0};
+        there = &*editor.pulled;
+    }
+    const CString present = editor.text.Text().Substr(there->from, there->to - there->from);
+    const CString* directory =
+        (recall.*step)(goesOn ? present.view() : std::u16string_view(), 0, {false, false});
+    if (!directory) {
+        editor.Beep();
+        return;
+    }
+    editor.text.Replace(there->from, there->to, *directory);
+    there->to = there->from + directory->size();
+    there->version = editor.text.Version();
+}
+
+} // namespace
+
+void PrevHistory(LineEditor& editor) { Walk(editor, &HistoryRecall::Older); }
+void NextHistory(LineEditor& editor) { Walk(editor, &HistoryRecall::Newer); }
+
+void EndHistory(LineEditor& editor)
+{
+    editor.recall.EndWalk();
+    editor.text.SetText({});
+}
+
+void LastHistory(LineEditor& editor)
+{
+    const CString* line = NewestLine(editor);
+    if (line && line->size() > editor.text.Size()) {
+        editor.text.MoveTo(editor.text.Size());
+        editor.text.Insert(line->view().substr(editor.text.Size()));
+    } else
+        editor.Beep();
+}
+
+void DelHistory(LineEditor& editor)
+{
+    if (!StandsUnchanged(editor)) {
+        editor.Beep();
+        return;
+    }
+    editor.world.DeleteFromHistory(false, editor.text.View());
+    editor.recall.RemovePresent();
+    const std::vector<CString>& lines = editor.recall.Lines();
+    editor.text.SetText(editor.recall.Walking() ? lines[editor.recall.Place()] : CString());
+}
+
+void SaveHistory(LineEditor& editor)
+{
+    if (editor.text.Size() == 0 || !editor.request->command) {
+        editor.Beep();
+        return;
+    }
+    editor.world.SaveInHistory(editor.text.View());
+    editor.recall.Forget();
+    editor.text.SetText({});
+}
+
+void LineToEnd(LineEditor& editor)
+{
+    if (StandsUnchanged(editor)) {
+        editor.world.DeleteFromHistory(false, editor.text.View());
+        editor.recall.EndWalk();
+    }
+    editor.Finish();
+}
+
+void PrintHistory(LineEditor& editor)
+{
+    editor.LeaveLine();
+    editor.world.PrintHistory();
+    editor.ReturnToLine();
+}
+
+// Pressed again it takes the last argument of the line before that one.
+void PrevArgument(LineEditor& editor)
+{
+    if (!TakeHistory(editor)) {
+        editor.Beep();
+        return;
+    }
+    const bool goesOn =
+        editor.pulled && editor.IsLast(PrevArgument) && editor.pulled->version == editor.text.Version();
+    if (!goesOn)
+        editor.pulled = {0, editor.text.SelectionBegin(), editor.text.SelectionEnd(), 0};
+    LineEditor::PulledArgument& there = *editor.pulled;
+    const std::vector<CString>& lines = editor.recall.Lines();
+    if (there.back == lines.size()) {
+        editor.Beep();
+        return;
+    }
+    const std::vector<CString> arguments = editor.world.ArgumentsOf(lines[lines.size() - ++there.back]);
+    const CString last = arguments.empty() ? CString() : arguments.back();
+    editor.text.Replace(there.from, there.to, last);
+    there.to = there.from + last.size();
+    there.version = editor.text.Version();
+}
+
+void Argument0(LineEditor& editor) { InsertArgument(editor, 0); }
+void Argument1(LineEditor& editor) { InsertArgument(editor, 1); }
+void Argument2(LineEditor& editor) { InsertArgument(editor, 2); }
+void Argument3(LineEditor& editor) { InsertArgument(editor, 3); }
+void Argument4(LineEditor& editor) { InsertArgument(editor, 4); }
+void Argument5(LineEditor& editor) { InsertArgument(editor, 5); }
+void Argument6(LineEditor& editor) { InsertArgument(editor, 6); }
+void Argument7(LineEditor& editor) { InsertArgument(editor, 7); }
+void Argument8(LineEditor& editor) { InsertArgument(editor, 8); }
+void Argument9(LineEditor& editor) { InsertArgument(editor, 9); }
+
+void HistWinOpen(LineEditor& editor) { Pick(editor, false); }
+void DirWinOpen(LineEditor& editor) { Pick(editor, true); }
+void PrevDirHistory(LineEditor& editor) { WalkDirectories(editor, &HistoryRecall::Older); }
+void NextDirHistory(LineEditor& editor) { WalkDirectories(editor, &HistoryRecall::Newer); }

@@ -1,0 +1,33 @@
+#include "console/edit_words.h"
+#include "console/editor_actions.h"
+
+namespace {
+
+// The window's size comes back as an event, and the line is shown anew then.
+void Change(LineEditor& editor, WindowChange change) { editor.world.ChangeWindow(change); }
+
+} // namespace
+
+void ConsoleHeightMax(LineEditor& editor) { Change(editor, WindowChange::HeightMax); }
+void ConsoleHeightMin(LineEditor& editor) { Change(editor, WindowChange::HeightMin); }
+void ConsoleWidthMax(LineEditor& editor) { Change(editor, WindowChange::WidthMax); }
+void ConsoleWidthMin(LineEditor& editor) { Change(editor, WindowChange::WidthMin); }
+void FontMax(LineEditor& editor) { Change(editor, WindowChange::FontMax); }
+void FontMin(LineEditor& editor) { Change(editor, WindowChange::FontMin); }
+void MoveConsoleDown(LineEditor& editor) { Change(editor, WindowChange::Down); }
+void MoveConsoleLeft(LineEditor& editor) { Change(editor, WindowChange::Left); }
+void MoveConsoleRight(LineEditor& editor) { Change(editor, WindowChange::Right); }
+void MoveConsoleUp(LineEditor& editor) { Change(editor, WindowChange::Up); }
+
+void ExecLine(LineEditor& editor) { editor.Finish(); }
+
+void HelpWord(LineEditor& editor)
+{
+    const std::u16string_view text = editor.text.View();
+    std::size_t end = ArgumentRightOf(text, ArgumentLeftOf(text, editor.text.Cursor()));
+    const std::size_t begin = ArgumentLeftOf(text, editor.text.Cursor());
+    const CString word(text.substr(begin, end - begin));
+    editor.LeaveLine();
+    editor.world.ShowHelp(word);
+    editor.ReturnToLine();
+}

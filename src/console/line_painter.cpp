@@ -1,0 +1,149 @@
+#include "console/line_painter.h"
+
+#include <algorithm>
+
+namespace {
+
+// Equal cells between two changed ones are written along with them up to this many: another write costs more.
+constexpr std::size_t shortGap = 4;
+
+PictureCell Blank(unsigned colors)
+{
+    PictureCell cell;
+    cell.colors = static_cast<std::uint8_t>(colors);
+    return cell;
+}
+
+} // namespace
+
+void LinePainter::Begin()
+{
+    extent = console.Extent();
+    plain = console.Attributes();
+    origin = console.Cursor();
+    firstRow = 0;
+    shownCursorRow = 0;
+    prompt.clear();
+    shown.assign(1, PictureRow(static_cast<std::size_t>(origin.column), PictureCell()));
+}
+
+void LinePainter::Complete(PictureRequest& request) const
+{
+    request.indent = origin.column;
+    request.columns = std::max(1, extent.columns);
+    request.rows = std::max(1, std::min(extent.windowRows, extent.rows));
+    request.firstRow = firstRow;
+}
+
+// The prompt's last row, before the text covers it.
+void LinePainter::KeepPrompt()
+{
+    if (!prompt.empty() || origin.column == 0)
+        return;
+    for (const ScreenCell& cell : console.ReadCells({origin.row, 0, 1, origin.column})) {
+        PictureCell kept = Blank(cell.attributes & 0xFF);
+        kept.units = {cell.unit < u' ' ? u' ' : cell.unit};
+        prompt.push_back(kept);
+    }
+    prompt.resize(static_cast<std::size_t>(origin.column), Blank(plain));
+    PictureRow& first = shown.front();
+    first.resize(std::max(first.size(), prompt.size()), Blank(plain));
+    std::copy(prompt.begin(), prompt.end(), first.begin());
+}
+
+void LinePainter::Show(const LinePicture& picture)
+{
+    if (picture.firstRow > 0)
+        KeepPrompt();
+    const int rows = static_cast<int>(picture.rows.size());
+    if (rows > static_cast<int>(shown.size()))
+        origin.row -= console.MakeRoom(origin.row + rows - 1);
+    firstRow = picture.firstRow;
+    const int painted = std::max(rows, static_cast<int>(shown.size()));
+    shown.resize(static_cast<std::size_t>(painted));
+    for (int row = 0; row < painted; ++row) {
+        PictureRow wanted;
+        if (row == 0 && firstRow == 0)
+            wanted = prompt.empty() ? PictureRow(static_cast<std::size_t>(origin.column)) : prompt;
+        if (row < rows) {
+            const PictureRow& text = picture.rows[static_cast<std::size_t>(row)];
+            wanted.insert(wanted.end(), text.begin(), text.end());
+        }
+        PaintRow(row, wanted);
+    }
+    shown.resize(static_cast<std::size_t>(std::max(rows, 1)));
+    shownCursorRow = picture.cursorRow;
+    console.PlaceCursor({origin.row + picture.cursorRow, std::min(picture.cursorColumn, extent.columns - 1)});
+}
+
+void LinePainter::PaintRow(int row, const PictureRow& wanted)
+{
+    PictureRow& there = shown[static_cast<std::size_t>(row)];
+    if (there == wanted)
+        return;
+    PictureRow cells = wanted;
+    const std::size_t width = std::max(cells.size(), there.size());
+    cells.resize(width, Blank(plain));
+    there.resize(width, Blank(plain));
+    for (std::size_t at = 0; at < width;) {
+        if (cells[at] == there[at]) {
+            ++at;
+            continue;
+        }
+        std::size_t end = at + 1;
+        for (std::size_t i = end; i < width && i < end + shortGap; ++i)
+            if (cells[i] != there[i])
+                end = i + 1;
+        while (at > 0 && cells[at].count == 0) // never half of a wide character
+            --at;
+        while (end < width && cells[end].count == 0)
+            ++end;
+        WriteCells(row, static_cast<int>(at), cells, at, end);
+        at = end;
+    }
+    there = wanted;
+}
+
+void LinePainter::WriteCells(int row, int column, const PictureRow& cells, std::size_t from, std::size_t to)
+{
+    std::u16string run;
+    int begin = column;
+    for (std::size_t at = from; at < to; ++at) {
+        run.append(cells[at].units.data(), cells[at].count);
+        ++column;
+        if (at + 1 < to && (cells[at + 1].colors == cells[at].colors || cells[at + 1].count == 0))
+            continue;
+        console.WriteRun({origin.row + row, begin}, run, cells[at].colors);
+        run.clear();
+        begin = column;
+    }
+}
+
+void LinePainter::Erase(bool withPrompt, int promptRows)
+{
+    const bool first = firstRow == 0;
+    const int top = std::max(0, origin.row - (first && withPrompt ? promptRows : 0));
+    const int left = first && !withPrompt ? std::min(origin.column, extent.columns - 1) : 0;
+    const int bottom = std::min(extent.rows, origin.row + static_cast<int>(shown.size()));
+    for (int row = top; row < bottom; ++row) {
+        const int from = row == top ? left : 0;
+        console.WriteRun({row, from}, CString(static_cast<std::size_t>(extent.columns - from), u' '), plain);
+    }
+    console.PlaceCursor({top, left});
+}
+
+void LinePainter::MoveBehind(bool endsInEmptyRow)
+{
+    const int last = origin.row + static_cast<int>(shown.size()) - 1;
+    console.PlaceCursor({endsInEmptyRow ? std::max(0, last - 1) : last, 0});
+}
+
+bool LinePainter::TakeNewSize()
+{
+    const ScreenExtent before = extent;
+    extent = console.Extent();
+    // The console may have moved the row of the cursor.
+    const ScreenPlace cursor = console.Cursor();
+    origin.row = std::max(0, cursor.row - shownCursorRow);
+    return extent.columns != before.columns || extent.windowRows != before.windowRows;
+}

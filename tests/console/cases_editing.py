@@ -1,0 +1,89 @@
+"""The line editor: correcting, recalling, pasting."""
+
+from registry import case
+
+
+@case("a line is corrected where the cursor stands, and undone")
+def correcting(console):
+    console.start("//EditMode=Insert")
+    console.shows(">")
+    console.text("ecko onne")
+    console.keys("Left", "Left", "BSpace", "Left", "Left", "Left", "Left", "DC", "h")
+    console.shows(">echo one")
+    console.keys("Right", "Right", "Right", "Right", "Right", "C-l", "C-l")
+    console.shows(">")
+    console.text("echo two")
+    console.keys("Enter")
+    console.shows(">echo two", "two", ">")
+
+
+@case("lines are recalled by their beginning; a recalled line is not kept twice")
+def recalling(console):
+    console.start("//LocalHistory=Yes")
+    console.shows(">")
+    for line in ("echo one", "ver > nul", "echo two"):
+        console.line(line)
+    console.ends_with("two", ">")
+    console.text("ec")
+    console.keys("Up", "Up")
+    console.ends_with(">echo one")
+    console.keys("Down", "Down")
+    console.ends_with(">ec")
+    console.keys("Up", "Enter")
+    console.ends_with(">echo two", "two", ">")
+    console.line("history")
+    console.ends_with("echo one", "ver > nul", "echo two", "history", ">")
+
+
+@case("a line longer than the window goes on in the next row, at the bottom of the screen too")
+def long_lines(console):
+    console.start()
+    console.shows(">")
+    console.line("do i=1 to 40 (echo %i)")
+    console.ends_with("40", ">")
+    console.text("echo " + "0123456789" * 9)
+    console.ends_with(">echo " + ("0123456789" * 9)[:74], ("0123456789" * 9)[74:])
+    console.keys("Escape")
+    console.ends_with("40", ">")
+
+
+@case("text of several lines that comes at once waits for Enter, and then runs line by line")
+def pasting(console):
+    console.start()
+    console.shows(">")
+    console.text("echo first\recho second\rexit /b")
+    console.ends_with(">echo first", "echo second", "exit /b")
+    console.keys("C-u", "Escape")
+    console.ends_with(">")
+    console.text("echo first\recho second")
+    console.ends_with(">echo first", "echo second")
+    console.keys("Enter")
+    console.ends_with("first", ">echo second", "second", ">")
+
+
+@case("colors while typing, and what the history would make of the line")
+def colors(console):
+    console.start("//SyntaxColors=Yes", "//LocalHistory=Yes")
+    console.shows(">")
+    console.line("echo words to come")
+    console.ends_with("words to come", ">")
+    console.text("echo w")
+    console.ends_with(">echo words to come")
+    console.has_colors("\x1b[93mecho")
+    console.keys("Right", "Enter")
+    console.ends_with("words to come", ">echo words to come", "words to come", ">")
+
+
+@case("the window of the history: typing filters, Enter runs")
+def history_window(console):
+    console.start("//LocalHistory=Yes")
+    console.shows(">")
+    for line in ("echo one", "ver > nul", "echo two"):
+        console.line(line)
+    console.ends_with("two", ">")
+    console.keys("PPage")
+    console.wait(lambda: any("3/3" in row for row in console.rows()), ["a list of three"], console.rows)
+    console.text("one")
+    console.wait(lambda: any("1/1" in row for row in console.rows()), ["a list of one"], console.rows)
+    console.keys("Enter")
+    console.ends_with(">echo one", "one", ">")
