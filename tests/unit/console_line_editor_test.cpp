@@ -122,7 +122,7 @@ TEST_F(Editing, HistorySettingsAndChanges)
     EXPECT_EQ(world.history, (std::vector<CString>{u"one", u"One"}));
     EXPECT_EQ(Edit(u"kept<Ctrl-K>run<Enter>").line, u"run");
     EXPECT_EQ(world.history.back(), u"kept");
-    world.pick = LinePick{0, false, {}};
+    world.pick = LinePick{};
     EXPECT_EQ(Edit(u"<PgUp>").line, u"one");
     const EditorAnswer silent = Edit(u"half<Left><Shift-F3>");
     EXPECT_TRUE(silent.silent);
