@@ -1,6 +1,7 @@
 #include "console/history.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "console/history_rules.h"
 #include "core/substitution.h"
@@ -43,12 +44,17 @@ ListBlock BlockInUse(ListKind kind)
     return local ? local : QueryListBlock(kind, ListScope::Global);
 }
 
+ListBlock QueryBlock(const HistoryList& list)
+{
+    return list.scope ? QueryListBlock(list.kind, *list.scope) : BlockInUse(list.kind);
+}
+
 // The block of a list with everybody else kept out, put right if its last writer died.
 class HistoryAccess {
 public:
     explicit HistoryAccess(const HistoryList& list) : guard(HistoryLock().Take(ThrowIfShellEnds))
     {
-        block = list.scope ? QueryListBlock(list.kind, *list.scope) : BlockInUse(list.kind);
+        block = QueryBlock(list);
         if (block)
             RepairIfNeeded(block);
     }
@@ -125,6 +131,23 @@ void NoteNewestLine(const CString& line)
     QuickSubstitution(aTexts.newestLine, aTexts.substitutionLine);
 }
 
+std::size_t UnitsOf(std::span<const CString> lines)
+{
+    std::size_t units = 0;
+    for (const CString& line : lines)
+        units += line.size() + 1;
+    return units;
+}
+
+// The first of the lines that a list of so many units may still hold.
+std::size_t KeptFrom(std::span<const CString> lines, std::size_t room)
+{
+    std::size_t from = lines.size();
+    for (std::size_t units = 0; from > 0 && units <= room; --from)
+        units += lines[from - 1].size() + 1;
+    return from;
+}
+
 bool IsKept(std::u16string_view line, std::size_t listSize)
 {
     CString excluded;
@@ -183,10 +206,7 @@ void NoteDirectoryChange(std::u16string_view left, std::u16string_view entered)
         AddHistoryLines({ListKind::DirHistory, {}}, std::span(&directory, 1));
 }
 
-bool HistoryExists(const HistoryList& list)
-{
-    return static_cast<bool>(list.scope ? QueryListBlock(list.kind, *list.scope) : BlockInUse(list.kind));
-}
+bool HistoryExists(const HistoryList& list) { return static_cast<bool>(QueryBlock(list)); }
 
 std::vector<CString> HistoryLines(const HistoryList& list)
 {
@@ -232,10 +252,24 @@ bool ReadHistoryFile(const HistoryList& list, std::u16string_view name)
     TextLines file;
     if (!file.Open(name, OtherWriters::Refused))
         return false;
+    // A file may be larger than memory; of what is longer than the list only the end can stay. Where equal
+    // lines count all are looked at, a piece at a time.
+    const std::size_t room = QueryBlock(list).capacity;
+    const bool onlyTheEndCounts = EqualLinesOf(list.kind) == EqualLines::Keep;
     std::vector<CString> lines;
+    std::size_t units = 0;
     std::u16string_view line;
     while (file.Next(line)) {
         lines.emplace_back(line.substr(0, longestFileLine));
+        units += lines.back().size() + 1;
+        if (units > 2 * room + longestFileLine) {
+            if (onlyTheEndCounts)
+                lines.erase(lines.begin(),
+                            lines.begin() + static_cast<std::ptrdiff_t>(KeptFrom(lines, room)));
+            else
+                AddHistoryLines(list, std::exchange(lines, {}));
+            units = UnitsOf(lines);
+        }
         ThrowIfBroken();
     }
     AddHistoryLines(list, lines);

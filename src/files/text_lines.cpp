@@ -20,8 +20,12 @@ bool TextLines::Refill()
 bool TextLines::Next(std::u16string_view& line)
 {
     std::size_t end = text.Find(u'\n', at);
-    while (end == CString::npos && Refill())
-        end = text.Find(u'\n', at);
+    while (end == CString::npos) {
+        const std::size_t searched = text.size() - at;
+        if (!Refill())
+            break;
+        end = text.Find(u'\n', searched);
+    }
     if (end == CString::npos && at >= text.size())
         return false;
     const std::size_t stop = end == CString::npos ? text.size() : end;
