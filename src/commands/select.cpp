@@ -115,7 +115,21 @@ std::size_t FindList(std::u16string_view text, const Syntax& syntax)
     return npos;
 }
 
-// Parts the text into the command and the list of files. False when there is no list.
+// Where the command begins, behind SELECT's own switches and ranges.
+std::size_t PassSwitches(std::u16string_view text, const Syntax& syntax)
+{
+    std::size_t at = 0;
+    for (;;) {
+        const Word word = NextBlankWord(text, at);
+        if (word.length == 0 || text[word.start] != syntax.switchChar)
+            return at;
+        const bool range = word.length > 1 && text[word.start + 1] == u'[';
+        const std::size_t close = range ? FindClosing(text, word.start + 1, quotes::both, syntax) : npos;
+        at = close == npos ? word.end() : close + 1;
+    }
+}
+
+// Parts what follows the switches into the command and the list of files. False when there is no list.
 bool FindParts(std::u16string_view text, SelectRequest& request)
 {
     const Syntax syntax = CurrentSyntax();
@@ -124,7 +138,7 @@ bool FindParts(std::u16string_view text, SelectRequest& request)
     if (close == npos)
         return false;
     request.together = text[open] == u'[';
-    request.before = text.substr(0, open);
+    request.before = CString(text.substr(0, open)).TrimLeft();
     request.names = text.substr(open + 1, close - open - 1);
     request.behind = text.substr(close + 1);
     return true;
@@ -133,18 +147,10 @@ bool FindParts(std::u16string_view text, SelectRequest& request)
 // The switches stand in front of the command; what follows has switches of its own.
 int ReadRequest(const CString& arguments, SelectRequest& request)
 {
-    if (!FindParts(arguments, request))
+    const std::size_t commandStart = PassSwitches(arguments, CurrentSyntax());
+    if (!FindParts(arguments.view().substr(commandStart), request))
         return MVError(errors::noFileList);
-    // The list may stand directly behind the switches.
-    std::size_t switchesEnd = 0;
-    for (;;) {
-        const Word word = NextBlankWord(request.before, switchesEnd);
-        if (word.length == 0 || request.before[word.start] != CurrentSyntax().switchChar)
-            break;
-        switchesEnd = word.end();
-    }
-    CString switches = request.before.Substr(0, switchesEnd);
-    request.before.Erase(0, switchesEnd).TrimLeft();
+    CString switches = arguments.Substr(0, commandStart);
     CString text;
     int code = VariableExpansion(switches);
     if (code == 0)

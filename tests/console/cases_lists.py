@@ -24,7 +24,7 @@ def select_command(console):
     console.shows(">")
     for command, keys, answers in (
         ("select echo (*.txt) !", ("Space", "Down", "Space", "Enter"), ('one.txt !', '"two words.txt" !')),
-        ("select /f /m echo [*.txt]", ("Enter",), None),
+        ("select /[s0,5K] /f /m echo [*.txt]", ("Enter",), None),
         ("select /1 echo (*.txt)", ("Down", "Enter"), ("three.txt",)),
         ("select echo (*.txt) || echo left", ("Escape",), ("left",)),
     ):
