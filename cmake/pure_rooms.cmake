@@ -32,6 +32,7 @@ set(MOVACORE_PURE_ROOMS
   src/console/completion_files.cpp
   src/console/completion_hint.cpp
   src/console/completion_word.cpp
+  src/console/extended_records.cpp
   src/console/history_block.cpp
   src/console/popup_list.cpp
   src/console/edit_text.cpp

@@ -98,6 +98,7 @@
 #include "commands/version.h"
 #include "commands/which.h"
 #include "commands/window.h"
+#include "commands/xhistory.h"
 #include "engine/tables.h"
 
 constexpr BUILTIN aInternalCommands[] = {
@@ -375,7 +376,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"WSETTINGS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"WSHELL", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"WSHORTCUT", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"XHISTORY", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"XHISTORY", Xhistory_Command, 0x2007, 1, u"", &xhistoryHelp},
     {u"XSORT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"Y", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"ZIP", Unbuilt_Command, 0x82007, 1, u"[1] zip dirs [2*] *", &unbuiltHelp},

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "console/extended_history.h"
+#include "console/history_lock.h"
 #include "console/history_rules.h"
 #include "core/substitution.h"
 #include "engine/break.h"
@@ -19,25 +21,6 @@ namespace {
 constexpr std::size_t npos = std::u16string_view::npos;
 constexpr std::size_t longestFileLine = 32767; // units; what is longer is cut there
 
-class HeldSignals {
-public:
-    HeldSignals() : before(Tls().signalsHeld) { HoldSignals(); }
-    HeldSignals(const HeldSignals&) = delete;
-    HeldSignals& operator=(const HeldSignals&) = delete;
-    ~HeldSignals() { Tls().signalsHeld = before; }
-
-private:
-    bool before;
-};
-
-NamedLock& HistoryLock()
-{
-    NamedLock& lock = Lists().historyLock;
-    if (!lock)
-        lock = NamedLock(u"MVHistorySemaphore");
-    return lock;
-}
-
 ListBlock BlockInUse(ListKind kind)
 {
     const ListBlock local = QueryListBlock(kind, ListScope::Local);
@@ -52,7 +35,7 @@ ListBlock QueryBlock(const HistoryList& list)
 // The block of a list with everybody else kept out, put right if its last writer died.
 class HistoryAccess {
 public:
-    explicit HistoryAccess(const HistoryList& list) : guard(HistoryLock().Take(ThrowIfShellEnds))
+    explicit HistoryAccess(const HistoryList& list)
     {
         block = QueryBlock(list);
         if (block)
@@ -63,8 +46,7 @@ public:
     const ListBlock& Block() const { return block; }
 
 private:
-    HeldSignals held;
-    NamedLock::Guard guard;
+    HistoryGuard guard;
     ListBlock block;
 };
 
@@ -165,7 +147,10 @@ void AddToHistory(CString& line, bool force)
     if (!line.empty() || force)
         NoteNewestLine(line);
     const std::size_t size = HistorySize();
-    if (size == 0 || (!force && (!wanted || !IsKept(line, size))))
+    const bool kept = size > 0 && wanted && IsKept(line, size);
+    if (kept && !force)
+        BeginExtendedEntry(line);
+    if (size == 0 || (!kept && !force))
         return;
     Append({}, std::span(&line, 1), force ? EqualLines::Keep : EqualLinesOf(ListKind::History));
 }

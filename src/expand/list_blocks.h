@@ -3,6 +3,7 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 
 #include "expand/lists.h"
 #include "platform/growing_memory.h"
@@ -18,9 +19,10 @@ struct VariableLists {
 
     Kind kinds[static_cast<int>(ListKind::Count)];
     NamedLock lock;
-    NamedLock historyLock;                  // for console/history.cpp, which makes it on first use
-    std::atomic<int> environmentChanges{0}; // not announced yet
-    std::uint64_t beginnings = 0;           // how often lists were made or dropped
+    NamedLock historyLock; // for console/history_lock.cpp, which makes it on first use
+    std::shared_ptr<struct TypedLineNote> typedLine; // console/extended_history.cpp
+    std::atomic<int> environmentChanges{0};          // not announced yet
+    std::uint64_t beginnings = 0;                    // how often lists were made or dropped
 };
 
 VariableLists& Lists();

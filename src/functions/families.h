@@ -335,6 +335,7 @@ int Tmpwn_Function(FunctionCall& call);
 // lists.cpp
 int Option_Function(FunctionCall& call);
 int History_Function(FunctionCall& call);
+int Xhistory_Function(FunctionCall& call);
 int Color_Function(FunctionCall& call);
 
 // network.cpp

@@ -5,9 +5,11 @@
 
 #include "config/colors.h"
 #include "config/ini_file.h"
+#include "console/extended_history.h"
 #include "console/history.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "text/compare.h"
 #include "text/words.h"
 
 // @option[name]: the value of a setting.
@@ -38,6 +40,34 @@ int History_Function(FunctionCall& call)
     if (word < 0 || word > INT_MAX)
         return Refuse(errors::invalidNumber);
     return answer::ForeignText(call, GetNthArgument(line, static_cast<int>(word), call.syntax));
+}
+
+// @xhistory[n[,what]]: the nth line of the extended history, the newest being 0; or its time, directory, exit
+// code or duration in milliseconds.
+int Xhistory_Function(FunctionCall& call)
+{
+    const FunctionArguments arguments(call, u"n|t");
+    if (arguments.Error())
+        return arguments.Error();
+    const std::vector<ExtendedEntry> entries = ExtendedHistory();
+    const std::int64_t n = arguments.Number(0);
+    if (n < 0)
+        return Refuse(errors::invalidNumber);
+    if (n >= std::ssize(entries))
+        return answer::ForeignText(call, {});
+    const ExtendedEntry& entry = entries[entries.size() - 1 - static_cast<std::size_t>(n)];
+    const std::u16string_view what = arguments.Text(1);
+    if (what.empty() || EqualNoCase(what, u"line"))
+        return answer::ForeignText(call, entry.line);
+    if (EqualNoCase(what, u"directory"))
+        return answer::ForeignText(call, entry.directory);
+    if (EqualNoCase(what, u"exit"))
+        return answer::Number(call, entry.exitCode);
+    if (EqualNoCase(what, u"duration"))
+        return answer::Number(call, static_cast<std::int64_t>(entry.milliseconds));
+    if (EqualNoCase(what, u"time"))
+        return answer::Number(call, static_cast<std::int64_t>(entry.started));
+    return Refuse(ERROR_INVALID_PARAMETER);
 }
 
 // @color[colours]: the number of "bright white on blue", background x 16 + foreground; of one colour alone

@@ -435,7 +435,7 @@ constexpr VariableFunctionRow aVariableFunctions[] = {
     {u"workgroup", Workgroup_Function},
     {u"wslname", Wslname_Function},
     {u"wslpath", Wslpath_Function},
-    {u"xhistory", nullptr},
+    {u"xhistory", Xhistory_Function},
     {u"xmlclose", nullptr},
     {u"xmlcreate", nullptr},
     {u"xmlendelement", nullptr},

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "config/ini_file.h"
+#include "console/extended_history.h"
 #include "core/alias_extras.h"
 #include "core/command_lookup.h"
 #include "engine/batch_entry.h"
@@ -102,15 +103,22 @@ void ShutdownCommandProcessor()
 
 int Command(const char16_t* line, int flags)
 {
-    return Guarded([&] {
-        const int code = Command_S(CString(line), flags);
-        if ((flags & line_flags::typed) != 0) {
+    const bool typed = (flags & line_flags::typed) != 0;
+    const int code = Guarded([&] {
+        const int result = Command_S(CString(line), flags);
+        if (typed) {
             Tls().typedLine = false;
             if (IsConsole(0))
                 Print(u"\r\n");
         }
-        return code;
+        return result;
     });
+    if (typed)
+        Guarded([&] {
+            FinishExtendedEntry(EndsLine(code) ? result::success : code);
+            return 0;
+        });
+    return code;
 }
 
 int ReadPromptLine(char16_t* buffer, int capacity)

@@ -95,3 +95,22 @@ def pause(console):
     console.ends_with("a28=28", "Press any key when ready...")
     console.keys("Space")
     console.ends_with("a39=39", ">")
+
+
+@case("XHISTORY tells what was typed, where, and what came of it; excluded lines are not kept")
+def extended_history(console):
+    console.start(HistoryExclude="secret*")
+    console.line("xhistory /f")
+    console.line("(echo marker-one")
+    console.ends_with("More? ")
+    console.line("echo marker-two)")
+    console.ends_with("marker-two", ">")
+    console.line("secret marker-three")
+    console.line("del /e marker-four & echo %@xhistory[0,exit]")
+    console.ends_with("0", ">")
+    console.line("xhistory /b /t:marker")
+    console.ends_with("(echo marker-one", "echo marker-two)", "del /e marker-four & echo %@xhistory[0,exit]", ">")
+    console.line("xhistory /b /e")
+    console.ends_with("del /e marker-four & echo %@xhistory[0,exit]", ">")
+    console.line("xhistory /t:marker-o /d & xhistory /b /t:marker /d:c:\\")
+    console.row_with("  0:00:0", "     0  C:\\t\\console> (echo marker-one")
