@@ -102,7 +102,7 @@ def extended_history(console):
     console.start(HistoryExclude="secret*")
     console.line("xhistory /f")
     console.line("(echo marker-one")
-    console.ends_with("More? ")
+    console.ends_with("More?")
     console.line("echo marker-two)")
     console.ends_with("marker-two", ">")
     console.line("secret marker-three")
