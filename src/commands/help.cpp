@@ -198,7 +198,7 @@ public:
 
 int NTInternalHelp(const BUILTIN& row) { return Show(CommandText(row, HelpWidth())); }
 
-CString HelpForPlace(std::u16string_view line, std::size_t cursor, int width)
+void ShowHelpForPlace(std::u16string_view line, std::size_t cursor)
 {
     TableCommands commands;
     const CompletionWord word = FindCompletionWord(line, cursor, true, CurrentSyntax(), commands);
@@ -209,8 +209,8 @@ CString HelpForPlace(std::u16string_view line, std::size_t cursor, int width)
     } else if (word.place != WordPlace::Command && !EqualNoCase(word.command, u"HELP")) {
         name = word.command;
     }
-    const CString text = name.empty() ? CString() : TopicText(name, width);
-    return text.empty() ? Overview(width) : text;
+    const CString text = name.empty() ? CString() : TopicText(name, HelpWidth());
+    Show(text.empty() ? Overview(HelpWidth()) : text);
 }
 
 int Help_Command(CString& arguments)

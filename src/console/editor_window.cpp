@@ -1,4 +1,3 @@
-#include "console/edit_words.h"
 #include "console/editor_actions.h"
 
 namespace {
@@ -23,11 +22,7 @@ void ExecLine(LineEditor& editor) { editor.Finish(); }
 
 void HelpWord(LineEditor& editor)
 {
-    const std::u16string_view text = editor.text.View();
-    std::size_t end = ArgumentRightOf(text, ArgumentLeftOf(text, editor.text.Cursor()));
-    const std::size_t begin = ArgumentLeftOf(text, editor.text.Cursor());
-    const CString word(text.substr(begin, end - begin));
     editor.LeaveLine();
-    editor.world.ShowHelp(word);
+    editor.world.ShowHelp(editor.text.View(), editor.text.Cursor());
     editor.ReturnToLine();
 }

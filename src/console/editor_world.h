@@ -83,7 +83,7 @@ public:
     // A file or directory from a dialog; empty when none was chosen.
     virtual CString Browse(bool directory) = 0;
 
-    virtual void ShowHelp(std::u16string_view word) = 0;
+    virtual void ShowHelp(std::u16string_view line, std::size_t cursor) = 0;
     virtual void ChangeWindow(WindowChange change) = 0;
 
     virtual Syntax CommandSyntax() = 0;

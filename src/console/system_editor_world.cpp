@@ -9,6 +9,7 @@
 #include "engine/command_entry.h"
 #include "engine/console_entry.h"
 #include "engine/expansion_entry.h"
+#include "engine/help_entry.h"
 #include "engine/inifile.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -143,7 +144,10 @@ CString SystemEditorWorld::Browse(bool directory)
     return picked.empty() ? picked : AddQuotes(picked);
 }
 
-void SystemEditorWorld::ShowHelp(std::u16string_view word) { Command_S(CString(u"*help ") + word, 0); }
+void SystemEditorWorld::ShowHelp(std::u16string_view line, std::size_t cursor)
+{
+    ShowHelpForPlace(line, cursor);
+}
 
 void SystemEditorWorld::ChangeWindow(WindowChange change)
 {

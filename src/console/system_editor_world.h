@@ -25,7 +25,7 @@ public:
     std::optional<LinePick> Pick(EditorConsole& console, const std::vector<CString>& lines, std::size_t start,
                                  bool deletes) override;
     CString Browse(bool directory) override;
-    void ShowHelp(std::u16string_view word) override;
+    void ShowHelp(std::u16string_view line, std::size_t cursor) override;
     void ChangeWindow(WindowChange change) override;
     Syntax CommandSyntax() override;
     std::uint8_t ColorsOf(LinePartKind kind) override;

@@ -1,4 +1,4 @@
-"""Lists in the console: @select, SELECT, pages of HELP."""
+"""Lists in the console: @select, SELECT; F1."""
 
 from registry import case
 
@@ -34,3 +34,13 @@ def select_command(console):
         folder = "C:\\t\\console\\"
         answers = answers or (" ".join((folder + "one.txt", folder + "three.txt", f'"{folder}two words.txt"')),)
         console.shows(*answers, ">")
+
+
+@case("F1 shows the help for the command at the cursor and runs nothing")
+def help_word(console):
+    console.start()
+    console.shows(">")
+    console.text("echo no&popd x")
+    console.shows(">echo no&popd x")
+    console.keys("F1")
+    console.ends_with("Examples", "  popd", "  popd *", ">echo no&popd x")

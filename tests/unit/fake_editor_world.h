@@ -72,7 +72,7 @@ public:
         return pick;
     }
     CString Browse(bool directory) override { return directory ? u"C:\\d" : u"C:\\f"; }
-    void ShowHelp(std::u16string_view) override {}
+    void ShowHelp(std::u16string_view, std::size_t) override {}
     void ChangeWindow(WindowChange) override {}
     Syntax CommandSyntax() override { return {}; }
     std::uint8_t ColorsOf(LinePartKind kind) override { return static_cast<std::uint8_t>(kind); }
