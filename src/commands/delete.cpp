@@ -13,6 +13,7 @@
 #include "files/description_changes.h"
 #include "lang/messages.h"
 #include "platform/file_changes.h"
+#include "platform/file_details.h"
 #include "platform/file_facts.h"
 #include "text/numbers.h"
 #include "text/path_names.h"
@@ -27,7 +28,8 @@ const CommandHelp deleteHelp = {
     u"/K  delete for good, even if RecycleBin says otherwise\n"
     u"/R  move to the recycle bin\n"
     u"/S  in all subdirectories too\n"
-    u"/W  write over the contents first, as often as told or as DelWipePasses says\n"
+    u"/W  write over the contents and named streams first, as often as told or as DelWipePasses says; a file "
+    u"that has other names (hard links) is refused\n"
     u"/X  with /S, remove the subdirectories that are empty then\n"
     u"/Y  do not ask whether all files of a directory are meant\n"
     u"/Z  hidden, system and read-only files too\n"
@@ -131,14 +133,33 @@ private:
             return 0;
         if (options.recycle)
             return ERROR_NOT_SUPPORTED;
+        const bool wipes = options.wipePasses > 0 && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+        if (wipes && HasOtherNames(name))
+            return errors::hasOtherNames;
         if (readOnly)
             if (const unsigned failed =
                     ChangeAttributes(name, attributes & ~std::uint32_t{FILE_ATTRIBUTE_READONLY}))
                 return failed;
-        if (options.wipePasses > 0 && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
-            if (const unsigned failed = OverwriteContents(name, options.wipePasses, ThrowIfBroken))
+        if (wipes)
+            if (const unsigned failed = Wipe(name))
                 return failed;
         return EraseFile(name);
+    }
+
+    // Contents that are still reached by another name are not lost by the way.
+    static bool HasOtherNames(const CString& name)
+    {
+        const std::optional<FileIdentity> identity = IdentifyFile(name);
+        return identity && identity->links > 1;
+    }
+
+    unsigned Wipe(const CString& name)
+    {
+        for (const FileStream& stream : NamedStreams(name))
+            if (const unsigned failed =
+                    OverwriteContents(name + stream.name, options.wipePasses, ThrowIfBroken))
+                return failed;
+        return OverwriteContents(name, options.wipePasses, ThrowIfBroken);
     }
 
     // Deepest first; those that still hold something stay without a word.

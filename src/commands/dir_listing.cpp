@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "commands/volume_report.h"
 #include "engine/inifile.h"
 #include "engine/output.h"
 #include "engine/results.h"
@@ -136,15 +137,8 @@ void DirListing::WriteVolume(std::u16string_view directory)
     if (EqualNoCase(place, volume))
         return;
     volume = place;
-    const std::optional<VolumeFacts> facts = ReadVolumeFacts(directory);
-    if (!facts)
-        return;
-    if (facts->label.empty())
-        output.Line(LoadMessage(message::volumeWithoutLabel, place));
-    else
-        output.Line(LoadMessage(message::volumeLabel, place) + facts->label);
-    output.Line(LoadMessage(message::volumeSerial,
-                            Format(u"%04X-%04X", facts->serial >> 16, facts->serial & 0xFFFFu)));
+    for (const CString& line : VolumeLines(directory))
+        output.Line(line);
 }
 
 void DirListing::WriteDirectoryHeader(std::u16string_view directory)

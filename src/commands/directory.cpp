@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "commands/directory_choice.h"
+#include "commands/directory_variables.h"
 #include "console/history.h"
 #include "core/alias_extras.h"
 #include "core/command_switches.h"
@@ -140,6 +141,7 @@ void NoteMove(const CString& old)
         return;
     aTexts.previousDirectory = old;
     NoteDirectoryChange(old, now);
+    ApplyDirectoryVariables(now);
 }
 
 int GoTo(std::u16string_view name, OtherDrive otherDrive, Search search = Search::Known)

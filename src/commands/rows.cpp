@@ -33,6 +33,7 @@
 #include "commands/dir.h"
 #include "commands/directory.h"
 #include "commands/directory_stack.h"
+#include "commands/directory_variables.h"
 #include "commands/do.h"
 #include "commands/drawing.h"
 #include "commands/echo.h"
@@ -42,6 +43,8 @@
 #include "commands/exit.h"
 #include "commands/expr.h"
 #include "commands/ffind.h"
+#include "commands/file_lock.h"
+#include "commands/file_types.h"
 #include "commands/for.h"
 #include "commands/fsearch.h"
 #include "commands/function.h"
@@ -54,10 +57,12 @@
 #include "commands/inkey.h"
 #include "commands/internal.h"
 #include "commands/jobs.h"
+#include "commands/jump_list_command.h"
 #include "commands/keyboard.h"
 #include "commands/local.h"
 #include "commands/log.h"
 #include "commands/make_directory.h"
+#include "commands/make_links.h"
 #include "commands/media.h"
 #include "commands/move.h"
 #include "commands/notices.h"
@@ -66,10 +71,12 @@
 #include "commands/path.h"
 #include "commands/pause.h"
 #include "commands/pdir.h"
+#include "commands/permanent_subst.h"
 #include "commands/printf.h"
 #include "commands/process_variables.h"
 #include "commands/prompt.h"
 #include "commands/random.h"
+#include "commands/recycle.h"
 #include "commands/remark.h"
 #include "commands/remove_directory.h"
 #include "commands/rename.h"
@@ -79,8 +86,10 @@
 #include "commands/set_array.h"
 #include "commands/setdos.h"
 #include "commands/seterror.h"
+#include "commands/shortcut.h"
 #include "commands/shralias.h"
 #include "commands/start.h"
+#include "commands/streams_of_files.h"
 #include "commands/switch.h"
 #include "commands/sync.h"
 #include "commands/system_report.h"
@@ -92,10 +101,13 @@
 #include "commands/touch.h"
 #include "commands/tree.h"
 #include "commands/true_false.h"
+#include "commands/truename.h"
 #include "commands/type.h"
 #include "commands/unbuilt.h"
 #include "commands/uuid.h"
+#include "commands/verify.h"
 #include "commands/version.h"
+#include "commands/volume_report.h"
 #include "commands/which.h"
 #include "commands/window.h"
 #include "commands/xhistory.h"
@@ -107,8 +119,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"?", Cmds_Command, 0x7, 1, u"", &commandsHelp},
     {u"ACTIVATE", Activate_Command, 0x82107, 1, u"", &activateHelp},
     {u"ALIAS", Alias_Command, 0x1080027, 1, u"[/r] * [1] aliases [2*] *", &aliasHelp},
-    {u"ASSOC", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
-    {u"ASSOCIATE", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"ASSOC", Assoc_Command, 0x202107, 1, u"", &assocHelp},
+    {u"ASSOCIATE", Associate_Command, 0x2107, 1, u"", &associateHelp},
     {u"ATTRIB", Attrib_Command, 0x82127, 1, u"", &attribHelp},
     {u"BATCOMP", Batcomp_Command, 0x2107, 1, u"btm cmd bat dirs", &batcompHelp},
     {u"BDEBUGGER", Unbuilt_Command, 0x2007, 1, u"btm cmd bat dirs", &unbuiltHelp},
@@ -150,7 +162,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"DETACH", Detach_Command, 0x524, 1, u"", &detachHelp},
     {u"DIFFER", Differ_Command, 0x82107, 1, u"", &differHelp},
     {u"DIR", Dir_Command, 0x286307, 1, u"", &dirHelp},
-    {u"DIRENV", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"DIRENV", Direnv_Command, 0x2007, 1, u"", &direnvHelp},
     {u"DIRHISTORY", Dirhistory_Command, 0x2007, 1, u"[/a] dirs [/r] * [1*] dirs", &dirhistoryHelp},
     {u"DIRS", Dirs_Command, 0x2107, 1, u"", &dirsHelp},
     {u"DISKMONITOR", Unbuilt_Command, 0x1082117, 1, u"dirs", &unbuiltHelp},
@@ -182,14 +194,14 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"EXPR", Expr_Command, 0x2107, 1, u"", &exprHelp},
     {u"FALSE", False_Command, 0x400100, 1, u"", &falseHelp},
     {u"FFIND", Ffind_Command, 0x82107, 1, u"", &ffindHelp},
-    {u"FILELOCK", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"FILELOCK", Filelock_Command, 0x2107, 1, u"", &filelockHelp},
     {u"FIREWIREMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"FOLDERMONITOR", Unbuilt_Command, 0x1082117, 1, u"dirs", &unbuiltHelp},
     {u"FONT", Font_Command, 0x2007, 1, u"", &fontHelp},
     {u"FOR", For_Command, 0x600030, 1, u"", &forHelp},
-    {u"FREE", Unbuilt_Command, 0x2007, 1, u"dirs", &unbuiltHelp},
+    {u"FREE", Free_Command, 0x2007, 1, u"dirs", &freeHelp},
     {u"FSEARCH", Fsearch_Command, 0x82107, 1, u"", &fsearchHelp},
-    {u"FTYPE", Unbuilt_Command, 0x202107, 1, u"", &unbuiltHelp},
+    {u"FTYPE", Ftype_Command, 0x202107, 1, u"", &ftypeHelp},
     {u"FUNCTION", Function_Command, 0x1002007, 1, u"[/r] * [1] functions [2*] *", &functionHelp},
     {u"GLOBAL", Global_Command, 0x2016, 1, u"", &globalHelp},
     {u"GOSUB", Gosub_Command, 0x1402047, 1, u"[1] btm cmd bat dirs [2*] *", &gosubHelp},
@@ -212,12 +224,12 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"JOBMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"JOBS", Jobs_Command, 0x2007, 1, u"", &jobsHelp},
     {u"JOINDOMAIN", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"JUMPLIST", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"JUMPLIST", Jumplist_Command, 0x2007, 1, u"", &jumplistHelp},
     {u"KEYBD", Keybd_Command, 0x2107, 1, u"", &keybdHelp},
     {u"KEYS", Keys_Command, 0x2007, 1, u"", &keysHelp},
     {u"KEYSTACK", Keystack_Command, 0x2007, 1, u"", &keystackHelp},
     {u"LIBRARY", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"LINKS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"LINKS", Links_Command, 0x2107, 1, u"", &linksHelp},
     {u"LIST", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"LOADBTM", Loadbtm_Command, 0x402047, 1, u"", &loadbtmHelp},
     {u"LOADMEDIA", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -229,8 +241,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"MD", MakeDirectory_Command, 0x282327, 1, u"dirs", &makeDirectoryHelp},
     {u"MEMORY", Memory_Command, 0x2007, 1, u"", &memoryHelp},
     {u"MKDIR", MakeDirectory_Command, 0x282327, 1, u"dirs", &makeDirectoryHelp},
-    {u"MKLINK", Unbuilt_Command, 0x202107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
-    {u"MKLNK", Unbuilt_Command, 0x2107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
+    {u"MKLINK", Mklink_Command, 0x202107, 1, u"[1] * [2*] dirs", &mklinkHelp},
+    {u"MKLNK", Mklnk_Command, 0x2107, 1, u"[1] * [2*] dirs", &mklnkHelp},
     {u"MONITOR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
     {u"MOUNTISO", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"MOUNTVHD", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
@@ -265,7 +277,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"PROCESSMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"PROMPT", Prompt_Command, 0x202007, 1, u"", &promptHelp},
     {u"PSHELL", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"PSUBST", Unbuilt_Command, 0x2107, 1, u"[1] * [2*] dirs", &unbuiltHelp},
+    {u"PSUBST", Psubst_Command, 0x2107, 1, u"[1] * [2*] dirs", &psubstHelp},
     {u"PUSHD", Pushd_Command, 0x606307, 1, u"dirs", &pushdHelp},
     {u"QUERYBOX", Querybox_Command, 0x2107, 1, u"", &queryboxHelp},
     {u"QUIT", Quit_Command, 0x402007, 1, u"", &quitHelp},
@@ -273,7 +285,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"RD", RemoveDirectory_Command, 0x282327, 1, u"dirs", &removeDirectoryHelp},
     {u"REBOOT", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"RECORDER", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
-    {u"RECYCLE", Unbuilt_Command, 0x2007, 1, u"dirs", &unbuiltHelp},
+    {u"RECYCLE", Recycle_Command, 0x2007, 1, u"dirs", &recycleHelp},
     {u"REGDIR", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"REGMONITOR", Unbuilt_Command, 0x1082117, 1, u"", &unbuiltHelp},
     {u"REM", Remark_Command, 0x604207, 1, u"", &remarkHelp},
@@ -303,7 +315,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SETLOCAL", Setlocal_Command, 0x602107, 1, u"", &setlocalHelp},
     {u"SETP", Setp_Command, 0x2007, 1, u"[1] variables [2*] *", &setpHelp},
     {u"SHIFT", Shift_Command, 0x602047, 1, u"", &shiftHelp},
-    {u"SHORTCUT", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
+    {u"SHORTCUT", Shortcut_Command, 0x82007, 1, u"", &shortcutHelp},
     {u"SHRALIAS", Shralias_Command, 0x2007, 1, u"", &shraliasHelp},
     {u"SMPP", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
     {u"SNMP", Unbuilt_Command, 0x82007, 1, u"", &unbuiltHelp},
@@ -335,8 +347,8 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"TRANSIENT", Transient_Command, 0x2007, 1, u"", &transientHelp},
     {u"TREE", Tree_Command, 0x82107, 1, u"dirs", &treeHelp},
     {u"TRUE", True_Command, 0x400100, 1, u"", &trueHelp},
-    {u"TRUENAME", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"TS", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
+    {u"TRUENAME", Truename_Command, 0x2107, 1, u"", &truenameHelp},
+    {u"TS", Ts_Command, 0x2107, 1, u"", &tsHelp},
     {u"TYPE", Type_Command, 0x282327, 1, u"", &typeHelp},
     {u"UNALIAS", Unalias_Command, 0x2007, 1, u"[/r] * [1*] aliases", &unaliasHelp},
     {u"UNBZIP2", Unbuilt_Command, 0x82007, 1, u"[1] bz2 dirs [2*] *", &unbuiltHelp},
@@ -358,9 +370,9 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"VBEEP", Vbeep_Command, 0x2007, 1, u"", &vbeepHelp},
     {u"VDESKTOP", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"VER", Ver_Command, 0x202007, 1, u"", &verHelp},
-    {u"VERIFY", Unbuilt_Command, 0x202007, 1, u"", &unbuiltHelp},
+    {u"VERIFY", Verify_Command, 0x202007, 1, u"", &verifyHelp},
     {u"VIEW", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
-    {u"VOL", Unbuilt_Command, 0x202107, 1, u"dirs", &unbuiltHelp},
+    {u"VOL", Vol_Command, 0x202107, 1, u"dirs", &volHelp},
     {u"VSCRPUT", Vscrput_Command, 0x2007, 1, u"", &vscrputHelp},
     {u"WAITFOR", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},
     {u"WAKEONLAN", Unbuilt_Command, 0x2107, 1, u"", &unbuiltHelp},

@@ -7,6 +7,7 @@
 #include "engine/inifile.h"
 #include "engine/output.h"
 #include "engine/results.h"
+#include "engine/state.h"
 #include "files/descriptions.h"
 #include "files/known_directories.h"
 #include "files/partial_files.h"
@@ -116,7 +117,7 @@ int ReadTransfer(CString& arguments, std::u16string_view own, FILESEARCH& search
     switches.manner.contents.restartable = has(u'J');
     switches.manner.keepsReadOnly = has(u'K');
     switches.manner.contents.links = has(u'L');
-    switches.manner.verifies = has(u'V');
+    switches.manner.verifies = has(u'V') || aGlobals.verifyCopies != 0;
     switches.clearsArchive = has(u'X');
     switches.mirrors = has(u'W');
     switches.both = has(u'2');

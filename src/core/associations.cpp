@@ -3,14 +3,12 @@
 #include <algorithm>
 
 #include "core/association_template.h"
+#include "core/file_classes.h"
 #include "platform/registry.h"
 #include "text/format.h"
 #include "text/path_names.h"
 
 namespace {
-
-constexpr std::u16string_view userChoiceKey =
-    u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\FileExts\\%s\\UserChoice";
 
 // The command of a file class: that of its default verb, "open" when it names none.
 bool ReadClass(const CString& className, Association& found)
@@ -41,9 +39,7 @@ bool MyFindExecutable(std::u16string_view fileName, Association& found)
     const CString extension(ExtensionPart(fileName));
     if (extension.size() < 2)
         return false;
-    const auto chosen =
-        ReadRegistryText(RegistryRoot::CurrentUser, Format(userChoiceKey, extension), u"ProgId");
-    if (chosen && ReadClass(*chosen, found))
+    if (ReadClass(ChosenClass(extension), found))
         return true;
     const auto registered = ReadRegistryText(RegistryRoot::ClassesRoot, extension);
     return (registered && ReadClass(*registered, found)) || ReadClass(extension, found) ||

@@ -265,6 +265,7 @@ struct GLOBAL_VARIABLES {
     NationalSettings country; // the system's own, while countryKnown; ask Country() of engine/country.h
     std::uint32_t startTicks = 0;
     std::int32_t breakOff = 0;     // BREAK OFF: Ctrl+C is not looked at
+    std::int32_t verifyCopies = 0; // VERIFY ON: commands that copy files read back what they have written
     std::uint64_t timers[10] = {}; // when TIMER 1 to 10 began, by PreciseTicks(); 0 when it does not run
 };
 extern GLOBAL_VARIABLES aGlobals;

@@ -174,3 +174,5 @@ void NotifyFolders(FolderChange change, std::u16string_view name, std::u16string
     changeNotify(events[static_cast<int>(change)], SHCNF_PATHW, full.w(),
                  newName.empty() ? nullptr : fullNew.w());
 }
+
+void NotifyOfFileTypes() { changeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST, nullptr, nullptr); }

@@ -52,3 +52,5 @@ enum class FolderChange {
     DirectoryDeleted
 };
 void NotifyFolders(FolderChange change, std::u16string_view name, std::u16string_view newName = {});
+// The same of a change of file types.
+void NotifyOfFileTypes();

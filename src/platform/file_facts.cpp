@@ -109,10 +109,13 @@ CString RealPathName(std::u16string_view name)
     const OwnedHandle file(CreateFileW(SystemPath(name).w(), 0,
                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-    if (!file)
-        return {};
+    return file ? PathOfHandle(file.Get()) : CString();
+}
+
+CString PathOfHandle(HANDLE file)
+{
     return WithoutPrefix(ReadPath([&](DWORD room, wchar_t* units) {
-        return GetFinalPathNameByHandleW(file.Get(), units, room, FILE_NAME_NORMALIZED);
+        return GetFinalPathNameByHandleW(file, units, room, FILE_NAME_NORMALIZED);
     }));
 }
 

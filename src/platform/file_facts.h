@@ -42,6 +42,8 @@ CString LongPathName(std::u16string_view name);
 CString ShortPathName(std::u16string_view name);
 // Where the name leads to: links followed, substituted drives replaced. "" when it does not exist.
 CString RealPathName(std::u16string_view name);
+// The same for an open file or directory.
+CString PathOfHandle(HANDLE file);
 // The form that the system's file functions take at any length: a full name of 248 units and more gets the
 // prefix "\\?\", anything shorter stays as it is. For calls only, never to be shown.
 CString SystemPath(std::u16string_view name);

@@ -1,5 +1,6 @@
 #include "text/link_record.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -55,4 +56,25 @@ LinkTarget ReadLinkRecord(std::string_view record)
         return {LinkKind::SymbolicLink, TargetOf(record, head, sizeof head + sizeof(std::uint32_t))};
     default: return {LinkKind::Other, {}};
     }
+}
+
+std::string JunctionRecord(std::u16string_view target)
+{
+    constexpr std::u16string_view prefix = u"\\??\\";
+    CString names(prefix);
+    names.Append(target).Append(u'\0');
+    const std::size_t printStart = names.size();
+    names.Append(target).Append(u'\0');
+    const auto bytes = [](std::size_t units) { return static_cast<std::uint16_t>(units * sizeof(char16_t)); };
+    Head head = {};
+    head.tag = junctionTag;
+    head.dataLength = static_cast<std::uint16_t>(sizeof head - offsetof(Head, substituteOffset) +
+                                                 names.size() * sizeof(char16_t));
+    head.substituteLength = bytes(printStart - 1);
+    head.printOffset = bytes(printStart);
+    head.printLength = bytes(target.size());
+    std::string record(sizeof head + names.size() * sizeof(char16_t), '\0');
+    std::memcpy(record.data(), &head, sizeof head);
+    std::memcpy(record.data() + sizeof head, names.c_str(), names.size() * sizeof(char16_t));
+    return record;
 }

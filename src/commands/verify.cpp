@@ -1,0 +1,30 @@
+#include "commands/verify.h"
+
+#include "core/command_switches.h"
+#include "engine/output.h"
+#include "engine/results.h"
+#include "engine/state.h"
+#include "text/compare.h"
+
+const CommandHelp verifyHelp = {
+    u"Shows or changes whether commands that copy files read back what they have written.",
+    u"VERIFY [ON | OFF]",
+    u"ON  a copy is read back and compared with its source before it counts as made\n"
+    u"The state belongs to this shell. The result is 0, and 2 for any other word.",
+    u"verify\n"
+    u"verify on",
+};
+
+int Verify_Command(CString& arguments)
+{
+    arguments.Trim();
+    if (arguments.empty()) {
+        const CString state = LoadMessage(aGlobals.verifyCopies ? message::on : message::off);
+        return PrintLine(LoadMessage(message::verifyState, state)) ? result::success : MVError(0);
+    }
+    const bool on = EqualNoCase(arguments, u"ON");
+    if (!on && !EqualNoCase(arguments, u"OFF"))
+        return UsageError();
+    aGlobals.verifyCopies = on ? 1 : 0;
+    return result::success;
+}
