@@ -61,6 +61,19 @@ bool AsksByHabit()
     return TakeSwitchWord(habit, u"-Y") && !yes;
 }
 
+// Whether both names lead to one file. Its identity is asked for last: that may cost more than a small copy.
+bool IsSameFile(const CString& from, const CString& to, const FileFacts& toFacts)
+{
+    const auto facts = ReadFileFacts(from);
+    if (facts &&
+        (facts->size != toFacts.size || FileTimeNumber(facts->written) != FileTimeNumber(toFacts.written) ||
+         FileTimeNumber(facts->created) != FileTimeNumber(toFacts.created)))
+        return false;
+    const auto source = IdentifyFile(from);
+    const auto target = IdentifyFile(to);
+    return source && target && source->volume == target->volume && source->file == target->file;
+}
+
 // Whether the error is about the target, as far as the number tells.
 bool IsAboutTarget(unsigned code)
 {
@@ -239,9 +252,7 @@ bool Transfer::IsNeeded(const EntryFacts& facts, const std::optional<FileFacts>&
 
 bool Transfer::MayReplace(const CString& from, CString& to, const FileFacts& there, std::u16string_view shown)
 {
-    const auto source = IdentifyFile(from);
-    const auto target = IdentifyFile(to);
-    if (source && target && source->volume == target->volume && source->file == target->file) {
+    if (IsSameFile(from, to, there)) {
         // Another spelling of its own name is a new name.
         if (kind == Kind::Move && from != to && EqualNoCase(from, to))
             return true;
