@@ -87,3 +87,23 @@ def history_window(console):
     console.wait(lambda: any("1/1" in row for row in console.rows()), ["a list of one"], console.rows)
     console.keys("Enter")
     console.ends_with(">echo one", "one", ">")
+
+
+@case("Tab goes through what fits, Shift-Tab back; a window offers the names")
+def completing(console):
+    console.file("alpha.txt", "first")
+    console.file("alps.txt", "second")
+    console.start()
+    console.shows(">")
+    console.text("type al")
+    console.keys("Tab")
+    console.ends_with(">type alpha.txt")
+    console.keys("Tab")
+    console.ends_with(">type alps.txt")
+    console.keys("BTab", "Enter")
+    console.ends_with("first", ">")
+    console.text("type al")
+    console.keys("F7")
+    console.wait(lambda: any("1/2" in row for row in console.rows()), ["a list of two"], console.rows)
+    console.keys("Down", "Enter", "Enter")
+    console.ends_with(">type alps.txt", "second", ">")
