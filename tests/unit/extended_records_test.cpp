@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace std::string_view_literals;
+
 TEST(ExtendedRecords, WhatWasWrittenIsRead)
 {
     const ExtendedEntry entry{134086'000'000'000'000 + 1'230'000, 65'432, -1073741510, u"C:\\new\tdir",
@@ -23,7 +25,7 @@ TEST(ExtendedRecords, RubbishIsPassedOver)
                                    "2026-11-21T16:10:17.123Z\t5x\t0\tC:\\\tno number\n"
                                    "2026-11-21T16:10:17.123Z\t5\t0\tC:\\\t\n"
                                    "\xff\xfe\0\0rubbish\n"
-                                   "2026-11-21T16:10:17.123Z\t5\t3\tC:\\\tcut off by the end";
+                                   "2026-11-21T16:10:17.123Z\t5\t3\tC:\\\tcut off by the end"sv;
     const std::vector<ExtendedEntry> read = ReadExtendedRecords(bytes);
     ASSERT_EQ(read.size(), 2u);
     EXPECT_EQ(read[0].line, u"dir");
