@@ -21,6 +21,12 @@ std::size_t EditText::Snap(std::size_t place) const
     return NextCharacter(text, front) == place ? place : front;
 }
 
+void EditText::PlaceBehind(std::size_t place)
+{
+    const std::size_t front = Snap(place);
+    anchor = cursor = front == place ? place : NextCharacter(text, front);
+}
+
 void EditText::Start(std::u16string_view initial, std::size_t place)
 {
     text = initial;
@@ -48,7 +54,7 @@ bool EditText::Joins(const Change& change) const
 void EditText::Apply(Change change)
 {
     text.Replace(change.at, change.removed.size(), change.inserted);
-    anchor = cursor = change.at + change.inserted.size();
+    PlaceBehind(change.at + change.inserted.size());
     ++version;
     if (Joins(change)) {
         changes.back().removed.Append(change.removed);
@@ -98,7 +104,7 @@ bool EditText::Redo()
         return false;
     const Change& change = changes[done++];
     text.Replace(change.at, change.removed.size(), change.inserted);
-    anchor = cursor = change.at + change.inserted.size();
+    PlaceBehind(change.at + change.inserted.size());
     ++version;
     return true;
 }

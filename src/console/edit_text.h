@@ -59,6 +59,8 @@ private:
     bool Joins(const Change& change) const;
     void Apply(Change change);
     std::size_t Snap(std::size_t place) const;
+    // The cursor goes behind what ends there, and behind the marks that now combine with it.
+    void PlaceBehind(std::size_t place);
 
     CString text;
     std::size_t cursor = 0;

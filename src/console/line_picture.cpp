@@ -70,6 +70,8 @@ void Rows::Cut()
     int column = request.indent;
     for (std::size_t at = 0; at < text.size();) {
         if (text[at] == u'\n' && !request.hidden) {
+            if (column >= request.columns) // the cursor in front of it, too
+                begins.push_back(at);
             begins.push_back(++at);
             column = 0;
             continue;
@@ -82,7 +84,7 @@ void Rows::Cut()
         column += shown.width;
         at = shown.end;
     }
-    if (column >= request.columns) // the cursor behind a full row stands in the next one
+    if (column >= request.columns) // the cursor behind a full row stands in one of its own
         begins.push_back(text.size());
 }
 
@@ -128,9 +130,13 @@ void Drawing::Add(PictureRow& row, std::size_t at, const Shown& shown)
             return;
         cell.units = {static_cast<char16_t>(unit ^ 0x40)};
     } else {
-        const std::u16string_view units = text.substr(at, std::min(shown.end - at, cell.units.size()));
-        std::copy(units.begin(), units.end(), cell.units.begin());
-        cell.count = static_cast<std::uint8_t>(units.size());
+        // A mark without a letter stands on a blank: else it would join what is in front of the line.
+        std::size_t last = at;
+        const std::size_t blank = unit >= firstSpecial && CellWidth(CodePointAt(text, last)) == 0 ? 1 : 0;
+        const std::u16string_view units =
+            text.substr(at, std::min(shown.end - at, cell.units.size() - blank));
+        std::copy(units.begin(), units.end(), cell.units.begin() + blank);
+        cell.count = static_cast<std::uint8_t>(units.size() + blank);
         row.push_back(cell);
         if (shown.width == 1)
             return;
