@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "commands/file_work.h"
+#include "commands/search_switches.h"
 #include "core/command_switches.h"
 #include "engine/break.h"
 #include "engine/console_entry.h"
@@ -128,18 +129,7 @@ int Filelock_Command(CString& arguments)
     search.attributes.forbidden |= file_attribute::directory;
     search.intoDirectories = true;
     LockReport report({has(u'B'), has(u'C'), has(u'F'), has(u'Y')});
-    int code = result::success;
-    for (const CString& name : names) {
-        bool any = false;
-        for (bool found = FindFiles(search, name); found; found = FindFiles(search)) {
-            any = true;
-            report.Look(search);
-        }
-        if (search.error != 0)
-            code = MVError(search.error, search.failed);
-        else if (!any)
-            code = MVError(ERROR_FILE_NOT_FOUND, WithoutQuotes(name));
-    }
+    const int code = ForEachMatch(search, names, [&] { report.Look(search); });
     const int ended = report.End();
     return code ? code : ended;
 }

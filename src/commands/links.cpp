@@ -2,6 +2,7 @@
 
 #include "commands/file_work.h"
 #include "commands/make_links.h"
+#include "commands/search_switches.h"
 #include "core/command_switches.h"
 #include "engine/break.h"
 #include "engine/output.h"
@@ -100,17 +101,5 @@ int Links_Command(CString& arguments)
     if ((flags & 2) != 0)
         search.deepest = allLevels;
     LinkListing listing((flags & 1) != 0);
-    int code = result::success;
-    for (const CString& name : names) {
-        bool any = false;
-        for (bool found = FindFiles(search, name); found; found = FindFiles(search)) {
-            any = true;
-            listing.Show(search);
-        }
-        if (search.error != 0)
-            code = MVError(search.error, search.failed);
-        else if (!any)
-            code = MVError(ERROR_FILE_NOT_FOUND, WithoutQuotes(name));
-    }
-    return code;
+    return ForEachMatch(search, names, [&] { listing.Show(search); });
 }

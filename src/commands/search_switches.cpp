@@ -1,11 +1,14 @@
 #include "commands/search_switches.h"
 
+#include <windows.h>
+
 #include "core/command_switches.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/file_walk.h"
 #include "text/format.h"
 #include "text/numbers.h"
+#include "text/words.h"
 
 int TakeAttributeSwitches(CString& arguments, AttributeMasks& masks)
 {
@@ -35,4 +38,21 @@ int TakeDepthSwitch(CString& arguments, int& deepest)
         deepest = static_cast<int>(*levels);
     }
     return result::success;
+}
+
+int ForEachMatch(FILESEARCH& search, const std::vector<CString>& names, const std::function<void()>& visit)
+{
+    int code = result::success;
+    for (const CString& name : names) {
+        bool any = false;
+        for (bool found = FindFiles(search, name); found; found = FindFiles(search)) {
+            any = true;
+            visit();
+        }
+        if (search.error != 0)
+            code = MVError(search.error, search.failed);
+        else if (!any)
+            code = MVError(ERROR_FILE_NOT_FOUND, WithoutQuotes(name));
+    }
+    return code;
 }
