@@ -369,6 +369,14 @@ int DrawBox(const BoxRequest& box, const ScreenFacts& screen, const DrawnArea& a
     return before.Write() ? result::success : MVError(0);
 }
 
+// Where a text that takes so many rows and columns begins.
+int ResolvePlace(const ScreenFacts& screen, const PutText& put, int rows, int columns, int& row, int& column)
+{
+    if (const int code = ResolveRow(screen, put.at.row, rows, row))
+        return code;
+    return ResolveColumn(screen, put.at.column, columns, column);
+}
+
 } // namespace
 
 int Screen_Command(CString& arguments)
@@ -401,9 +409,7 @@ int Scrput_Command(CString& arguments)
         return result::success;
     int row = 0;
     int column = 0;
-    if (const int code = ResolveRow(*screen, put.at.row, 1, row))
-        return code;
-    if (const int code = ResolveColumn(*screen, put.at.column, TextWidth(put.text), column))
+    if (const int code = ResolvePlace(*screen, put, 1, TextWidth(put.text), row, column))
         return code;
     const int room = screen->windowLeft + screen->windowColumns - column;
     return WriteScreenText(row, column, FittingPart(put.text, room), put.colors.value_or(screen->attributes))
@@ -421,9 +427,7 @@ int Vscrput_Command(CString& arguments)
         return result::success;
     int row = 0;
     int column = 0;
-    if (const int code = ResolveRow(*screen, put.at.row, static_cast<int>(put.text.size()), row))
-        return code;
-    if (const int code = ResolveColumn(*screen, put.at.column, 1, column))
+    if (const int code = ResolvePlace(*screen, put, static_cast<int>(put.text.size()), 1, row, column))
         return code;
     const int end = screen->windowTop + screen->windowRows;
     const std::u16string_view text = put.text;
