@@ -51,7 +51,7 @@ def delay(console):
     console.keys("q")
     console.ends_with("wait", "after", ">")
     console.line("echo %!")
-    console.ends_with("after", ">")
+    console.ends_with(">echo %!", "after", ">")
 
 
 @case("DATE and TIME ask again after a bad answer, and an empty one changes nothing")

@@ -8,6 +8,7 @@ import time
 
 ROWS, COLUMNS = 30, 80
 PATIENCE = 20.0
+LEAST_LOOKS = 300  # on a machine that stood still time has passed, but nothing was tried
 START_PATIENCE = 10.0  # a console opens in a fraction of a second, or not at all
 STARTS = 3
 
@@ -22,6 +23,7 @@ class Console:
     def __init__(self, machine, socket):
         self.machine = machine
         self.socket = socket
+        self.before_keys = []
         self.folder = machine.path(self.FOLDER)
         shutil.rmtree(self.folder, ignore_errors=True)
         self.folder.mkdir(parents=True)
@@ -70,14 +72,16 @@ class Console:
             os.close(terminal)
 
     def text(self, text):
+        self.before_keys = self.rows()
         self.tmux("send-keys", "-l", "--", text)
 
     def keys(self, *names):
+        self.before_keys = self.rows()
         self.tmux("send-keys", *names)
 
     def line(self, text):
         self.text(text)
-        self.keys("Enter")
+        self.tmux("send-keys", "Enter")
 
     def rows(self):
         rows = [row.rstrip() for row in self.tmux("capture-pane", "-p").split("\n")]
@@ -99,15 +103,23 @@ class Console:
 
     def wait(self, holds, expected, found, patience=PATIENCE):
         limit = time.monotonic() + patience
+        looks = 0
         while not holds():
-            if time.monotonic() > limit:
+            looks += 1
+            if time.monotonic() > limit and looks > LEAST_LOOKS:
                 raise Failure(f"waited for:\n{indented(expected)}\nfound:\n{indented(found())}")
             time.sleep(0.02)
 
+    def needs_change(self, rows, stood):
+        if stood == list(rows):
+            raise Failure(f"these rows stood there before the keys, and prove nothing:\n{indented(rows)}")
+
     def shows(self, *rows):
+        self.needs_change(rows, self.before_keys)
         self.wait(lambda: self.rows() == list(rows), rows, self.rows)
 
     def ends_with(self, *rows):
+        self.needs_change(rows, self.before_keys[-len(rows) :])
         self.wait(lambda: self.rows()[-len(rows) :] == list(rows), ["...", *rows], self.rows)
 
     def row_with(self, *parts):
