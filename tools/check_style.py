@@ -68,7 +68,7 @@ def keys():
 
 def messages():
     """Every named message has its text, and every text its name."""
-    header = (ROOT / "src/lang/messages.h").read_text()
+    header = "\n".join(file.read_text() for file in (ROOT / "src/lang").glob("*.h"))
     codes = {int(code, 16) - 0x1FFFF448 for code in re.findall(r"= (0x2[0-9A-Fa-f]{7});", header)}
     named = codes | {int(number) for number in re.findall(r"= (\d{4});", header)}
     texts = [int(number) for number in re.findall(r'^\s+(\d{4}) "', (ROOT / "src/lang/english.rc").read_text(), re.MULTILINE)]

@@ -11,6 +11,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/text_encoding.h"
+#include "lang/messages.h"
 #include "platform/handle.h"
 
 namespace {

@@ -14,6 +14,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/messages.h"
 #include "text/compare.h"
 #include "text/path_names.h"
 #include "text/words.h"

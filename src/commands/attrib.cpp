@@ -8,7 +8,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
 #include "text/path_names.h"
@@ -18,13 +18,11 @@ const CommandHelp attribHelp = {
     u"Shows or changes the attributes of files.",
     u"ATTRIB [range ...] [/A[:]attributes] [/D] [/E] [/N] [/P] [/Q] [/S] [/T] [+|-letters ...] [file ...]",
     u"+ and -  set or clear the attributes R (read-only), H (hidden), S (system), A (archive), T "
-    u"(temporary), "
-    u"O (offline), I (not indexed), P (pinned), U (unpinned)\n"
+    u"(temporary), O (offline), I (not indexed), P (pinned), U (unpinned)\n"
     u"/A  files with attributes, as DIR /A tells; all are taken otherwise\n"
     u"/D  directories too\n" FILE_WORK_SWITCHES u"/S  in all subdirectories too\n"
     u"Without files all of the current directory are meant. The result counters are %_attrib_files, "
-    u"%_attrib_dirs "
-    u"and %_attrib_errors.",
+    u"%_attrib_dirs and %_attrib_errors.",
     u"attrib\n"
     u"attrib +r -a *.doc\n"
     u"attrib /s /a:r -r C:\\work\\*",

@@ -7,6 +7,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/messages.h"
 #include "text/compare.h"
 #include "text/numbers.h"
 #include "text/words.h"
@@ -31,8 +32,7 @@ const CommandHelp shiftHelp = {
     u"Moves the arguments of the batch file.",
     u"SHIFT [number | /number]",
     u"Without a number %1 becomes %0, %2 becomes %1 and so on; a number moves by as many places, a negative "
-    u"one "
-    u"back again.\n"
+    u"one back again.\n"
     u"/n  take argument n out; those behind it move up",
     u"shift\n"
     u"shift -1\n"

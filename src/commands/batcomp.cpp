@@ -8,6 +8,8 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/file_messages.h"
+#include "lang/messages.h"
 #include "platform/file_facts.h"
 #include "platform/whole_file.h"
 #include "text/compare.h"
@@ -19,16 +21,13 @@ const CommandHelp batcompHelp = {
     u"Packs a batch file: it becomes smaller, and is no longer read by a glance into it.",
     u"BATCOMP [/K] [/O] [/Q] file [target]",
     u"/K  scramble the text, so that unpacking programs cannot read it either; up to 65,535 bytes. This is "
-    u"no "
-    u"encryption: it holds off the curious and nobody else\n"
+    u"no encryption: it holds off the curious and nobody else\n"
     u"/O  overwrite the target\n"
     u"/Q  say nothing\n"
     u"The target is a .BTM file and runs by the rules of .BTM files; without its name it is the file's own "
-    u"with "
-    u"that extension, and in a directory it keeps the file's name. Short texts are packed by their commonest "
-    u"bytes, longer ones into a zip archive, whichever is smaller. The file itself stays as it is; keep it, "
-    u"for "
-    u"there is no command that unpacks.",
+    u"with that extension, and in a directory it keeps the file's name. Short texts are packed by their "
+    u"commonest bytes, longer ones into a zip archive, whichever is smaller. The file itself stays as it "
+    u"is; keep it, for there is no command that unpacks.",
     u"batcomp setup.btm c:\\tools\\setup.btm\n"
     u"batcomp /o /q build.cmd\n"
     u"batcomp /k menu.btm packed.btm",

@@ -14,6 +14,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "expand/lists.h"
+#include "lang/console_messages.h"
 #include "platform/environment.h"
 #include "text/compare.h"
 #include "text/format.h"
@@ -29,12 +30,14 @@ const CommandHelp msgboxHelp = {
     u"MSGBOX [/D:number] [/E | /I | /Q | /W] [/P:left,top] [/R] [/S] [/T:seconds] [/U] buttons [\"title\"] "
     u"text",
     u"/D  the button that Enter presses, from 1\n"
-    u"/E  the sign of an error; /I of information, /Q of a question, /W of a "
-    u"warning\n" BOX_SWITCHES u"/R  the text is written from right to left\n"
-    u"Buttons are OK, OKCANCEL, YESNO, YESNOCANCEL, RETRYCANCEL, ABORTRETRYIGNORE and CANCELTRYCONTINUE. The "
-    u"result, which is also the error level, is " BUTTON_RESULTS u", 2 for a mistake in the command. Where "
-    u"nobody is to be asked it is No, else Cancel, else Abort, else OK. Escape sequences put line ends into "
-    u"the text (^n).",
+    u"/E  the sign of an error; /I of information, /Q of a question, /W of a warning\n" //
+    BOX_SWITCHES                                                                        //
+    u"/R  the text is written from right to left\n"
+    u"Buttons are OK, OKCANCEL, YESNO, YESNOCANCEL, RETRYCANCEL, ABORTRETRYIGNORE and CANCELTRYCONTINUE. "
+    u"The result, which is also the error level, is " //
+    BUTTON_RESULTS                                    //
+    u", 2 for a mistake in the command. Where nobody is to be asked it is No, else Cancel, else Abort, else "
+    u"OK. Escape sequences put line ends into the text (^n).",
     u"msgbox /q yesno \"Cleaning up\" Delete the old logs?\n"
     u"if %? == 10 del *.log\n"
     u"msgbox /t:5 /i ok Done.",
@@ -46,9 +49,11 @@ const CommandHelp queryboxHelp = {
     u"/D  takes digits only\n"
     u"/E  the line begins with the variable's present value\n"
     u"/H  shows stars in place of what is typed\n"
-    u"/L  takes so many characters at most\n" BOX_SWITCHES u"An empty line removes the variable. The result, "
-    u"which is also the error level, is 0; 1 when the box was cancelled, its time ran out or nobody is to "
-    u"be asked, and the variable is then left as it was; 2 for a mistake in the command.",
+    u"/L  takes so many characters at most\n" //
+    BOX_SWITCHES                              //
+    u"An empty line removes the variable. The result, which is also the error level, is 0; 1 when the box "
+    u"was cancelled, its time ran out or nobody is to be asked, and the variable is then left as it was; 2 "
+    u"for a mistake in the command.",
     u"querybox \"New project\" Its name: %%name\n"
     u"querybox /h /t:30 Password: %%secret",
 };
@@ -65,13 +70,16 @@ const CommandHelp taskdialogHelp = {
     u"/F  a text at the foot\n"
     u"/K  own buttons are large, with room for a second line behind ^n\n"
     u"/M  the instruction above the text\n"
-    u"/O  a choice of which one is made; may be "
-    u"repeated\n" BOX_SWITCHES u"/V  the text of a check box; with /Y it is checked at first\n"
+    u"/O  a choice of which one is made; may be repeated\n" //
+    BOX_SWITCHES                                            //
+    u"/V  the text of a check box; with /Y it is checked at first\n"
     u"/Z  a text that a click unfolds\n"
     u"The result, which is also the error level, is 100 for the first own button, 101 for the second and so "
-    u"on, or else " BUTTON_RESULTS u", 2 for a mistake in the command. Where nobody is to be asked it is 12. "
-    u"The variables TASKDIALOG_CHOICE (from 1) and TASKDIALOG_CHECKED (1 or 0) are set when there is such a "
-    u"choice or check box.",
+    u"on, or else " //
+    BUTTON_RESULTS  //
+    u", 2 for a mistake in the command. Where nobody is to be asked it is 12. The variables "
+    u"TASKDIALOG_CHOICE (from 1) and TASKDIALOG_CHECKED (1 or 0) are set when there is such a choice or "
+    u"check box.",
     u"taskdialog /w /m:\"Restart now?\" /c:yes+no \"Update\" Programs are going to be closed.\n"
     u"taskdialog /k /b:\"Keep both\" /b:\"Replace\" /c:cancel \"Copy\" The file exists already.",
 };

@@ -4,6 +4,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/messages.h"
 #include "text/compare.h"
 
 const CommandHelp breakHelp = {
@@ -11,8 +12,7 @@ const CommandHelp breakHelp = {
     u"BREAK [ON | OFF]",
     u"OFF  Ctrl+C is passed over; programs that run get it as ever, and Ctrl+Break always counts\n"
     u"In .BAT and .CMD files BREAK alone shows nothing: there it is known as a command that does nothing. "
-    u"The "
-    u"result is 0, and 2 for any other word.",
+    u"The result is 0, and 2 for any other word.",
     u"break off\n"
     u"break on",
 };

@@ -3,6 +3,7 @@
 #include "core/command_switches.h"
 #include "engine/output.h"
 #include "engine/results.h"
+#include "lang/messages.h"
 #include "platform/codepage.h"
 #include "text/numbers.h"
 

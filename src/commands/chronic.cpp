@@ -16,8 +16,8 @@ const CommandHelp chronicHelp = {
     u"CHRONIC [/E] command",
     u"/E  shows it also when anything went to standard error\n"
     u"What went to standard output and to standard error goes there again once the command has ended, first "
-    u"the one, then the other. The command may be a group in parentheses over several lines; what it asks is "
-    u"not seen. The result and the error level are those of the command.",
+    u"the one, then the other. The command may be a group in parentheses over several lines; what it asks "
+    u"is not seen. The result and the error level are those of the command.",
     u"chronic copy c:\\data\\* d:\\backup\n"
     u"chronic /e (make clean & make all)",
 };

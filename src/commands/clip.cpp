@@ -12,6 +12,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/text_reader.h"
+#include "lang/console_messages.h"
 #include "platform/standard_handles.h"
 #include "text/compare.h"
 #include "text/numbers.h"

@@ -9,6 +9,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/wildcards.h"
+#include "lang/messages.h"
 #include "platform/console_size.h"
 #include "text/words.h"
 

@@ -8,6 +8,8 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/console_messages.h"
+#include "lang/messages.h"
 #include "platform/console.h"
 #include "platform/console_drawing.h"
 #include "platform/handle.h"
@@ -171,9 +173,9 @@ public:
     {
         if (!html)
             return text;
-        return CString(
-                   u"<!DOCTYPE html>\r\n<meta charset=\"utf-8\">\r\n<pre style=\"color:#c0c0c0;background:"
-                   u"#000\">\r\n")
+        return CString(u"<!DOCTYPE html>\r\n"
+                       u"<meta charset=\"utf-8\">\r\n"
+                       u"<pre style=\"color:#c0c0c0;background:#000\">\r\n")
             .Append(text)
             .Append(u"</pre>\r\n");
     }

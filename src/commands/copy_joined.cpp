@@ -11,7 +11,7 @@
 #include "engine/output.h"
 #include "files/partial_files.h"
 #include "files/text_reader.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/codepage.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"

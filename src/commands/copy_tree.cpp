@@ -8,7 +8,7 @@
 #include "core/command_switches.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
 #include "text/path_names.h"
@@ -25,10 +25,9 @@ const CommandHelp copyDirectoryHelp = {
     u"/S  accepted for older habits; /Sn only n levels of subdirectories\n"
     u"/V  compare each copy with its source\n"
     u"/W  delete what the target has and the source has not\n"
-    u"/X  clear the archive attribute of the sources\n" TRANSFER_SWITCHES u"The target is made, and holds "
-    u"afterwards what the directory "
-    u"holds, hidden and system files "
-    u"and empty "
+    u"/X  clear the archive attribute of the sources\n" //
+    TRANSFER_SWITCHES                                   //
+    u"The target is made, and holds afterwards what the directory holds, hidden and system files and empty "
     u"directories included; what it held before stays unless /W says otherwise. Directories keep their "
     u"attributes and times. The result counters are %_copydir_files, %_copydir_dirs and %_copydir_errors.",
     u"copydir c:\\work d:\\save\\work\n"
@@ -43,16 +42,9 @@ const CommandHelp moveDirectoryHelp = {
     u"/D  accepted for older habits: the target is a directory\n"
     u"/S  accepted for older habits; /Sn only n levels of subdirectories\n"
     u"/V  accepted for older habits: what leaves its volume is always compared\n"
-    u"/W  write over the contents of what leaves its volume, /Wn n times\n" TRANSFER_SWITCHES u"Where the "
-    u"target is "
-    u"not there "
-    u"yet, on the "
-    u"same volume, "
-    u"the "
-    u"directory is "
-    u"renamed. "
-    u"Else its "
-    u"files are "
+    u"/W  write over the contents of what leaves its volume, /Wn n times\n" //
+    TRANSFER_SWITCHES                                                       //
+    u"Where the target is not there yet, on the same volume, the directory is renamed. Else its files are "
     u"moved one by one, into what the target holds already, and directories that are empty then go. Hidden "
     u"and system files are moved too; links stay links. The result counters are %_movedir_files, "
     u"%_movedir_dirs and %_movedir_errors.",

@@ -6,14 +6,15 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "files/dates.h"
+#include "lang/messages.h"
 #include "platform/clock.h"
 
 const CommandHelp dateHelp = {
     u"Shows or sets the date.",
     u"DATE [/T] [date]",
     u"/T  shows the date and does not ask for another\n"
-    u"The date is written in the country's order, or as year-month-day. Nothing is asked when standard input "
-    u"is no console.",
+    u"The date is written in the country's order, or as year-month-day. Nothing is asked when standard "
+    u"input is no console.",
     u"date /t\n"
     u"date 2026-01-31",
 };

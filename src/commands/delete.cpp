@@ -11,7 +11,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/description_changes.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"
@@ -22,22 +22,19 @@
 const CommandHelp deleteHelp = {
     u"Deletes files.",
     u"DEL [range ...] [/A[:]attributes] [/E] [/F] [/K] [/N] [/P] [/Q] [/R] [/S] [/T] [/W[passes]] [/X] [/Y] "
-    u"[/Z] "
-    u"file ...",
+    u"[/Z] file ...",
     u"/A  files with attributes, as DIR /A tells\n" FILE_WORK_SWITCHES u"/F  read-only files too\n"
     u"/K  delete for good, even if RecycleBin says otherwise\n"
     u"/R  move to the recycle bin\n"
     u"/S  in all subdirectories too\n"
-    u"/W  write over the contents and named streams first, as often as told or as DelWipePasses says; a file "
-    u"that has other names (hard links) is refused\n"
+    u"/W  write over the contents and named streams first, as often as told or as DelWipePasses says; a "
+    u"file that has other names (hard links) is refused\n"
     u"/X  with /S, remove the subdirectories that are empty then\n"
     u"/Y  do not ask whether all files of a directory are meant\n"
     u"/Z  hidden, system and read-only files too\n"
     u"The name of a directory means all files in it, which is asked about first unless /Q, /Y or "
-    u"DelGlobalQuery=No "
-    u"says otherwise. Ranges pick files, as DIR explains. Descriptions go with their files. The result "
-    u"counters are "
-    u"%_del_files, %_del_dirs and %_del_errors.",
+    u"DelGlobalQuery=No says otherwise. Ranges pick files, as DIR explains. Descriptions go with their "
+    u"files. The result counters are %_del_files, %_del_dirs and %_del_errors.",
     u"del *.obj *.pdb\n"
     u"del /s /x /[d-30] C:\\logs\\*.log\n"
     u"del /n /[s10M] *\n"

@@ -19,6 +19,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/messages.h"
 #include "platform/file_facts.h"
 #include "platform/process.h"
 #include "platform/process_line.h"

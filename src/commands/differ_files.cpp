@@ -10,7 +10,7 @@
 #include "files/file_comparison.h"
 #include "files/file_scan.h"
 #include "files/text_lines.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/byte_files.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"

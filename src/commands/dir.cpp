@@ -44,10 +44,9 @@ const CommandHelp dirHelp = {
     u"Names may hold wildcards and sets of characters ([a-f]), be parted by \";\", be regular expressions "
     u"(::expression), or come from a file, one per line (@file). Ranges pick files by date (/[d-3]), time "
     u"(/[t8:00,12:00]), size (/[s10K,1M]), owner (/[oname]) and description (/I\"text\"), and leave out "
-    u"names "
-    u"(/[!*.bak *.tmp]). Hidden and system files are shown only with /A. The variable DIRCMD holds switches "
-    u"that DIR starts with; a \"-\" behind the slash takes one back. The result counters are %_dir_files, "
-    u"%_dir_dirs and %_dir_errors.",
+    u"names (/[!*.bak *.tmp]). Hidden and system files are shown only with /A. The variable DIRCMD holds "
+    u"switches that DIR starts with; a \"-\" behind the slash takes one back. The result counters are "
+    u"%_dir_files, %_dir_dirs and %_dir_errors.",
     u"dir\n"
     u"dir /s /b *.c;*.h\n"
     u"dir /a:-d /o:-s \\temp\n"

@@ -8,6 +8,7 @@
 #include "engine/results.h"
 #include "files/descriptions.h"
 #include "files/directory_name.h"
+#include "lang/file_messages.h"
 #include "platform/link_target.h"
 #include "text/compare.h"
 #include "text/path_names.h"

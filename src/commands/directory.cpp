@@ -41,14 +41,13 @@ const CommandHelp cdHelp = {
     u"CD drive:\n"
     u"CD -\n"
     u"CD /S | /U [place ...]",
-    u"/D  change to the directory's drive as well\n" DIRECTORY_SEARCH_HELP u"Without a directory the current "
-    u"one is shown, with a drive "
-    u"alone the one of that drive. A "
-    u"directory on "
-    u"another drive becomes that drive's own, and you stay where you are. \"..\" is the parent, each further "
-    u"period goes one higher, \"-\" is the directory you came from. Quotes around a name with blanks may be "
-    u"left out; wildcards go to the first directory that matches. name: stands for the directory that the "
-    u"alias of that name holds. " DIRECTORY_SEARCH_RULES,
+    u"/D  change to the directory's drive as well\n" //
+    DIRECTORY_SEARCH_HELP                            //
+    u"Without a directory the current one is shown, with a drive alone the one of that drive. A directory "
+    u"on another drive becomes that drive's own, and you stay where you are. \"..\" is the parent, each "
+    u"further period goes one higher, \"-\" is the directory you came from. Quotes around a name with "
+    u"blanks may be left out; wildcards go to the first directory that matches. name: stands for the "
+    u"directory that the alias of that name holds. " DIRECTORY_SEARCH_RULES,
     u"cd ..\n"
     u"cd \\Program Files\n"
     u"cd ...\\tools\n"
@@ -60,9 +59,9 @@ const CommandHelp cddHelp = {
     u"CDD [/N] [directory | -]\n"
     u"CDD /A\n"
     u"CDD /S | /U [place ...]",
-    u"/A  show the current directory of every drive\n" DIRECTORY_SEARCH_HELP u"As CD /D: a drive alone goes "
-    u"to the directory it was left "
-    u"in. " DIRECTORY_SEARCH_RULES,
+    u"/A  show the current directory of every drive\n" //
+    DIRECTORY_SEARCH_HELP                              //
+    u"As CD /D: a drive alone goes to the directory it was left in. " DIRECTORY_SEARCH_RULES,
     u"cdd d:\\work\n"
     u"cdd -\n"
     u"cdd /s c:\\work d:\\\n"

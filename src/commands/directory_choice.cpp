@@ -15,7 +15,7 @@
 #include "files/directory_name.h"
 #include "files/directory_search.h"
 #include "files/known_directories.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/directory.h"
 #include "platform/file_facts.h"
 #include "platform/volumes.h"

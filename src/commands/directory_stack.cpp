@@ -10,6 +10,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/directory_name.h"
+#include "lang/file_messages.h"
 #include "platform/directory.h"
 #include "platform/drive_connections.h"
 #include "platform/file_facts.h"
@@ -26,8 +27,7 @@ const CommandHelp pushdHelp = {
     u"-n  the same, counted from the end of DIRS, whose last entry is 0\n"
     u"Without a directory the current one is kept and you stay there. A directory of another machine "
     u"(\\\\server\\share\\...) gets a drive letter, from Z down, until POPD takes it back. DIRS shows what "
-    u"is "
-    u"kept.",
+    u"is kept.",
     u"pushd d:\\work\n"
     u"pushd \\\\server\\share\\docs\n"
     u"pushd +1",

@@ -25,9 +25,8 @@ const CommandHelp doHelp = {
     u"WHILE is tested before each pass, UNTIL behind it. @CON stands for the lines of standard input.\n"
     u"ITERATE begins the next pass, LEAVE [n] leaves the loop, or n of them. In place of the lines the "
     u"commands may stand in parentheses behind DO, or with ENDDO on the same line. At the prompt the lines "
-    u"are "
-    u"asked for up to ENDDO. The result is 0 once the loop has ended, whatever its commands answered, and 2 "
-    u"when a number or condition makes no sense or the ENDDO is missing.",
+    u"are asked for up to ENDDO. The result is 0 once the loop has ended, whatever its commands answered, "
+    u"and 2 when a number or condition makes no sense or the ENDDO is missing.",
     u"do n = 1 to 10\n"
     u"  echo %n\n"
     u"enddo\n"

@@ -7,6 +7,7 @@
 #include "engine/break.h"
 #include "engine/output.h"
 #include "engine/results.h"
+#include "lang/console_messages.h"
 #include "platform/console_drawing.h"
 #include "text/cell_width.h"
 #include "text/line_drawing.h"

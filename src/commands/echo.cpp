@@ -3,6 +3,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/messages.h"
 
 const CommandHelp echoHelp = {
     u"Shows text, or shows or sets whether commands are shown before they run.",

@@ -25,8 +25,7 @@ const CommandHelp esetHelp = {
     u"/U  the registry's variables for this user\n"
     u"/V  the registry's variables for this user until log-off\n"
     u"The value is put on the line to be changed; Enter takes it. An empty line removes the variable, or "
-    u"with "
-    u"/P the piece. Ctrl+C leaves everything as it was.",
+    u"with /P the piece. Ctrl+C leaves everything as it was.",
     u"eset prompt\n"
     u"eset /p path\n"
     u"eset /a d",

@@ -16,7 +16,7 @@
 #include "files/excepted_files.h"
 #include "files/file_search.h"
 #include "files/hidden_files.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "text/words.h"
 
 const CommandHelp exceptHelp = {
@@ -27,11 +27,10 @@ const CommandHelp exceptHelp = {
     u"/H  hide the files from programs always\n"
     u"/R  make visible what an EXCEPT that was killed has left hidden\n"
     u"/S  the files in directories below as well; with a number, so many levels of them\n"
-    u"The shell's own commands pass over the files, whatever their attributes, and the files are not touched "
-    u"for "
-    u"that. When the command is a program, an alias, a batch file or a group, the files get the attribute "
-    u"hidden until it has ended, is broken off or fails. Every EXCEPT also repairs what /R does, and names "
-    u"the files. Names and ranges are those of DIR.",
+    u"The shell's own commands pass over the files, whatever their attributes, and the files are not "
+    u"touched for that. When the command is a program, an alias, a batch file or a group, the files get the "
+    u"attribute hidden until it has ended, is broken off or fails. Every EXCEPT also repairs what /R does, "
+    u"and names the files. Names and ranges are those of DIR.",
     u"except (*.bak *.tmp) copy * d:\\backup\n"
     u"except /s (*.obj) dir /s\n"
     u"except /[d-1] (*) del /q *",

@@ -12,9 +12,9 @@ const CommandHelp execHelp = {
     u"Runs a program or batch file in the place of the shell.",
     u"EXEC program [arguments]",
     u"Neither aliases nor internal commands are looked at. The shell runs nothing any more but what EXIT "
-    u"runs, "
-    u"too; it ends when the program does, with the program's exit code, and does not wait for a windowed one "
-    u"that was started at the prompt. When there is no such program the shell stays, with error level 2.",
+    u"runs, too; it ends when the program does, with the program's exit code, and does not wait for a "
+    u"windowed one that was started at the prompt. When there is no such program the shell stays, with "
+    u"error level 2.",
     u"exec c:\\tools\\editor.exe %1\n"
     u"exec next.btm",
 };

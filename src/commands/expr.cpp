@@ -23,8 +23,7 @@ const CommandHelp exprHelp = {
     u"( expression )               first\n"
     u"Later lines bind tighter. Numbers, texts and operators are parted by blanks; |, &, < and > stand in "
     u"double quotes, and % is doubled in batch files. The result is 0, 1 when the answer is empty or 0, and "
-    u"2 "
-    u"when the expression is wrong.",
+    u"2 when the expression is wrong.",
     u"expr 7 * ( 3 + 4 )\n"
     u"expr length \"%path\"\n"
     u"expr report2026.txt : \"[a-z]*\\([0-9]*\\)\"\n"

@@ -5,7 +5,7 @@
 
 #include "expand/decimal.h"
 #include "files/regex.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/encoding.h"
 #include "text/format.h"

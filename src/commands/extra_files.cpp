@@ -13,7 +13,7 @@
 #include "files/name_pattern.h"
 #include "files/partial_files.h"
 #include "files/search_names.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"

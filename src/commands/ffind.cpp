@@ -12,8 +12,8 @@
 const CommandHelp ffindHelp = {
     u"Finds files by name, attributes, date, size and contents.",
     u"FFIND [range ...] [/T\"text\" | /E\"expression\" | /X\"bytes\"] [/A[:]attributes] [/B] [/C] "
-    u"[/D[drives]] "
-    u"[/F] [/I] [/K] [/L] [/M] [/N] [/O[:]order] [/P] [/S[levels]] [/U] [/V] [/W[lines]] [/Y] name ...",
+    u"[/D[drives]] [/F] [/I] [/K] [/L] [/M] [/N] [/O[:]order] [/P] [/S[levels]] [/U] [/V] [/W[lines]] [/Y] "
+    u"name ...",
     u"/A  files with attributes, as DIR /A tells\n"
     u"/B  names alone\n"
     u"/C  letter case counts in texts and expressions\n"

@@ -6,6 +6,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/file_search.h"
+#include "lang/function_messages.h"
 #include "platform/directory.h"
 #include "text/compare.h"
 #include "text/format.h"

@@ -8,7 +8,7 @@
 #include "engine/results.h"
 #include "files/file_search.h"
 #include "files/text_lines.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "text/content_kind.h"
 #include "text/format.h"
 #include "text/path_names.h"

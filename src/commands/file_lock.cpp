@@ -12,7 +12,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_users.h"
 #include "platform/process_ending.h"
 #include "platform/process_list.h"
@@ -25,14 +25,13 @@ const CommandHelp filelockHelp = {
     u"/A  files with attributes, as DIR /A tells; all are taken otherwise\n"
     u"/B  process numbers alone, each once\n"
     u"/C  end the processes after a question: their windows are asked to close, and what still runs after "
-    u"five "
-    u"seconds is ended by force. What is not saved is lost\n"
+    u"five seconds is ended by force. What is not saved is lost\n"
     u"/F  with /C, by force at once\n"
     u"/S  in all subdirectories too\n"
     u"/Y  with /C, without questions\n"
-    u"A directory stands for the files in it. Files that nobody has open are not shown. This shell itself is "
-    u"never ended. The result is 0 when somebody has one of the files open, and with /C when all of them are "
-    u"closed, else 2.",
+    u"A directory stands for the files in it. Files that nobody has open are not shown. This shell itself "
+    u"is never ended. The result is 0 when somebody has one of the files open, and with /C when all of them "
+    u"are closed, else 2.",
     u"filelock C:\\work\\plan.doc\n"
     u"filelock /s D:\\data\\*\n"
     u"filelock /c report.xls",

@@ -4,7 +4,7 @@
 #include "engine/expansion_entry.h"
 #include "engine/results.h"
 #include "files/dates.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "text/format.h"
 
 namespace {

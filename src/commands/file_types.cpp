@@ -10,7 +10,7 @@
 #include "engine/state.h"
 #include "files/text_lines.h"
 #include "files/wildcards.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "text/path_names.h"
 #include "text/words.h"
@@ -36,10 +36,9 @@ const CommandHelp ftypeHelp = {
     u"/R  read lines \"type=command\" from files\n"
     u"/U  of this user alone; otherwise all that hold are shown, and those of all users changed, as only "
     u"administrators may\n"
-    u"Without a type all are shown; wildcards show those that fit. In the command %1 stands for the file and "
-    u"%* for the arguments behind it (in a batch file %%1 and %%*). Nothing behind the \"=\" takes the "
-    u"command "
-    u"away.",
+    u"Without a type all are shown; wildcards show those that fit. In the command %1 stands for the file "
+    u"and %* for the arguments behind it (in a batch file %%1 and %%*). Nothing behind the \"=\" takes the "
+    u"command away.",
     u"ftype txtfile\n"
     u"ftype /u perlfile=\"C:\\Perl\\perl.exe\" \"%1\" %*",
 };
@@ -54,9 +53,8 @@ const CommandHelp associateHelp = {
     u"/M  for all users, as only administrators may; otherwise for this user\n"
     u"/T  the type; otherwise one is made for the extension\n"
     u"/X  remove the association, and a type that was made for the extension\n"
-    u"A program without %1 in its arguments gets the file's name as its last one (in a batch file %%1). What "
-    u"a "
-    u"user has chosen in the desktop's box comes first: it is shown, and no program may change it.",
+    u"A program without %1 in its arguments gets the file's name as its last one (in a batch file %%1). "
+    u"What a user has chosen in the desktop's box comes first: it is shown, and no program may change it.",
     u"associate .log\n"
     u"associate /d\"Notes\" .note C:\\Windows\\notepad.exe\n"
     u"associate /x .note",

@@ -11,7 +11,6 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/known_directories.h"
-#include "lang/messages.h"
 #include "platform/file_facts.h"
 #include "text/path_names.h"
 #include "text/words.h"

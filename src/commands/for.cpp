@@ -16,8 +16,7 @@ const CommandHelp forHelp = {
     u"/R  go through the directory and all below it\n"
     u"/L  count\n"
     u"/F  go through the lines of files, of a text or of a command's output. Options: tokens=1,3-5* "
-    u"delims=xyz "
-    u"eol=c skip=n usebackq (then \"files\", 'text', `command`)\n"
+    u"delims=xyz eol=c skip=n usebackq (then \"files\", 'text', `command`)\n"
     u"At the prompt the variable is written %x. %%~nx and the other modifiers of file names work as with "
     u"parameters. LEAVEFOR ends the loop.",
     u"for %%f in (*.txt) do type \"%%f\"\n"

@@ -13,7 +13,7 @@
 #include "files/directory_source.h"
 #include "files/file_search.h"
 #include "files/name_pattern.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/directory.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"
@@ -30,14 +30,12 @@ const CommandHelp fsearchHelp = {
     u"Finds files below a directory through the index of a search service.",
     u"FSEARCH [/G] [switches of FFIND] name ...",
     u"/G  search the directories themselves, whatever index there is\n"
-    u"FSEARCH asks a running Everything service for the names, while the setting EverythingSearch allows it, "
-    u"then the index of Windows Search, and where neither knows anything, it searches the directories, and "
-    u"says so. Each name is looked for in its directory, or in the current one, and in all below. All other "
-    u"switches, ranges and the searches of contents are those of FFIND, and what an index has told is "
-    u"checked "
-    u"against them: a file that is gone or does not match is not shown. /S and /O mean nothing here. The "
-    u"result "
-    u"counters are %_fsearch_files, %_fsearch_dirs and %_fsearch_errors.",
+    u"FSEARCH asks a running Everything service for the names, while the setting EverythingSearch allows "
+    u"it, then the index of Windows Search, and where neither knows anything, it searches the directories, "
+    u"and says so. Each name is looked for in its directory, or in the current one, and in all below. All "
+    u"other switches, ranges and the searches of contents are those of FFIND, and what an index has told is "
+    u"checked against them: a file that is gone or does not match is not shown. /S and /O mean nothing "
+    u"here. The result counters are %_fsearch_files, %_fsearch_dirs and %_fsearch_errors.",
     u"fsearch *.docx\n"
     u"fsearch /b /t\"to do\" c:\\work\\*.txt\n"
     u"fsearch /g *.log",
@@ -57,9 +55,8 @@ const CommandHelp everythingHelp = {
     u"/W  whole words only\n"
     u"The service takes the text in its own syntax: words parted by blanks must all be there, \"|\" is or, "
     u"\"!\" is not. When no service runs, the fixed drives are searched for names that hold the text, or "
-    u"match "
-    u"it when it has wildcards, and the command says so; /A and /W mean nothing then. The result is 0 when "
-    u"something was found, 1 otherwise.",
+    u"match it when it has wildcards, and the command says so; /A and /W mean nothing then. The result is 0 "
+    u"when something was found, 1 otherwise.",
     u"everything readme\n"
     u"everything /l:20 *.iso\n"
     u"everything /r \"^img_[0-9]+\\.jpg$\"",

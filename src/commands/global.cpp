@@ -16,7 +16,7 @@
 #include "engine/state.h"
 #include "files/directory_name.h"
 #include "files/file_search.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/directory.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"

@@ -33,8 +33,7 @@ const CommandHelp gosubHelp = {
     u"GOSUB label [arguments]\n"
     u"GOSUB file label [arguments]",
     u"The label line may name parameters: \":label [name size]\"; they are variables that only the "
-    u"subroutine "
-    u"sees.",
+    u"subroutine sees.",
     u"gosub backup \"C:\\My Files\" 3\n"
     u"gosub library.btm log %message",
 };

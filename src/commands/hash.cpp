@@ -14,6 +14,7 @@
 #include "files/file_digest.h"
 #include "files/file_search.h"
 #include "files/text_lines.h"
+#include "lang/function_messages.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"
 #include "text/encoding.h"

@@ -30,13 +30,11 @@ const CommandHelp helpHelp = {
     u"command /?",
     u"/N  do not wait for a key after each screen\n"
     u"Without arguments there is an overview with the subjects; HELP files lists the commands about files, "
-    u"HELP "
-    u"all every command, HELP keyboard the keys of the command line, HELP @ the functions and HELP _ the "
-    u"internal "
-    u"variables. The beginning of a subject's name will do. For any other word the commands are listed that "
-    u"have it in their names or descriptions.\n"
-    u"On the command line F1 shows the help for the word at the cursor. Commands whose names begin with ECHO "
-    u"take \"/?\" as text: use HELP ECHO.",
+    u"HELP all every command, HELP keyboard the keys of the command line, HELP @ the functions and HELP _ "
+    u"the internal variables. The beginning of a subject's name will do. For any other word the commands "
+    u"are listed that have it in their names or descriptions.\n"
+    u"On the command line F1 shows the help for the word at the cursor. Commands whose names begin with "
+    u"ECHO take \"/?\" as text: use HELP ECHO.",
     u"help\n"
     u"help pushd\n"
     u"help batch\n"
@@ -82,8 +80,8 @@ CString SubjectList(const HelpSubject& subject)
 CString Overview(int width)
 {
     CString text = HelpParagraph(
-        u"A line begins with the name of a command, an alias or a program; what stands behind it are "
-        u"its arguments and switches, parted by blanks. Enter runs the line.",
+        u"A line begins with the name of a command, an alias or a program; what stands behind it are its "
+        u"arguments and switches, parted by blanks. Enter runs the line.",
         width);
     AppendHelpSection(text, u"More help",
                       u"HELP command   what a command does, for example HELP DIR; so does  command /?\n"

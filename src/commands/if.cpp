@@ -18,8 +18,7 @@ const CommandHelp ifHelp = {
     u"Comparisons: == EQ NE GT GE LT LE (also EQU NEQ GTR GEQ LSS LEQ), EQC, =~ and !~ for regular "
     u"expressions.\n"
     u"Tests: EXIST, ISFILE, ISDIR, ISREADABLE, ISWRITEABLE, ISSYMLINK, DEFINED, ISALIAS, ISFUNCTION, "
-    u"ISINTERNAL, "
-    u"ISBATCH, ISLABEL, ISAPP, ISWINDOW, ISVISIBLE, ISHUNG, ERRORLEVEL n.\n"
+    u"ISINTERNAL, ISBATCH, ISLABEL, ISAPP, ISWINDOW, ISVISIBLE, ISHUNG, ERRORLEVEL n.\n"
     u"Conditions are joined from left to right, none binds tighter than another.",
     u"if exist notes.txt type notes.txt\n"
     u"if \"%1\"==\"\" goto usage\n"

@@ -27,10 +27,9 @@ const CommandHelp inkeyHelp = {
     u"/W  waits so many seconds at most, which may have a fraction; 0 only looks whether a key waits\n"
     u"/X  the cursor stays behind the key\n"
     u"A key that types a character is that character, any other is @ and its scan code: F1 is @59, Enter "
-    u"@28, "
-    u"the arrow up @72. When standard input is no console the next character is read from there. The result, "
-    u"which is also the error level, is 0; 1 when the time ran out or the input is at its end, and the "
-    u"variable is then left as it was; 2 for a mistake in the command.",
+    u"@28, the arrow up @72. When standard input is no console the next character is read from there. The "
+    u"result, which is also the error level, is 0; 1 when the time ran out or the input is at its end, and "
+    u"the variable is then left as it was; 2 for a mistake in the command.",
     u"inkey /k\"yn\" Delete all of them? %%answer\n"
     u"inkey /w10 /c Press a key: %%key",
 };
@@ -48,10 +47,9 @@ const CommandHelp inputHelp = {
     u"/W  waits so many seconds at most for the first key; 0 only looks whether one waits\n"
     u"/X  the cursor stays behind the line\n"
     u"An empty line removes the variable. When standard input is no console the next line is read from "
-    u"there, "
-    u"without what may not be typed. The result, which is also the error level, is 0; 1 when the time ran "
-    u"out or the input is at its end, and the variable is then left as it was; 2 for a mistake in the "
-    u"command.",
+    u"there, without what may not be typed. The result, which is also the error level, is 0; 1 when the "
+    u"time ran out or the input is at its end, and the variable is then left as it was; 2 for a mistake in "
+    u"the command.",
     u"input Your name: %%name\n"
     u"input /e /l8 Name of the file: %%file\n"
     u"input /p /w30 Password: %%secret",

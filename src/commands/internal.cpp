@@ -7,6 +7,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/wildcards.h"
+#include "lang/messages.h"
 #include "text/compare.h"
 #include "text/words.h"
 

@@ -10,6 +10,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/messages.h"
 #include "platform/clock.h"
 #include "text/numbers.h"
 #include "text/path_names.h"
@@ -25,8 +26,8 @@ const CommandHelp jobsHelp = {
     u"/W  waits for the jobs to end; the error level is the exit code of the last one\n"
     u"A job is what START (without /WAIT) or DETACH has started. Shown are its number, the process ID, the "
     u"time since it began and the command. A number beyond 999 may also be a process ID; * stands for all "
-    u"jobs. The shell may end before its jobs. The result is 0, with /W the last exit code, and 2 when there "
-    u"is no such job or it cannot be ended.",
+    u"jobs. The shell may end before its jobs. The result is 0, with /W the last exit code, and 2 when "
+    u"there is no such job or it cannot be ended.",
     u"detach backup.exe & jobs\n"
     u"jobs /p 2\n"
     u"jobs /k *\n"

@@ -9,7 +9,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_facts.h"
 #include "platform/jump_list.h"
 #include "platform/registry.h"
@@ -31,10 +31,8 @@ const CommandHelp jumplistHelp = {
     u"/R  remove a task\n"
     u"/X  remove all tasks\n"
     u"Alone it shows the tasks and the recent files. A program without directory that is not in the current "
-    u"one "
-    u"is searched as commands are. Tasks are kept for this user. The list is that of the shell's own "
-    u"program: a "
-    u"console that another program shows has that program's list.",
+    u"one is searched as commands are. Tasks are kept for this user. The list is that of the shell's own "
+    u"program: a console that another program shows has that program's list.",
     u"jumplist /a\"Edit hosts\" notepad.exe C:\\Windows\\System32\\drivers\\etc\\hosts\n"
     u"jumplist /f report.doc\n"
     u"jumplist /r\"Edit hosts\"",

@@ -14,6 +14,8 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/wildcards.h"
+#include "lang/console_messages.h"
+#include "lang/messages.h"
 #include "platform/console.h"
 #include "platform/console_typing.h"
 #include "platform/desktop.h"

@@ -8,7 +8,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"
 #include "platform/link_making.h"
@@ -22,9 +22,8 @@ const CommandHelp linksHelp = {
     u"/B  names alone: each name of a file, and the target of each link\n"
     u"/S  in all subdirectories too\n"
     u"Without names all files of the current directory are meant. Files with one name alone are shown only "
-    u"when "
-    u"they are named. A link is shown with its target as it is written in it, and below that with the name "
-    u"that it leads to. The result is 2 when something does not exist.",
+    u"when they are named. A link is shown with its target as it is written in it, and below that with the "
+    u"name that it leads to. The result is 2 when something does not exist.",
     u"links\n"
     u"links report.doc\n"
     u"links /s C:\\Users\\me\\*",

@@ -5,6 +5,7 @@
 #include "engine/logs.h"
 #include "engine/output.h"
 #include "engine/results.h"
+#include "lang/messages.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"
 #include "text/words.h"
@@ -19,9 +20,8 @@ const CommandHelp logHelp = {
     u"/H  the log of typed lines\n"
     u"/W  write to this file from now on, and switch the log on\n"
     u"Without /A, /E and /H it is the log of commands. Without anything else the log's state is shown. A "
-    u"text "
-    u"is written, with date and time, when the log is on. A log without a file of its own is in the folder "
-    u"of the user's local data.",
+    u"text is written, with date and time, when the log is on. A log without a file of its own is in the "
+    u"folder of the user's local data.",
     u"log /w d:\\logs\\today.log\n"
     u"log backup begins\n"
     u"log /e on\n"

@@ -9,7 +9,7 @@
 #include "engine/state.h"
 #include "files/directory_name.h"
 #include "files/known_directories.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/directory.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
@@ -19,10 +19,9 @@
 const CommandHelp makeDirectoryHelp = {
     u"Makes directories.",
     u"MD [/D] [/E] [/N] [/P] [/Q] [/S] [/T] directory ...",
-    u"/D  make the (last) directory the current "
-    u"one"
-    u"\n" FILE_WORK_SWITCHES u"/S  accepted for older habits: directories above that are missing are always "
-    u"made\n"
+    u"/D  make the (last) directory the current one\n" //
+    FILE_WORK_SWITCHES                                 //
+    u"/S  accepted for older habits: directories above that are missing are always made\n"
     u"A directory that exists already is an error. The result counters are %_md_dirs and %_md_errors.",
     u"md src\\include\\detail\n"
     u"md \"My Documents\" backup\n"

@@ -7,7 +7,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/target_names.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
 #include "platform/link_making.h"
@@ -42,11 +42,9 @@ const CommandHelp mklnkHelp = {
     u"/S  in all subdirectories too: the directories are made, the files linked\n"
     u"Without /H, /J and /L files get hard links and directories junctions. The target is a directory that "
     u"exists or ends with a backslash, or the name of the link, with \"*\" and \"?\" for what they meet in "
-    u"the "
-    u"name; after one name alone the current directory is meant. Wildcards mean files, with /AD directories. "
-    u"A "
-    u"link that exists is never replaced. The result counters are %_mklink_files, %_mklink_dirs and "
-    u"%_mklink_errors.",
+    u"the name; after one name alone the current directory is meant. Wildcards mean files, with /AD "
+    u"directories. A link that exists is never replaced. The result counters are %_mklink_files, "
+    u"%_mklink_dirs and %_mklink_errors.",
     u"mklnk *.jpg D:\\album\\\n"
     u"mklnk /s C:\\work\\*.doc C:\\backup\\\n"
     u"mklnk /l C:\\tools\\bin tools",

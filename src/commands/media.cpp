@@ -6,6 +6,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/console_messages.h"
 #include "platform/file_facts.h"
 #include "platform/media.h"
 #include "text/compare.h"

@@ -6,6 +6,7 @@
 #include "engine/break.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/console_messages.h"
 #include "platform/clock.h"
 #include "platform/desktop_text.h"
 #include "platform/file_facts.h"
@@ -21,8 +22,8 @@ const CommandHelp notifyHelp = {
     u"/N  do not wait until it has gone, even in a shell that ends\n"
     u"/Q  without a sound\n"
     u"/T  for so many seconds, 5 unless told; Windows may show it longer\n"
-    u"The script goes on at once. A shell that was started with /C waits until its notices are gone, because "
-    u"they go with it.",
+    u"The script goes on at once. A shell that was started with /C waits until its notices are gone, "
+    u"because they go with it.",
     u"notify /i \"Backup\" All files are copied.",
 };
 

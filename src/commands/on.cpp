@@ -27,13 +27,10 @@ const CommandHelp onHelp = {
     u"Without a command the shell does again what it did before. The command is expanded when it runs, and "
     u"may be a group in parentheses over several lines. It runs as a line of the batch file, as soon as the "
     u"command has ended during which it happened; GOTO and GOSUB work, and without a GOTO the batch file "
-    u"goes "
-    u"on behind that command. Errors are those of the shell: a program that fails sets the error level. All "
-    u"of this holds for this batch file alone, not for those that it calls, but for breaks and the end of "
-    u"the "
-    u"shell: they end called files that have no such command, and then reach their caller's. ON itself "
-    u"leaves "
-    u"the error level alone.",
+    u"goes on behind that command. Errors are those of the shell: a program that fails sets the error "
+    u"level. All of this holds for this batch file alone, not for those that it calls, but for breaks and "
+    u"the end of the shell: they end called files that have no such command, and then reach their caller's. "
+    u"ON itself leaves the error level alone.",
     u"on break goto cleanup\n"
     u"on error (echo failed in line %_batchline & quit 1)\n"
     u"on errorlevel ge 2 gosub report\n"

@@ -6,6 +6,7 @@
 #include "engine/console_entry.h"
 #include "engine/output.h"
 #include "engine/results.h"
+#include "lang/messages.h"
 
 Pager::Pager(bool pauses)
 {

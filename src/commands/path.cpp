@@ -3,6 +3,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "expand/lists.h"
+#include "lang/messages.h"
 #include "platform/environment.h"
 
 const CommandHelp pathHelp = {

@@ -3,6 +3,7 @@
 #include "engine/console_entry.h"
 #include "engine/output.h"
 #include "engine/results.h"
+#include "lang/messages.h"
 
 const CommandHelp pauseHelp = {
     u"Shows a text and waits for a key.",

@@ -8,7 +8,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/drive_substitution.h"
 #include "platform/file_facts.h"
 #include "platform/registry_editing.h"

@@ -12,13 +12,11 @@ const CommandHelp printfHelp = {
     u"%d %i %u  whole number; %o  octal; %x %X  hexadecimal\n"
     u"%e %f %g  floating number; %a  the same in hexadecimal\n"
     u"%%  the percent sign\n"
-    u"Between % and the letter: - on the left, + with sign, 0 filled with zeros, # with prefix, a width, and "
-    u"a "
-    u"period and a precision; * takes the number from the arguments. Escapes are \\n line end (CR and LF), "
-    u"\\t tab, \\a "
-    u"bell, \\b, \\e, \\f, \\r, \\v, \\\\, \\\", \\nnn octal, \\xhh and \\uhhhh. No line end is added. The "
-    u"format is used again until no argument is left; a missing argument is nothing, or 0. A format in "
-    u"back-quotes keeps its percent signs; elsewhere they are doubled in batch files.",
+    u"Between % and the letter: - on the left, + with sign, 0 filled with zeros, # with prefix, a width, "
+    u"and a period and a precision; * takes the number from the arguments. Escapes are \\n line end (CR and "
+    u"LF), \\t tab, \\a bell, \\b, \\e, \\f, \\r, \\v, \\\\, \\\", \\nnn octal, \\xhh and \\uhhhh. No line "
+    u"end is added. The format is used again until no argument is left; a missing argument is nothing, or "
+    u"0. A format in back-quotes keeps its percent signs; elsewhere they are doubled in batch files.",
     u"printf `%-10s %5d\\n` apples 3 pears 12\n"
     u"printf `%.2f\\n` 3.14159\n"
     u"printf `%08x\\n` 48879",

@@ -6,7 +6,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
+#include "lang/function_messages.h"
 #include "text/compare.h"
 #include "text/encoding.h"
 #include "text/numbers.h"

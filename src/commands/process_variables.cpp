@@ -8,6 +8,7 @@
 #include "core/command_switches.h"
 #include "core/process_choice.h"
 #include "engine/results.h"
+#include "lang/function_messages.h"
 #include "platform/process_family.h"
 #include "platform/process_list.h"
 #include "platform/process_memory.h"
@@ -24,9 +25,9 @@ const CommandHelp setpHelp = {
     u"this shell\n"
     u"/R          read lines \"name=value\" from files or standard input\n"
     u"Without \"=\" all variables are shown whose names begin with the text or match its wildcards. Nothing "
-    u"behind the \"=\" removes the variable. The process sees a change the next time it looks; many programs "
-    u"look only when they start. It must belong to the same user, and have the same word size when it is "
-    u"changed.",
+    u"behind the \"=\" removes the variable. The process sees a change the next time it looks; many "
+    u"programs look only when they start. It must belong to the same user, and have the same word size when "
+    u"it is changed.",
     u"setp\n"
     u"setp path\n"
     u"setp greeting=Hello\n"

@@ -17,8 +17,8 @@ const CommandHelp randomHelp = {
     u"/N  so many numbers, a line each; 1 otherwise\n"
     u"/S  begins a sequence that is the same for the same seed; %RANDOM and %@RANDOM go on in it\n"
     u"The numbers run from low to high, both included; without them from 0 to 32767. They are no secret to "
-    u"anyone who knows some of them: make no passwords with them. The result is 0, and 2 when a number makes "
-    u"no sense.",
+    u"anyone who knows some of them: make no passwords with them. The result is 0, and 2 when a number "
+    u"makes no sense.",
     u"random 1 6\n"
     u"random /s42 /n5 1 49",
 };

@@ -15,7 +15,7 @@
 #include "engine/state.h"
 #include "files/dates.h"
 #include "files/wildcards.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/directory.h"
 #include "platform/recycle_bin.h"
 #include "platform/volumes.h"
@@ -36,9 +36,8 @@ const CommandHelp recycleHelp = {
     u"/X  delete for good all that is in it, after a question\n"
     u"/Y  without the question\n"
     u"Alone it shows what each drive's bin holds. A name is that of the deleted file, or its full name, and "
-    u"may "
-    u"hold wildcards. What has a new file in its place is not restored. Without drives all are meant. The "
-    u"result counters are %_recycle_files, %_recycle_dirs and %_recycle_errors.",
+    u"may hold wildcards. What has a new file in its place is not restored. Without drives all are meant. "
+    u"The result counters are %_recycle_files, %_recycle_dirs and %_recycle_errors.",
     u"recycle\n"
     u"recycle /l *.doc\n"
     u"recycle /r C:\\work\\plan.doc\n"

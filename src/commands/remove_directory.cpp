@@ -11,7 +11,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/directory_name.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
 #include "text/path_names.h"
@@ -28,8 +28,8 @@ const CommandHelp removeDirectoryHelp = {
     u"/P  ask before each directory: Y yes, N no, R the rest without asking, Esc or Q no more\n"
     u"/R  move to the recycle bin\n"
     u"/T  show totals only\n"
-    u"Without /S a directory must be empty. Wildcards pick directories. Of a link to a directory the link is "
-    u"removed, and what it leads to stays. The result counters are %_rd_dirs and %_rd_errors.",
+    u"Without /S a directory must be empty. Wildcards pick directories. Of a link to a directory the link "
+    u"is removed, and what it leads to stays. The result counters are %_rd_dirs and %_rd_errors.",
     u"rd empty\n"
     u"rd /s /q build\n"
     u"rd /n /s *.tmp",

@@ -8,7 +8,7 @@
 #include "engine/state.h"
 #include "files/description_changes.h"
 #include "files/target_names.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"
@@ -19,15 +19,11 @@ const CommandHelp renameHelp = {
     u"Renames files and directories.",
     u"REN [range ...] [/A[:]attributes] [/E] [/N] [/P] [/Q] [/S] [/T] name ... newname",
     u"/A  files with attributes, as DIR /A tells\n" FILE_WORK_SWITCHES u"/S  in all subdirectories too\n"
-    u"The new name stands in the directory of the old one unless it names another one on the same drive; one "
-    u"that "
-    u"exists takes the file in under its old name. \"*\" and \"?\" in the new name stand for what they meet "
-    u"in the old "
-    u"one. Wildcards in the old name pick files, with /AD directories; a name without wildcards may be "
-    u"either. A "
-    u"name that is taken is an error. Descriptions go along. The result counters are %_ren_files, %_ren_dirs "
-    u"and "
-    u"%_ren_errors.",
+    u"The new name stands in the directory of the old one unless it names another one on the same drive; "
+    u"one that exists takes the file in under its old name. \"*\" and \"?\" in the new name stand for what "
+    u"they meet in the old one. Wildcards in the old name pick files, with /AD directories; a name without "
+    u"wildcards may be either. A name that is taken is an error. Descriptions go along. The result counters "
+    u"are %_ren_files, %_ren_dirs and %_ren_errors.",
     u"ren draft.txt final.txt\n"
     u"ren *.jpeg *.jpg\n"
     u"ren /[d-1] *.log old\\*.log\n"

@@ -13,10 +13,8 @@ const CommandHelp repeatHelp = {
     u"Runs a command several times.",
     u"REPEAT number command",
     u"The number may be calculated: REPEAT 2*%n command. The command is expanded anew each time, and may be "
-    u"a "
-    u"group in parentheses over several lines. GOTO, QUIT and their like leave the repetition; its result "
-    u"and "
-    u"the error level are those of the command's last run, and success when the number is 0 or less.",
+    u"a group in parentheses over several lines. GOTO, QUIT and their like leave the repetition; its result "
+    u"and the error level are those of the command's last run, and success when the number is 0 or less.",
     u"repeat 3 beep\n"
     u"repeat 10 (echo %_time & delay 1)",
 };

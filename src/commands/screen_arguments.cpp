@@ -5,6 +5,7 @@
 #include "config/colors.h"
 #include "core/command_switches.h"
 #include "engine/results.h"
+#include "lang/console_messages.h"
 #include "text/compare.h"
 #include "text/format.h"
 #include "text/numbers.h"

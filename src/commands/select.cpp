@@ -17,6 +17,7 @@
 #include "engine/state.h"
 #include "files/descriptions.h"
 #include "files/file_search.h"
+#include "lang/console_messages.h"
 #include "platform/console.h"
 #include "text/cell_width.h"
 #include "text/compare.h"
@@ -28,26 +29,24 @@
 const CommandHelp selectHelp = {
     u"Shows files in a list on the screen and runs a command for those that are marked.",
     u"SELECT [range ...] [/A[:]attributes] [/D] [/F] [/L] [/M] [/N] [/O[:]order] [/S[levels]] [/T[:]time] "
-    u"[/X] "
-    u"[/1] [command] (name ...) [rest of the command]\n"
+    u"[/X] [/1] [command] (name ...) [rest of the command]\n"
     u"SELECT [switches] [command] [name ...] [rest of the command]     (brackets as such)",
     u"/A  files with these attributes; without it neither directories nor hidden and system files\n"
     u"/D  no descriptions\n"
     u"/F  hand over full names\n"
     u"/L  names in lower case\n"
     u"/M  all files are marked at first\n"
-    u"/N  show the commands instead of running "
-    u"them\n" FILE_ORDER_HELP u"/S  directories below as well; with a number, so many levels of them\n"
+    u"/N  show the commands instead of running them\n" //
+    FILE_ORDER_HELP                                    //
+    u"/S  directories below as well; with a number, so many levels of them\n"
     u"/T  which time is shown and sorted by: C creation, A last access, W last write\n"
     u"/X  hand over short names\n"
     u"/1  one file alone, that at the bar\n"
     u"With parentheses the command runs once for each marked file, whose name takes their place; with "
-    u"brackets "
-    u"it runs once with the names of all. Names with blanks get quotes.\n"
+    u"brackets it runs once with the names of all. Names with blanks get quotes.\n"
     u"In the list Space marks, + and - mark and unmark, * turns all marks over, / takes all off; typed "
-    u"letters "
-    u"show only the names that hold them. Enter runs the command for the marked files, or for the one at the "
-    u"bar when none is marked; Esc leaves, and the result is then 2.",
+    u"letters show only the names that hold them. Enter runs the command for the marked files, or for the "
+    u"one at the bar when none is marked; Esc leaves, and the result is then 2.",
     u"select del (*.bak)\n"
     u"select /o:-d copy [*.txt] d:\\backup\n"
     u"select /s /[d-7] notepad (*.log)\n"

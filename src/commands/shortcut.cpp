@@ -13,7 +13,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_facts.h"
 #include "platform/shortcut_files.h"
 #include "text/numbers.h"
@@ -33,10 +33,8 @@ const CommandHelp shortcutHelp = {
     u"/R  start with an administrator's rights\n"
     u"/W  the window: NORMAL, MIN or MAX\n"
     u"A shortcut alone is shown. With switches one that exists is changed in these; with a target a new one "
-    u"is "
-    u"made in its place. The extension .lnk need not be written. A target without directory that is not in "
-    u"the "
-    u"current one is searched as commands are.",
+    u"is made in its place. The extension .lnk need not be written. A target without directory that is not "
+    u"in the current one is searched as commands are.",
     u"shortcut notes.lnk\n"
     u"shortcut /d\"C:\\work\" /kCtrl-Alt-N \"%_desktop\\Notes\" notepad.exe\n"
     u"shortcut /wmax Notes",

@@ -10,8 +10,7 @@ const CommandHelp shraliasHelp = {
     u"SHRALIAS [/U]",
     u"/U  let go: what no shell holds open is then forgotten\n"
     u"A small process without window holds them until then, or until you log off. It keeps the lists that "
-    u"are "
-    u"global in this shell when it starts. %_shralias is 1 while it runs.",
+    u"are global in this shell when it starts. %_shralias is 1 while it runs.",
     u"shralias\n"
     u"shralias /u",
 };

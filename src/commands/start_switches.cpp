@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/numbers.h"
 #include "text/words.h"

@@ -14,8 +14,7 @@ const CommandHelp switchHelp = {
     u"  commands]\n"
     u"ENDSWITCH",
     u"The first CASE that fits is taken; a value that begins with \"::\" is a regular expression. The lines "
-    u"behind "
-    u"CASEALL run for every CASE that was taken.",
+    u"behind CASEALL run for every CASE that was taken.",
     u"switch %@lower[%1]\n"
     u"case y .or. yes\n"
     u"  echo agreed\n"

@@ -14,7 +14,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/directory_source.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"
 #include "text/path_names.h"
@@ -25,8 +25,9 @@ const CommandHelp syncHelp = {
     u"SYNC [range ...] [/A[:]attributes] [/switches] directory1 directory2",
     u"/2  both ways: what is missing or older on either side comes from the other\n"
     u"/A  only files with attributes, as DIR /A tells\n"
-    u"/D  what is encrypted may be in clear at the "
-    u"target\n" FILE_WORK_SWITCHES u"/F  replace and delete what is newer in directory2, too\n"
+    u"/D  what is encrypted may be in clear at the target\n" //
+    FILE_WORK_SWITCHES                                       //
+    u"/F  replace and delete what is newer in directory2, too\n"
     u"/G  show progress at once, not only after a second\n"
     u"/J  so that a copy that fails can be gone on with by the same command\n"
     u"/R  ask before a file is replaced (also /-Y; /Y takes it back)\n"
@@ -35,12 +36,11 @@ const CommandHelp syncHelp = {
     u"/Z  replace and delete read-only files too\n"
     u"/ACL  with the rights and the owner that files have\n"
     u"Directory2 gets the files of directory1 that it lacks or has in an older state; subdirectories too, "
-    u"empty, hidden and system ones included. What is newer in directory2 stays and is told; so does what /W "
-    u"would delete but was changed after directory1 last lost or gained something. Files of one time and "
+    u"empty, hidden and system ones included. What is newer in directory2 stays and is told; so does what "
+    u"/W would delete but was changed after directory1 last lost or gained something. Files of one time and "
     u"different sizes are a conflict: both stay. Times that differ by two seconds or less count as one. "
-    u"Links "
-    u"to directories are passed over. /N shows what would be done. The result counters are %_sync_files, "
-    u"%_sync_dirs and %_sync_errors.",
+    u"Links to directories are passed over. /N shows what would be done. The result counters are "
+    u"%_sync_files, %_sync_dirs and %_sync_errors.",
     u"sync /n c:\\work d:\\work\n"
     u"sync /w c:\\photos e:\\photos\n"
     u"sync /2 notes \\\\server\\home\\notes",

@@ -10,6 +10,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "expand/lists.h"
+#include "lang/function_messages.h"
 #include "platform/clock.h"
 #include "platform/file_facts.h"
 #include "text/numbers.h"
@@ -19,8 +20,8 @@ const CommandHelp lookuperrorsHelp = {
     u"Shows what the numbers of errors mean.",
     u"LOOKUPERRORS number ...\n"
     u"LOOKUPERRORS text",
-    u"A number is that of a Windows error, an NTSTATUS or an HRESULT, decimal, negative or hexadecimal (0x); "
-    u"every meaning that it has is shown. A text is looked for in the texts of all Windows errors.",
+    u"A number is that of a Windows error, an NTSTATUS or an HRESULT, decimal, negative or hexadecimal "
+    u"(0x); every meaning that it has is shown. A text is looked for in the texts of all Windows errors.",
     u"lookuperrors 5\n"
     u"lookuperrors 0xC0000005 -2147024891\n"
     u"lookuperrors sharing",
@@ -39,8 +40,8 @@ const CommandHelp tmpHelp = {
     u"Shows or deletes the temporary files TMP0: to TMP2: of this shell.",
     u"TMP [/D] [number ...]",
     u"/D  delete the files\n"
-    u"Without numbers all of them are meant. They hold what was redirected to the devices of these names and "
-    u"are deleted when the shell ends.",
+    u"Without numbers all of them are meant. They hold what was redirected to the devices of these names "
+    u"and are deleted when the shell ends.",
     u"tmp\n"
     u"dir > tmp1: & tmp 1\n"
     u"tmp /d 1",

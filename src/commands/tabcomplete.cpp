@@ -9,6 +9,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/console_messages.h"
 #include "text/compare.h"
 #include "text/words.h"
 
@@ -24,11 +25,11 @@ const CommandHelp tabcompleteHelp = {
     u"Without arguments the completion files are listed. A file is asked for the commands that are named "
     u"(wildcards allowed, without extensions), or for all of them; the newest file is asked first, and the "
     u"usual candidates come when none offers anything. A file registered again gets the new commands.\n"
-    u"The batch file is called as: file command word number. Word is what has been typed so far, number that "
-    u"of the argument, 0 for the command itself. It finds more in the variables COMPLETE_LINE, "
-    u"COMPLETE_CURSOR, "
-    u"COMPLETE_COMMAND, COMPLETE_WORD and COMPLETE_ARGUMENT. Each line that it writes is a candidate; what "
-    u"stands behind a tab tells about it. Candidates that do not begin with the word are left out.",
+    u"The batch file is called as: file command word number. Word is what has been typed so far, number "
+    u"that of the argument, 0 for the command itself. It finds more in the variables COMPLETE_LINE, "
+    u"COMPLETE_CURSOR, COMPLETE_COMMAND, COMPLETE_WORD and COMPLETE_ARGUMENT. Each line that it writes is a "
+    u"candidate; what stands behind a tab tells about it. Candidates that do not begin with the word are "
+    u"left out.",
     u"tabcomplete c:\\lib\\git.btm git\n"
     u"tabcomplete c:\\lib\\hosts.btm ping tracert ssh*\n"
     u"tabcomplete /t cd \\prog\n"

@@ -21,14 +21,12 @@ const CommandHelp threadHelp = {
     u"/K  tells threads to end, all or those named; programs that they wait for are ended\n"
     u"/W  waits for threads, all or those named; the error level is the result of the last one\n"
     u"Without a command the threads are shown with their numbers, the time since they began and what they "
-    u"run. "
-    u"The command may be a group in parentheses, or a batch file. It has an error level of its own, begins "
-    u"outside of any batch file and writes where this command would write; environment, directory, aliases "
-    u"and settings are those of the shell. Threads take turns: another one runs when a command has ended or "
-    u"waits for a program, a key or a time. EXIT in a thread ends the thread. The shell waits for its "
-    u"threads "
-    u"before it ends; Ctrl+C, or the end of the console, ends them. The result is 0, with /W the last "
-    u"thread's, and 2 when there is no such thread or none can be made.",
+    u"run. The command may be a group in parentheses, or a batch file. It has an error level of its own, "
+    u"begins outside of any batch file and writes where this command would write; environment, directory, "
+    u"aliases and settings are those of the shell. Threads take turns: another one runs when a command has "
+    u"ended or waits for a program, a key or a time. EXIT in a thread ends the thread. The shell waits for "
+    u"its threads before it ends; Ctrl+C, or the end of the console, ends them. The result is 0, with /W "
+    u"the last thread's, and 2 when there is no such thread or none can be made.",
     u"thread copy c:\\big.iso d:\\\n"
     u"thread (dir /s c:\\ > list.txt & beep)\n"
     u"thread /w",

@@ -5,6 +5,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "internals/clock_texts.h"
+#include "lang/messages.h"
 #include "platform/clock.h"
 #include "text/compare.h"
 #include "text/format.h"
@@ -17,10 +18,8 @@ const CommandHelp timerHelp = {
     u"/Q  starts and stops without a word\n"
     u"/S  shows the time so far; the stopwatch runs on\n"
     u"ON starts it, also anew, and OFF stops it; without either it starts when it does not run and stops "
-    u"when "
-    u"it does. Times are shown in hours, minutes, seconds and hundredths; %@TIMER[n] gives those of "
-    u"stopwatch "
-    u"n. The result is 0, and 2 when the stopwatch that is to be stopped or shown does not run.",
+    u"when it does. Times are shown in hours, minutes, seconds and hundredths; %@TIMER[n] gives those of "
+    u"stopwatch n. The result is 0, and 2 when the stopwatch that is to be stopped or shown does not run.",
     u"timer & copy c:\\data d:\\ & timer\n"
     u"timer on /3 /q\n"
     u"timer /s /3",

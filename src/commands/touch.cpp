@@ -8,7 +8,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/dates.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/clock.h"
 #include "platform/file_changes.h"
 #include "platform/file_details.h"
@@ -19,11 +19,11 @@
 const CommandHelp touchHelp = {
     u"Sets the times of files, and makes empty files.",
     u"TOUCH [range ...] [/A[:]attributes] [/C] [/D[acw]date] [/T[acw]time] [/R[:]file] [/E] [/F] [/N] [/P] "
-    u"[/Q] [/S] "
-    u"file ...",
+    u"[/Q] [/S] file ...",
     u"/A  files with attributes, as DIR /A tells\n"
     u"/C  make files that do not exist\n"
-    u"/D  the date, of the last write, or with a, c or w of the last access, the creation or the last write\n"
+    u"/D  the date, of the last write, or with a, c or w of the last access, the creation or the last "
+    u"write\n"
     u"/E  show no error messages\n"
     u"/F  read-only files too\n"
     u"/N  change nothing, show only what would be done\n"
@@ -33,10 +33,8 @@ const CommandHelp touchHelp = {
     u"/S  in all subdirectories too\n"
     u"/T  the time of day, as /D\n"
     u"Without /D, /T and /R files are written now. With /D alone they keep their time of day, with /T alone "
-    u"their "
-    u"date. Wildcards mean files, with /AD directories. The result counters are %_touch_files, %_touch_dirs "
-    u"and "
-    u"%_touch_errors.",
+    u"their date. Wildcards mean files, with /AD directories. The result counters are %_touch_files, "
+    u"%_touch_dirs and %_touch_errors.",
     u"touch *.c\n"
     u"touch /c new.txt\n"
     u"touch /d2026-01-31 /t12:00 report.doc\n"

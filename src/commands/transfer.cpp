@@ -11,7 +11,7 @@
 #include "files/descriptions.h"
 #include "files/known_directories.h"
 #include "files/partial_files.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/environment.h"
 #include "platform/file_changes.h"
 #include "platform/file_details.h"

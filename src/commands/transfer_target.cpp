@@ -10,7 +10,7 @@
 #include "files/descriptions.h"
 #include "files/directory_name.h"
 #include "files/target_names.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"
 #include "text/path_names.h"

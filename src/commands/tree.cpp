@@ -19,7 +19,6 @@
 #include "files/dates.h"
 #include "files/directory_source.h"
 #include "files/file_search.h"
-#include "lang/messages.h"
 #include "platform/file_facts.h"
 #include "text/numbers.h"
 #include "text/path_names.h"
@@ -40,8 +39,7 @@ const CommandHelp treeHelp = {
     u"/T  the time of the last write, or with a of the last access, with c of the creation\n"
     u"/Z  what is in each directory, with all below it, in bytes\n"
     u"Without directories the current one is meant. A pattern or a range shows the files that fit it. Links "
-    u"to "
-    u"directories are followed as DirJunctions says, each target once. Colors are those of ColorDir. The "
+    u"to directories are followed as DirJunctions says, each target once. Colors are those of ColorDir. The "
     u"result counters are %_tree_files, %_tree_dirs and %_tree_errors.",
     u"tree C:\\work\n"
     u"tree /a /f > tree.txt\n"

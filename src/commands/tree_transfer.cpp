@@ -9,7 +9,7 @@
 #include "engine/inifile.h"
 #include "files/directory_name.h"
 #include "files/partial_files.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_copy.h"
 #include "platform/file_details.h"

@@ -12,12 +12,9 @@ const CommandHelp truenameHelp = {
     u"Shows where names really lead to.",
     u"TRUENAME [name ...]",
     u"Links and junctions are followed, substituted drives replaced by what they stand for, and names "
-    u"spelled "
-    u"as they are on the disk, short ones made long. What does not exist, or holds wildcards, is shown "
-    u"behind "
-    u"the directory that does. Without a name the current directory is meant. The result is 2 when a name "
-    u"has "
-    u"no directory that exists.",
+    u"spelled as they are on the disk, short ones made long. What does not exist, or holds wildcards, is "
+    u"shown behind the directory that does. Without a name the current directory is meant. The result is 2 "
+    u"when a name has no directory that exists.",
     u"truename x:\\project\n"
     u"truename \"C:\\Documents and Settings\"",
 };

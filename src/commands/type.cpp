@@ -29,10 +29,9 @@ const CommandHelp typeHelp = {
     u"/A  files with attributes, as DIR /A tells; hidden files are left out otherwise\n"
     u"/N  number the lines\n"
     u"/P  wait for a key after each screen\n"
-    u"Names may hold wildcards and ranges may pick files, as DIR explains. With more than one file the names "
-    u"go to standard error. "
-    u"UTF-16 and UTF-8 files are recognised. Output to a file or pipe holds the very bytes of the file, but "
-    u"for UTF-16 files, and for outputs whose encoding was set.",
+    u"Names may hold wildcards and ranges may pick files, as DIR explains. With more than one file the "
+    u"names go to standard error. UTF-16 and UTF-8 files are recognised. Output to a file or pipe holds the "
+    u"very bytes of the file, but for UTF-16 files, and for outputs whose encoding was set.",
     u"type readme.txt\n"
     u"type /n *.btm\n"
     u"type a.txt b.txt > both.txt",

@@ -7,6 +7,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "functions/new_uuid.h"
+#include "lang/function_messages.h"
 #include "text/compare.h"
 #include "text/numbers.h"
 #include "text/words.h"

@@ -4,6 +4,8 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/file_messages.h"
+#include "lang/messages.h"
 #include "text/compare.h"
 
 const CommandHelp verifyHelp = {

@@ -6,6 +6,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/version.h"
+#include "lang/messages.h"
 #include "platform/system_version.h"
 #include "text/encoding.h"
 

@@ -6,7 +6,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/directory_name.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/directory.h"
 #include "platform/file_details.h"
 #include "platform/volumes.h"
@@ -31,8 +31,7 @@ const CommandHelp freeHelp = {
     u"/K  count in kilobytes of 1024 bytes; /M, /G and /T in units of 1024 times as much each\n"
     u"Without a drive the current one is meant. Any file stands for the drive or share that it is on. Units "
     u"are rounded down, for the part in use up. What is free for this user is told as well where a quota "
-    u"makes "
-    u"it less. The result is 2 when a drive cannot be asked.",
+    u"makes it less. The result is 2 when a drive cannot be asked.",
     u"free\n"
     u"free /m c: d:\n"
     u"free /a /g",

@@ -12,6 +12,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "expand/lists.h"
+#include "lang/messages.h"
 #include "platform/environment.h"
 #include "text/compare.h"
 #include "text/path_names.h"

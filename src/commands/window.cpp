@@ -7,6 +7,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/console_messages.h"
 #include "platform/desktop.h"
 #include "platform/window_changes.h"
 #include "text/compare.h"
@@ -15,8 +16,9 @@
 const CommandHelp activateHelp = {
     u"Brings the window of a program to the front, or changes it.",
     u"ACTIVATE [/A] window [action ...]",
-    u"/A  all windows of that title, not only the foremost"
-    u"\n" WINDOW_ACTION_NAMES u"CLOSE                 asks it to close, as a click on its cross does\n"
+    u"/A  all windows of that title, not only the foremost\n" //
+    WINDOW_ACTION_NAMES                                       //
+    u"CLOSE                 asks it to close, as a click on its cross does\n"
     u"The window is given by its title, in double quotes when it holds blanks, wildcards allowed; without "
     u"them by the beginning of it. The number of a process and the handle of a window (0x and hexadecimal) "
     u"will do, too. Without actions it comes to the front. The result is 2 when there is no such window.",

@@ -1,6 +1,7 @@
 #include "commands/window_actions.h"
 
 #include "engine/results.h"
+#include "lang/console_messages.h"
 #include "platform/tray_icon.h"
 #include "platform/window_changes.h"
 #include "text/compare.h"

@@ -30,9 +30,8 @@ const CommandHelp xhistoryHelp = {
     u"/T  only lines that hold the text\n"
     u"/V  show the newest line first\n"
     u"With a count the newest of the lines are shown, so many of them. Lines are kept from one session to "
-    u"the "
-    u"next for all shells of a user, while the setting XHistory is on; what the command history leaves out "
-    u"is left out here too.",
+    u"the next for all shells of a user, while the setting XHistory is on; what the command history leaves "
+    u"out is left out here too.",
     u"xhistory 20\n"
     u"xhistory /e /d\n"
     u"xhistory /t:copy /v\n"

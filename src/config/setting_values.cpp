@@ -7,7 +7,7 @@
 #include "config/colors.h"
 #include "config/key_names.h"
 #include "config/protected_text.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/format.h"
 #include "text/numbers.h"

@@ -13,6 +13,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "engine/version.h"
+#include "lang/messages.h"
 #include "platform/clock.h"
 #include "platform/directory.h"
 #include "platform/environment.h"

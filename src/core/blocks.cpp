@@ -5,6 +5,8 @@
 #include "engine/command_entry.h"
 #include "engine/console_entry.h"
 #include "engine/state.h"
+#include "lang/errors.h"
+#include "lang/messages.h"
 #include "platform/environment.h"
 #include "text/block_scanner.h"
 

@@ -19,6 +19,8 @@
 #include "engine/logs.h"
 #include "engine/output.h"
 #include "engine/state.h"
+#include "lang/errors.h"
+#include "lang/messages.h"
 #include "platform/environment.h"
 #include "text/compare.h"
 #include "text/scanner.h"

@@ -4,6 +4,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/messages.h"
 
 int ReadSwitches(CString& arguments, std::u16string_view letters, std::uint64_t& flags, SwitchPlace place)
 {

@@ -12,6 +12,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/messages.h"
 #include "platform/environment.h"
 #include "platform/file_facts.h"
 #include "platform/process.h"

@@ -1,6 +1,6 @@
 #include "core/redirection_parser.h"
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/escapes.h"
 #include "text/scanner.h"

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "lang/errors.h"
 #include "text/cstring.h"
 #include "text/syntax.h"
 

@@ -10,6 +10,7 @@
 #include "engine/inifile.h"
 #include "engine/state.h"
 #include "expand/lists.h"
+#include "lang/errors.h"
 #include "platform/file_facts.h"
 #include "text/block_scanner.h"
 #include "text/compare.h"

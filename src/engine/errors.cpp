@@ -5,7 +5,6 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "lang/messages.h"
 #include "platform/console.h"
 #include "platform/lazy_library.h"
 #include "text/format.h"

@@ -6,7 +6,7 @@
 
 #include <string_view>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 
 namespace result {
 constexpr int success = 0;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <mpfr.h>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "expand/decimal_functions.h"
 #include "expand/expression_reader.h"
 #include "expand/number_format.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/words.h"
 

@@ -1,6 +1,6 @@
 #include "expand/expander.h"
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/block_scanner.h"
 #include "text/compare.h"
 #include "text/scanner.h"

@@ -1,6 +1,7 @@
 #include "engine/tables.h"
 #include "expand/expander.h"
 #include "expand/modifiers.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/format.h"
 #include "text/scanner.h"

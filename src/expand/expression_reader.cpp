@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 
 namespace {

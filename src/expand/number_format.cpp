@@ -4,7 +4,7 @@
 #include <string>
 
 #include "expand/evaluator.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/encoding.h"
 #include "text/numbers.h"

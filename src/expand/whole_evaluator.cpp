@@ -5,7 +5,7 @@
 #include "expand/evaluator.h"
 #include "expand/expression_reader.h"
 #include "expand/number_format.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/encoding.h"
 #include "text/words.h"

@@ -1,6 +1,6 @@
 #include "files/attribute_masks.h"
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 
 namespace {

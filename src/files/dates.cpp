@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/format.h"
 #include "text/numbers.h"

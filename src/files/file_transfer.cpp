@@ -7,7 +7,7 @@
 #include <windows.h>
 
 #include "engine/break.h"
-#include "lang/messages.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"

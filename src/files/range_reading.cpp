@@ -5,7 +5,7 @@
 
 #include "files/dates.h"
 #include "files/ranges.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/numbers.h"
 #include "text/scanner.h"

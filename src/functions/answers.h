@@ -5,7 +5,8 @@
 #include <string_view>
 
 #include "engine/tables.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
+#include "lang/function_messages.h"
 #include "text/format.h"
 
 namespace answer {

@@ -17,6 +17,7 @@
 #include "functions/arguments.h"
 #include "functions/buffers.h"
 #include "functions/file_answers.h"
+#include "lang/function_messages.h"
 #include "platform/byte_files.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"

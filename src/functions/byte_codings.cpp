@@ -16,6 +16,7 @@
 #include "functions/answers.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/function_messages.h"
 #include "platform/byte_files.h"
 #include "text/compare.h"
 #include "text/encoding.h"

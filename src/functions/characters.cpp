@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "functions/arguments.h"
+#include "lang/errors.h"
 #include "text/code_points.h"
 #include "text/compare.h"
 #include "text/format.h"

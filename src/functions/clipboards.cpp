@@ -9,6 +9,7 @@
 #include "files/text_lines.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
 #include "platform/handle.h"
 #include "platform/text_output.h"
 

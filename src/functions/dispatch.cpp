@@ -7,6 +7,7 @@
 #include "expand/expansion_world.h"
 #include "expand/lists.h"
 #include "functions/arguments.h"
+#include "lang/errors.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 
 #include "functions/amounts.h"
 #include "functions/arguments.h"
+#include "lang/function_messages.h"
 #include "platform/file_facts.h"
 #include "platform/volumes.h"
 #include "text/compare.h"

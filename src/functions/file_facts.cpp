@@ -15,6 +15,7 @@
 #include "functions/arguments.h"
 #include "functions/date_forms.h"
 #include "functions/file_answers.h"
+#include "lang/function_messages.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"
 #include "platform/file_properties.h"

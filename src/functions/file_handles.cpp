@@ -17,6 +17,8 @@
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
 #include "functions/line_answers.h"
+#include "lang/errors.h"
+#include "lang/function_messages.h"
 #include "text/compare.h"
 #include "text/numbers.h"
 

@@ -13,6 +13,7 @@
 #include "files/wildcards.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
 #include "platform/directory.h"
 #include "platform/file_facts.h"
 #include "platform/registry.h"

@@ -17,6 +17,8 @@
 #include "files/file_search.h"
 #include "functions/amounts.h"
 #include "functions/arguments.h"
+#include "lang/errors.h"
+#include "lang/function_messages.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"

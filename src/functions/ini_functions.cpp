@@ -13,6 +13,7 @@
 #include "files/whole_text.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
 #include "platform/file_facts.h"
 #include "platform/whole_file.h"
 #include "text/ini_text.h"

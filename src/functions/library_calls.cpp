@@ -8,6 +8,7 @@
 
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
 #include "platform/module.h"
 #include "text/encoding.h"
 #include "text/numbers.h"

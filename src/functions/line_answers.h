@@ -3,6 +3,7 @@
 
 #include "expand/expansion.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
 
 // What is answered in the place of a line behind the last one: an empty line is an empty text.
 constexpr std::u16string_view endOfFile = u"**EOF**";

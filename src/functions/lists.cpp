@@ -9,6 +9,7 @@
 #include "console/history.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/words.h"
 

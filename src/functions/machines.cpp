@@ -5,6 +5,7 @@
 
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
 #include "platform/account_names.h"
 #include "platform/machine_names.h"
 #include "platform/service_facts.h"

@@ -11,6 +11,7 @@
 #include "files/regex.h"
 #include "functions/answers.h"
 #include "functions/arguments.h"
+#include "lang/function_messages.h"
 
 namespace {
 

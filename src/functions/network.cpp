@@ -8,6 +8,8 @@
 
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
+#include "lang/function_messages.h"
 #include "platform/network_adapters.h"
 #include "platform/network_names.h"
 

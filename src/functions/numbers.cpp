@@ -11,6 +11,7 @@
 #include "expand/decimal.h"
 #include "expand/expansion.h"
 #include "functions/arguments.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/encoding.h"
 #include "text/format.h"

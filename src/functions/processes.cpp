@@ -10,6 +10,7 @@
 #include "engine/results.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/function_messages.h"
 #include "platform/file_details.h"
 #include "platform/process_family.h"
 #include "platform/process_list.h"

@@ -8,6 +8,8 @@
 #include "functions/arguments.h"
 #include "functions/buffers.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
+#include "lang/function_messages.h"
 #include "platform/registry_editing.h"
 
 namespace {

@@ -6,6 +6,7 @@
 
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
 #include "platform/console.h"
 
 namespace {

@@ -10,6 +10,8 @@
 #include "engine/state.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
+#include "lang/function_messages.h"
 #include "platform/shared_section.h"
 
 struct SharedPieces {

@@ -2,6 +2,7 @@
 #include "functions/families.h"
 
 #include "functions/answers.h"
+#include "lang/function_messages.h"
 #include "text/encoding.h"
 #include "text/punycode.h"
 #include "text/web_text.h"

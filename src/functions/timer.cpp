@@ -2,6 +2,7 @@
 #include "functions/arguments.h"
 #include "functions/families.h"
 #include "internals/clock_texts.h"
+#include "lang/errors.h"
 
 // @timer[n]: the time that stopwatch n (1 to 10) has run, "0:00:12.06"; nothing when it does not run.
 int Timer_Function(FunctionCall& call)

@@ -10,6 +10,7 @@
 #include "batch/window_tests.h"
 #include "functions/arguments.h"
 #include "functions/file_answers.h"
+#include "lang/errors.h"
 #include "platform/desktop.h"
 #include "platform/file_facts.h"
 #include "platform/process_list.h"

@@ -17,6 +17,7 @@
 #include "engine/state.h"
 #include "expand/list_keeper.h"
 #include "expand/lists.h"
+#include "lang/errors.h"
 #include "lifecycle/session_start.h"
 #include "lifecycle/start_options.h"
 #include "lifecycle/startup.h"

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "commands/start_switches.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "config/protected_text.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "tests/unit/config_fake_world.h"
 
 namespace {

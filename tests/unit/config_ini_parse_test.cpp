@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "tests/unit/config_fake_world.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include "core/redirection_parser.h"
 #include "core/separators.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/block_scanner.h"
 #include "text/encoding.h"
 

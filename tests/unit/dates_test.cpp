@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "lang/messages.h"
 #include "text/encoding.h"
 
 namespace {

@@ -5,7 +5,6 @@
 
 #include "expand/evaluator.h"
 #include "expand/expression_reader.h"
-#include "lang/messages.h"
 #include "text/compare.h"
 #include "text/encoding.h"
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "engine/state.h"
+#include "lang/errors.h"
 #include "tests/unit/fake_expansion_world.h"
 #include "text/encoding.h"
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/encoding.h"
 #include "text/words.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "expand/expansion.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/compare.h"
 #include "text/format.h"
 #include "text/numbers.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/encoding.h"
 
 namespace {

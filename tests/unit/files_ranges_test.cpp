@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "files/dates.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/encoding.h"
 #include "text/format.h"
 

@@ -4,7 +4,7 @@
 
 #include "functions/arguments.h"
 #include "functions/families.h"
-#include "lang/messages.h"
+#include "lang/errors.h"
 #include "text/encoding.h"
 
 namespace {

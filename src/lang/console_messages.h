@@ -1,0 +1,34 @@
+// Codes and texts of the line editor, completion, lists, windows and the screen: 4030 to 4199.
+#pragma once
+
+namespace errors {
+constexpr unsigned noCompletionFile = 0x2000042E;    // 4070
+constexpr unsigned noFileList = 0x2000042F;          // 4071
+constexpr unsigned offScreen = 0x20000460;           // 4120
+constexpr unsigned clipboardEmpty = 0x20000461;      // 4121
+constexpr unsigned clipboardOfPipe = 0x20000462;     // 4122
+constexpr unsigned noWindow = 0x20000463;            // 4123
+constexpr unsigned unknownKey = 0x20000464;          // 4124
+constexpr unsigned unknownButtons = 0x20000465;      // 4125
+constexpr unsigned cannotPlay = 0x20000466;          // 4126
+constexpr unsigned unknownWindowAction = 0x20000467; // 4127
+constexpr unsigned noDesktop = 0x20000468;           // 4128
+constexpr unsigned consoleFont = 0x20000469;         // 4129
+constexpr unsigned screenMode = 0x2000046E;          // 4134
+constexpr unsigned unknownKeyFunction = 0x2000046F;  // 4135
+} // namespace errors
+
+namespace message {
+constexpr unsigned selectKeys = 4073;
+constexpr unsigned selectOneKeys = 4074;
+constexpr unsigned moreTopics = 4075;
+constexpr unsigned keyState = 4130;
+constexpr unsigned capsLock = 4131;
+constexpr unsigned numLock = 4132;
+constexpr unsigned scrollLock = 4133;
+constexpr unsigned okButton = 4140;
+constexpr unsigned cancelButton = 4141;
+constexpr unsigned transientState = 4142;
+constexpr unsigned keysState = 4143;
+constexpr unsigned unboundKey = 4144;
+} // namespace message
