@@ -146,23 +146,15 @@ private:
 
     unsigned Make(Link one, const CString& file, const CString& place, const CString& link)
     {
-        if (!MakePlace(place))
-            return GetLastError();
+        const bool there = place.empty() || QueryIsDirectory(place);
+        const unsigned unmade = there ? 0 : MakeDirectoryWithParents(WithoutEndSeparators(place));
+        if (unmade != 0 && unmade != ERROR_ALREADY_EXISTS)
+            return unmade;
         if (const unsigned failed = MakeLink(one, link, file))
             return failed;
         NotifyOfChange(IsDirectoryLink(one) ? FolderChange::DirectoryCreated : FolderChange::FileCreated,
                        link);
         return 0;
-    }
-
-    // The directory and those above it, as far as they are missing.
-    static bool MakePlace(const CString& directory)
-    {
-        const CString name(WithoutEndSeparators(directory));
-        if (name.empty() || name.back() == u':' || QueryIsDirectory(name))
-            return true;
-        const CString above(DirectoryPart(name));
-        return MakePlace(above) && MakeDirectory(name) == 0;
     }
 
     Link kind;
