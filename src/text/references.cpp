@@ -23,14 +23,19 @@ std::size_t FindOpening(std::u16string_view text, std::size_t at)
     return open != npos && text[open] == u'[' ? open : npos;
 }
 
-// The "%" that closes "%name:old=new%" or "%name:~1,2%"; npos when there is no such modifier.
-std::size_t FindModifierEnd(std::u16string_view text, std::size_t at, const Syntax& syntax)
+// The "%" that closes "%name%", "%name:old=new%" or "%name:~1,2%"; npos when none does. A parameter's number
+// needs no end.
+std::size_t FindNameEnd(std::u16string_view text, std::size_t at, const Syntax& syntax)
 {
     std::size_t colon = at + 1;
     while (colon < text.size() &&
            (IsLetterOrDigit(text[colon]) || text[colon] == u'_' || text[colon] == u'$'))
         ++colon;
-    if (colon == at + 1 || colon >= text.size() || text[colon] != u':')
+    if (colon == at + 1 || colon >= text.size())
+        return npos;
+    if (text[colon] == u'%')
+        return IsDigit(text[at + 1]) ? npos : colon;
+    if (text[colon] != u':')
         return npos;
     std::size_t end = colon + 1;
     while (end < text.size() && text[end] != u'%' && text[end] != u'\n')
@@ -56,6 +61,6 @@ std::size_t PassReference(std::u16string_view text, std::size_t at, const Syntax
         return at + 2;
     const std::size_t open = FindOpening(text, at);
     const std::size_t end =
-        open != npos ? FindClosing(text, open, quotes::back, syntax) : FindModifierEnd(text, at, syntax);
+        open != npos ? FindClosing(text, open, quotes::back, syntax) : FindNameEnd(text, at, syntax);
     return end == npos ? at + 1 : end + 1;
 }

@@ -8,6 +8,6 @@
 #include "text/syntax.h"
 
 // Behind the reference that the "%" at `at` begins, as far as its brackets ("%@name[...]", "%(...)",
-// "%{...}",
-// "%[[...]]") or its modifier ("%name:a=b%") hide anything; else directly behind the "%", or behind "%%".
+// "%{...}", "%[[...]]"), its modifier ("%name:a=b%") or its own end ("%name%", which a "+" may follow) hide
+// anything; else directly behind the "%", or behind "%%".
 std::size_t PassReference(std::u16string_view text, std::size_t at, const Syntax& syntax);

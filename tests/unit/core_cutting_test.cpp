@@ -91,6 +91,7 @@ TEST(Separators, Commands)
         {u"a 2>&1 & b >& f", CommandShape::Plain, "[a 2>&1 ];[ b >& f]"},
         {u"a %+ b", CommandShape::Plain, "[a ];[ b]"},
         {u"a %b% c", CommandShape::Plain, "[a %b% c]"},
+        {u"a %b%+1 %+ c", CommandShape::Plain, "[a %b%+1 ];[ c]"},
         {u"a &| b", CommandShape::Plain, "[a ]e[ b]"},
         {u"a |& b", CommandShape::Plain, "[a ]e[ b]"},
         {u"a &|b", CommandShape::Plain, "[a ];[]|[b]"},

@@ -118,6 +118,8 @@ TEST(TextReferences, ArePassedOver)
         {u"%x:~1,2% c", 8, 8},
         {u"%x:^%=a% c", 8, 8},
         {u"%x:y% c", 1, 1},
+        {u"%xy%+1", 4, 4},
+        {u"%1%+1", 1, 1},
         {u"%x:a & set y=%z%", 1, 14},
         {u"%x:=", 1, 1},
         {u"%:a=b%", 1, 1},
