@@ -31,8 +31,7 @@ const CommandHelp detachHelp = {
     u"Runs a program or command line without console and does not wait for it.",
     u"DETACH command",
     u"The whole rest of the line is detached, with its separators, pipes and redirections. What is detached "
-    u"has\n"
-    u"no keyboard and no window. Its process ID is shown, and kept in %_detachpid.",
+    u"has no keyboard and no window. Its process ID is shown, and kept in %_detachpid.",
     u"detach backup.exe /all\n"
     u"detach dir /s c:\\ > list.txt & echo done >> log.txt",
 };

@@ -49,7 +49,7 @@ const CommandHelp dirHelp = {
     u"%_dir_files, %_dir_dirs and %_dir_errors.",
     u"dir\n"
     u"dir /s /b *.c;*.h\n"
-    u"dir /a:-d /o:-s \\temp\n"
+    u"dir /a:-d /o:-s c:\\temp\n"
     u"dir /[d-7] /[s1M] *.log",
 };
 

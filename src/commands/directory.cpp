@@ -36,8 +36,7 @@
 
 const CommandHelp cdHelp = {
     u"Shows or changes the current directory.",
-    u"CD\n"
-    u"CD [/D] [/N] directory\n"
+    u"CD [/D] [/N] [directory]\n"
     u"CD drive:\n"
     u"CD -\n"
     u"CD /S | /U [place ...]",
@@ -49,8 +48,8 @@ const CommandHelp cdHelp = {
     u"blanks may be left out; wildcards go to the first directory that matches. name: stands for the "
     u"directory that the alias of that name holds. " DIRECTORY_SEARCH_RULES,
     u"cd ..\n"
-    u"cd \\Program Files\n"
     u"cd ...\\tools\n"
+    u"cd \\Program Files\n"
     u"cd /d d:\\work",
 };
 

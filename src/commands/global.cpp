@@ -43,10 +43,10 @@ const CommandHelp globalHelp = {
     u"comes back to the directory it was started in, whatever happens. The result is that of the last "
     u"command that failed. The result counters are %_global_dirs, where the command has run, and "
     u"%_global_errors, how often it failed.",
-    u"global del *.bak\n"
+    u"global /i del *.bak\n"
     u"global /i /q (echo %_cwd & dir /b *.c)\n"
-    u"global /h /[!.git] /s2 ren *.jpeg *.jpg\n"
-    u"global /r rd empty",
+    u"global /h /i /[!.git] /s2 ren *.jpeg *.jpg\n"
+    u"global /i /r rd empty",
 };
 
 namespace {

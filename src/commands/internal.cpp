@@ -23,7 +23,7 @@ const CommandHelp internalHelp = {
     u"disabled, are listed with their state. \"*name\" and aliases do not reach a disabled command either. "
     u"INTERNAL itself stays enabled, so that all of this can be taken back.",
     u"internal\n"
-    u"internal /d format* ren\n"
+    u"internal /d copy* ren\n"
     u"internal /a",
 };
 

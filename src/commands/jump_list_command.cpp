@@ -19,10 +19,10 @@
 
 const CommandHelp jumplistHelp = {
     u"Shows and changes the tasks and recent files in the taskbar's list of this program.",
-    u"JUMPLIST\n"
     u"JUMPLIST /A\"title\" [/D\"directory\"] [/I\"icon\"] program [arguments]\n"
     u"JUMPLIST /F file ...\n"
-    u"JUMPLIST /R\"title\" | /C | /X",
+    u"JUMPLIST /R\"title\" | /C | /X\n"
+    u"JUMPLIST",
     u"/A  add a task, or replace the one with this title\n"
     u"/C  forget the recent files\n"
     u"/D  the directory that the task starts in\n"

@@ -54,7 +54,7 @@ const CommandHelp pdirHelp = {
     u"DIR. The result counters are %_pdir_files, %_pdir_dirs and %_pdir_errors.",
     u"pdir /(d t 12sc n) *.txt\n"
     u"pdir /s /a:-d /(f,s,c2)\n"
-    u"pdir /(-40n '|' 8sK i) *\n"
+    u"pdir /(-40n '^|' 8sK i) *\n"
     u"pdir /(n @words[0,*]) *.btm",
 };
 

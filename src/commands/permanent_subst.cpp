@@ -18,9 +18,9 @@
 
 const CommandHelp psubstHelp = {
     u"Makes drive letters that stand for folders and outlive a restart.",
-    u"PSUBST\n"
     u"PSUBST [/U] drive: folder\n"
-    u"PSUBST /D [/U] drive: ...",
+    u"PSUBST /D [/U] drive: ...\n"
+    u"PSUBST",
     u"/D  take the drive away, now and for good\n"
     u"/U  for this user, from each logon on; otherwise for the computer, from its start on, as only "
     u"administrators may\n"

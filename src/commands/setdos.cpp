@@ -18,7 +18,6 @@
 
 const CommandHelp setdosHelp = {
     u"Shows or changes how the command line behaves, for this shell.",
-    u"SETDOS\n"
     u"SETDOS [/A0 | /A1] [/Cc] [/D0 | /D1 | /Dname] [/Ec] [/Fmin.max] [/Gdt | /G0] [/I+name | /I-name] "
     u"[/Mn] [/N0 | /N1] [/Pc] [/So:i] [/T0 | /T1] [/V0 | /V1] [/X[+|-]list]",
     u"/A  escape sequences in output: 1 on, 0 off\n"
@@ -39,9 +38,9 @@ const CommandHelp setdosHelp = {
     u"references in values, 6 redirection and pipes, 7 brackets of regular expressions, 8 the escape "
     u"character, A references in the results of functions. 0 stands for all of them; /X0 switches all on\n"
     u"Without arguments all of this is shown as it is now. A character may be given by its code, too: 0x7E.",
-    u"setdos /c~ /e0x60\n"
-    u"setdos /i-format /n1\n"
-    u"setdos /x-68 & type odd.txt & setdos /x+68",
+    u"setdos /i-del /n1\n"
+    u"setdos /x-68 & type odd.txt & setdos /x+68\n"
+    u"setdos /c~ /e0x60",
 };
 
 namespace {

@@ -22,7 +22,6 @@
 
 const CommandHelp shortcutHelp = {
     u"Shows, makes and changes shortcuts: the .LNK files of the desktop and the start menu.",
-    u"SHORTCUT shortcut\n"
     u"SHORTCUT [/A\"arguments\"] [/C\"comment\"] [/D\"directory\"] [/I\"icon[,number]\"] [/Kkey] [/R] "
     u"[/Wstate] shortcut [target]",
     u"/A  the arguments that the target gets\n"

@@ -13,6 +13,7 @@ from pathlib import Path
 
 import bless
 import case_file
+import help_examples
 import reference_page
 import tokens
 from execute import Difference, Execution, Settings
@@ -21,13 +22,15 @@ from machine import Machine, MachineError
 ROOT = Path(__file__).resolve().parents[2]
 
 
+PARSERS = {".case": case_file.parse, ".md": reference_page.parse, ".cpp": help_examples.parse}
+DEFAULT_PATHS = [ROOT / "tests/scripts", ROOT / "docs/reference", ROOT / "src/commands"]
 # What the shell reports when the emulated system fails to start a process, as it rarely does under load.
 NO_START = '+Internal error. "'
 
 
 def read_arguments():
     parser = argparse.ArgumentParser(prog="tests/runner", description="Runs golden scripts through the shell.")
-    parser.add_argument("paths", nargs="*", type=Path, help="case files or folders (default: tests/scripts and docs/reference)")
+    parser.add_argument("paths", nargs="*", type=Path, help="case files or folders (default: tests/scripts, docs/reference and src/commands)")
     parser.add_argument("-k", dest="pattern", default="", help="only cases with this in their file or name")
     parser.add_argument("-j", dest="workers", type=int, default=min(2, os.cpu_count() or 1))
     parser.add_argument("--bless", action="store_true", help="rewrite the expectations of failing cases")
@@ -43,13 +46,12 @@ def find_cases(paths, pattern):
     """All cases whose file or name has the pattern, and the messages of files that cannot be read."""
     files = []
     for path in paths:
-        files += sorted([*path.rglob("*.case"), *path.rglob("*.md")]) if path.is_dir() else [path]
+        files += sorted(file for file in path.rglob("*") if file.suffix in PARSERS) if path.is_dir() else [path]
     cases, errors = [], []
     for file in files:
         name = str(file.resolve().relative_to(ROOT)) if file.resolve().is_relative_to(ROOT) else str(file)
         try:
-            parse = reference_page.parse if file.suffix == ".md" else case_file.parse
-            found = parse(name, file.read_text(encoding="utf-8"))
+            found = PARSERS[file.suffix](name, file.read_text(encoding="utf-8"))
         except (case_file.CaseError, UnicodeDecodeError) as error:
             errors.append(str(error))
             continue
@@ -141,7 +143,7 @@ class Run:
 def main():
     arguments = read_arguments()
     sys.stdout.reconfigure(errors="backslashreplace")
-    cases, errors = find_cases(arguments.paths or [ROOT / "tests/scripts", ROOT / "docs/reference"], arguments.pattern)
+    cases, errors = find_cases(arguments.paths or DEFAULT_PATHS, arguments.pattern)
     for error in errors:
         print(f"FAILED {error}")
     run = Run(arguments, cases)

@@ -75,12 +75,12 @@ class Case:
     stdin: Section | None = None
     stdout: Section = field(default_factory=lambda: Section("stdout"))
     stderr: Section = field(default_factory=lambda: Section("stderr"))
-    exit_code: int = 0
+    exit_code: int | None = 0  # None: any
     exit_line: int = 0
     files_after: list = field(default_factory=list)
     no_files: list = field(default_factory=list)
     last_line: int = 0  # where another section of the case would follow
-    is_reference: bool = False  # made of a page of the reference, whose text nobody rewrites
+    is_reference: bool = False  # made of the reference or of help, whose text nobody rewrites
 
     @property
     def title(self):

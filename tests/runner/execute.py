@@ -152,7 +152,7 @@ class Execution:
         for name in case.no_files:
             if self.path(name).exists():
                 differences.append(Difference(name, ["the file should not exist"]))
-        if code != case.exit_code:
+        if case.exit_code is not None and code != case.exit_code:
             report = [f"expected {_code(case.exit_code)}, got {_code(code)}"]
             differences.append(Difference("exit code", report, exit_code=code))
         return differences
