@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "console/popup_list.h"
+#include "console/popup_style.h"
 #include "console/system_console.h"
 #include "core/command_switches.h"
 #include "engine/console_entry.h"
@@ -19,6 +19,7 @@
 #include "platform/directory.h"
 #include "platform/file_facts.h"
 #include "platform/volumes.h"
+#include "text/cell_width.h"
 #include "text/format.h"
 #include "text/numbers.h"
 #include "text/path_names.h"
@@ -29,11 +30,13 @@ namespace {
 // The number of the line, or npos.
 std::size_t PickInWindow(const std::vector<CString>& directories, SystemEditorConsole& console)
 {
-    const ScreenExtent extent = console.Extent();
-    PopupRequest request;
+    PopupRequest request = UsualPopup();
+    request.place =
+        PopupPlace({aIniFile.CDDWinLeft, aIniFile.CDDWinTop, aIniFile.CDDWinWidth, aIniFile.CDDWinHeight});
+    for (const CString& directory : directories)
+        request.place.columns = std::max(request.place.columns, TextWidth(directory) + 2);
     request.title = LoadMessage(message::directoryListTitle);
     request.lines = directories;
-    request.place = {extent.top, extent.left, extent.windowRows, extent.windowColumns};
     const PopupResult result = RunPopupList(console, std::move(request));
     return result.action == PopupAction::Selected ? result.line : CString::npos;
 }

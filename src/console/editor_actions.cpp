@@ -29,6 +29,7 @@ constexpr ActionRow actionRows[] = {
     {u"Argument9", Argument9},
     {u"Backspace", Backspace},
     {u"BeginLine", BeginLine},
+    {u"CommandDialog", CommandDialog},
     {u"CommandEscape", CommandEscape},
     {u"ConsoleHeightMax", ConsoleHeightMax},
     {u"ConsoleHeightMin", ConsoleHeightMin},
@@ -78,6 +79,7 @@ constexpr ActionRow actionRows[] = {
     {u"PrevHistory", PrevHistory},
     {u"PrintHistory", PrintHistory},
     {u"Redo", Redo},
+    {u"Regex", Regex},
     {u"RepeatArgument", RepeatArgument},
     {u"RepeatFile", RepeatFile},
     {u"Right", Right},
@@ -88,11 +90,13 @@ constexpr ActionRow actionRows[] = {
     {u"SelectToEnd", SelectToEnd},
     {u"SelectWordLeft", SelectWordLeft},
     {u"SelectWordRight", SelectWordRight},
+    {u"SingleStep", SingleStep},
     {u"Undo", Undo},
     {u"VariableExpand", VariableExpand},
     {u"VariableExpandWord", VariableExpandWord},
     {u"WordLeft", WordLeft},
     {u"WordRight", WordRight},
+    {u"XHistWinOpen", XHistWinOpen},
 };
 // clang-format on
 

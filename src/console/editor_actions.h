@@ -62,6 +62,7 @@ void Argument7(LineEditor& editor);
 void Argument8(LineEditor& editor);
 void Argument9(LineEditor& editor);
 void DirWinOpen(LineEditor& editor);
+void XHistWinOpen(LineEditor& editor);
 void NextDirHistory(LineEditor& editor);
 void PrevDirHistory(LineEditor& editor);
 
@@ -93,3 +94,6 @@ void MoveConsoleUp(LineEditor& editor);
 
 // The line as a whole: editor_window.cpp
 void HelpWord(LineEditor& editor);
+void CommandDialog(LineEditor& editor);
+void Regex(LineEditor& editor);
+void SingleStep(LineEditor& editor);

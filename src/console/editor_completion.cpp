@@ -156,8 +156,8 @@ void PopFile(LineEditor& editor)
     std::vector<CString> lines;
     for (const CompletionCandidate& candidate : editor.completing->offer.candidates)
         lines.push_back(candidate.shown.empty() ? candidate.text : candidate.shown);
-    const auto pick = editor.world.Pick(editor.console, lines, editor.completing->index, false);
-    editor.ShapeCursor();
+    const auto pick =
+        editor.world.Pick(editor.console, lines, editor.completing->index, PickFrom::Candidates, {});
     if (pick && pick->chosen < lines.size())
         Put(editor, pick->chosen);
     else if (!goesOn)

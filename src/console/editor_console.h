@@ -80,6 +80,7 @@ public:
     virtual ScreenPlace Cursor() = 0;
     virtual void PlaceCursor(ScreenPlace place) = 0; // the window follows it
     virtual void ShapeCursor(int percent) = 0;       // its height; 0 hides it, below 0 nothing is changed
+    virtual int CursorShape() = 0;                   // the same
     virtual unsigned Attributes() = 0;               // of text to come
 
     // Characters from a place on, at most to the end of the row. Control characters must not be among them.

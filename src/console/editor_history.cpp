@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "console/edit_words.h"
 #include "console/editor_actions.h"
@@ -19,11 +20,18 @@ bool TakeHistory(LineEditor& editor)
     return !editor.recall.Lines().empty();
 }
 
+// A line of the history as it comes onto the command line.
+std::u16string_view Recalled(const LineEditor& editor, std::u16string_view line)
+{
+    const std::size_t indent = line.find_first_not_of(u" \t");
+    return editor.settings.maintainIndent || indent == line.npos ? line : line.substr(indent);
+}
+
 // The line at the place of the walk is still what is edited.
 bool StandsUnchanged(const LineEditor& editor)
 {
     return editor.recall.Walking() &&
-           editor.recall.Lines()[editor.recall.Place()].view() == editor.text.View();
+           Recalled(editor, editor.recall.Lines()[editor.recall.Place()]) == editor.text.View();
 }
 
 using Step = const CString* (HistoryRecall::*)(std::u16string_view, std::size_t, const HistoryRecall::Rules&);
@@ -43,8 +51,8 @@ void Walk(LineEditor& editor, Step step)
         editor.Beep();
         return;
     }
-    if (line->view() != present.view())
-        editor.text.SetText(*line);
+    if (const std::u16string_view recalled = Recalled(editor, *line); recalled != present.view())
+        editor.text.SetText(recalled);
 }
 
 const CString* NewestLine(LineEditor& editor)
@@ -62,6 +70,39 @@ void InsertArgument(LineEditor& editor, std::size_t number)
         editor.Beep();
 }
 
+// What has been typed so far is what a window shows lines of.
+std::u16string_view TypedFilter(const LineEditor& editor)
+{
+    return StandsUnchanged(editor) ? std::u16string_view() : editor.text.View();
+}
+
+// The history as the window has left it; answers where the line that was picked stands now.
+std::size_t TakeRemaining(HistoryRecall& recall, std::vector<CString> lines, const LinePick& pick)
+{
+    std::size_t place = pick.chosen;
+    if (pick.deleted.empty() && pick.changed.empty())
+        return place;
+    std::vector<std::size_t> deleted = pick.deleted;
+    std::sort(deleted.rbegin(), deleted.rend());
+    for (const std::size_t gone : deleted) {
+        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(gone));
+        place -= gone < place ? 1 : 0;
+    }
+    recall.Take(std::move(lines));
+    return place;
+}
+
+void TakePicked(LineEditor& editor, const CString& line, bool runs)
+{
+    if (editor.settings.appendCommandLines) {
+        editor.text.Insert(line);
+        return;
+    }
+    editor.text.SetText(Recalled(editor, line));
+    if (runs)
+        editor.Finish();
+}
+
 void Pick(LineEditor& editor, bool directory)
 {
     HistoryRecall& recall = directory ? editor.directories : editor.recall;
@@ -72,24 +113,28 @@ void Pick(LineEditor& editor, bool directory)
         return;
     }
     const std::size_t start = recall.Walking() ? recall.Place() : recall.Lines().size() - 1;
-    const auto pick = editor.world.Pick(editor.console, recall.Lines(), start, true);
-    editor.ShapeCursor();
-    const std::vector<CString> lines = recall.Lines();
+    std::vector<CString> lines = recall.Lines();
+    const auto pick =
+        editor.world.Pick(editor.console, lines, start, directory ? PickFrom::Directories : PickFrom::History,
+                          directory ? std::u16string_view() : TypedFilter(editor));
     if (!pick)
         return;
+    for (const auto& [place, line] : pick->changed)
+        editor.world.ReplaceInHistory(directory, std::exchange(lines[place], line), line);
     for (const std::size_t gone : pick->deleted)
         editor.world.DeleteFromHistory(directory, lines[gone]);
-    if (!pick->deleted.empty())
-        recall.Forget();
-    if (pick->chosen >= lines.size())
+    const bool picked = pick->chosen < lines.size();
+    const CString line = picked ? lines[pick->chosen] : CString();
+    const std::size_t place = TakeRemaining(recall, std::move(lines), *pick);
+    if (!picked)
         return;
-    const CString line = pick->text.empty() ? lines[pick->chosen] : pick->text;
-    if (directory || editor.settings.appendCommandLines)
+    if (directory) {
         editor.text.Insert(line);
-    else
-        editor.text.SetText(line);
-    if (!directory && !pick->edits && !editor.settings.appendCommandLines)
-        editor.Finish();
+        return;
+    }
+    if (!editor.settings.appendCommandLines)
+        recall.StandAt(place, editor.text.View());
+    TakePicked(editor, line, !pick->edits);
 }
 
 void WalkDirectories(LineEditor& editor, Step step)
@@ -141,10 +186,10 @@ void DelHistory(LineEditor& editor)
         editor.Beep();
         return;
     }
-    editor.world.DeleteFromHistory(false, editor.text.View());
-    editor.recall.RemovePresent();
     const std::vector<CString>& lines = editor.recall.Lines();
-    editor.text.SetText(editor.recall.Walking() ? lines[editor.recall.Place()] : CString());
+    editor.world.DeleteFromHistory(false, lines[editor.recall.Place()]);
+    editor.recall.RemovePresent();
+    editor.text.SetText(editor.recall.Walking() ? Recalled(editor, lines[editor.recall.Place()]) : u"");
 }
 
 void SaveHistory(LineEditor& editor)
@@ -161,7 +206,7 @@ void SaveHistory(LineEditor& editor)
 void LineToEnd(LineEditor& editor)
 {
     if (StandsUnchanged(editor)) {
-        editor.world.DeleteFromHistory(false, editor.text.View());
+        editor.world.DeleteFromHistory(false, editor.recall.Lines()[editor.recall.Place()]);
         editor.recall.EndWalk();
     }
     editor.Finish();
@@ -210,6 +255,19 @@ void Argument8(LineEditor& editor) { InsertArgument(editor, 8); }
 void Argument9(LineEditor& editor) { InsertArgument(editor, 9); }
 
 void HistWinOpen(LineEditor& editor) { Pick(editor, false); }
+
+void XHistWinOpen(LineEditor& editor)
+{
+    const auto pick = editor.request->command ? editor.world.PickExtended(editor.console, TypedFilter(editor))
+                                              : std::nullopt;
+    if (!pick) {
+        editor.Beep();
+        return;
+    }
+    if (!pick->text.empty())
+        TakePicked(editor, pick->text, !pick->edits);
+}
+
 void DirWinOpen(LineEditor& editor) { Pick(editor, true); }
 void PrevDirHistory(LineEditor& editor) { WalkDirectories(editor, &HistoryRecall::Older); }
 void NextDirHistory(LineEditor& editor) { WalkDirectories(editor, &HistoryRecall::Newer); }

@@ -5,6 +5,13 @@ namespace {
 // The window's size comes back as an event, and the line is shown anew then.
 void Change(LineEditor& editor, WindowChange change) { editor.world.ChangeWindow(change); }
 
+void SayUnbuilt(LineEditor& editor, std::u16string_view keyFunction, bool isDialog)
+{
+    editor.LeaveLine();
+    editor.world.ReportUnbuilt(keyFunction, isDialog);
+    editor.ReturnToLine();
+}
+
 } // namespace
 
 void ConsoleHeightMax(LineEditor& editor) { Change(editor, WindowChange::HeightMax); }
@@ -26,3 +33,7 @@ void HelpWord(LineEditor& editor)
     editor.world.ShowHelp(editor.text.View(), editor.text.Cursor());
     editor.ReturnToLine();
 }
+
+void CommandDialog(LineEditor& editor) { SayUnbuilt(editor, u"CommandDialog", true); }
+void Regex(LineEditor& editor) { SayUnbuilt(editor, u"Regex", true); }
+void SingleStep(LineEditor& editor) { SayUnbuilt(editor, u"SingleStep", false); }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "config/key_functions.h"
@@ -24,6 +25,7 @@ struct EditorSettings {
     bool histCopy = false;
     bool histMove = false;
     bool histWrap = true;
+    bool maintainIndent = true;
     bool completionLoops = false;
     bool appendCommandLines = false;
     bool syntaxColors = false;   // and suggestions
@@ -47,14 +49,18 @@ enum class LinePartKind {
     Environment,
     Internal,
     Text, // in quotes
+    Regex,
     Error,
 };
+
+enum class PickFrom { Candidates, History, Directories };
 
 struct LinePick {
     std::size_t chosen = 0; // behind the last line when none was
     CString text;           // of the line, as it has been edited
     bool edits = false;     // the line is to be edited before it runs
     std::vector<std::size_t> deleted;
+    std::vector<std::pair<std::size_t, CString>> changed;
 };
 
 class EditorWorld {
@@ -69,6 +75,7 @@ public:
     virtual std::vector<CString> History(bool directories) = 0;
     virtual void SaveInHistory(std::u16string_view line) = 0;
     virtual void DeleteFromHistory(bool directories, std::u16string_view line) = 0; // the newest equal one
+    virtual void ReplaceInHistory(bool directories, std::u16string_view line, std::u16string_view by) = 0;
     virtual void PrintHistory() = 0;
 
     // Errors are reported on the screen; false then.
@@ -77,13 +84,19 @@ public:
     virtual std::vector<CString> ArgumentsOf(std::u16string_view line) = 0;
 
     virtual CompletionSource& Completion() = 0;
-    // Lets a person pick one of the lines in a window; those of a history may be deleted and edited there.
+    // Lets a person pick one of the lines in a window, where those of a history may be deleted and changed.
+    // The filter is what counts as typed there already.
     virtual std::optional<LinePick> Pick(EditorConsole& console, const std::vector<CString>& lines,
-                                         std::size_t start, bool history) = 0;
+                                         std::size_t start, PickFrom from, std::u16string_view filter) = 0;
+    // The same with the extended history, which takes care of itself: nothing when it has no lines, and no
+    // text when none was picked.
+    virtual std::optional<LinePick> PickExtended(EditorConsole& console, std::u16string_view filter) = 0;
     // A file or directory from a dialog; empty when none was chosen.
     virtual CString Browse(bool directory) = 0;
 
     virtual void ShowHelp(std::u16string_view line, std::size_t cursor) = 0;
+    // Says that what a key function opens cannot be opened.
+    virtual void ReportUnbuilt(std::u16string_view keyFunction, bool isDialog) = 0;
     virtual void ChangeWindow(WindowChange change) = 0;
 
     virtual Syntax CommandSyntax() = 0;

@@ -116,6 +116,15 @@ std::optional<ExtendedEntry> ReadExtendedRecord(std::string_view record)
     return entry;
 }
 
+CString DurationInShort(std::uint64_t milliseconds)
+{
+    const std::uint64_t seconds = milliseconds / 1000;
+    if (seconds < 60)
+        return Format(u"%lu.%lus", seconds, milliseconds / 100 % 10);
+    return seconds < 3600 ? Format(u"%lu:%02lu", seconds / 60, seconds % 60)
+                          : Format(u"%lu:%02lu:%02lu", seconds / 3600, seconds / 60 % 60, seconds % 60);
+}
+
 std::vector<ExtendedEntry> ReadExtendedRecords(std::string_view bytes)
 {
     std::vector<ExtendedEntry> entries;

@@ -23,6 +23,9 @@ std::string WriteExtendedRecord(const ExtendedEntry& entry);
 // Nothing when the record is none: files are edited, cut off and mixed up with others.
 std::optional<ExtendedEntry> ReadExtendedRecord(std::string_view record);
 
+// "1.3s", "2:05", "1:02:05".
+CString DurationInShort(std::uint64_t milliseconds);
+
 // All records of a file's bytes, the oldest first.
 std::vector<ExtendedEntry> ReadExtendedRecords(std::string_view bytes);
 // The newest records of the bytes that take no more than `most` bytes together.

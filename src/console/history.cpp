@@ -130,6 +130,15 @@ std::size_t KeptFrom(std::span<const CString> lines, std::size_t room)
     return from;
 }
 
+std::size_t NewestEqualLine(std::u16string_view block, std::u16string_view line)
+{
+    std::size_t found = npos;
+    for (std::size_t at = 0; !EntryAt(block, at).empty(); at = NextListEntry(block, at))
+        if (EntryAt(block, at) == line)
+            found = at;
+    return found;
+}
+
 bool IsKept(std::u16string_view line, std::size_t listSize)
 {
     CString excluded;
@@ -142,15 +151,15 @@ bool IsKept(std::u16string_view line, std::size_t listSize)
 void AddToHistory(CString& line, bool force)
 {
     line.TrimRight();
-    const bool wanted = !Tls().lineNotSaved;
-    Tls().lineNotSaved = false;
+    const bool wanted = !std::exchange(Tls().lineNotSaved, false);
+    const bool recalled = std::exchange(Tls().lineRecalled, false);
     if (!line.empty() || force)
         NoteNewestLine(line);
     const std::size_t size = HistorySize();
     const bool kept = size > 0 && wanted && IsKept(line, size);
     if (kept && !force)
         BeginExtendedEntry(line);
-    if (size == 0 || (!kept && !force))
+    if (size == 0 || recalled || (!kept && !force))
         return;
     Append({}, std::span(&line, 1), force ? EqualLines::Keep : EqualLinesOf(ListKind::History));
 }
@@ -221,15 +230,15 @@ void RemoveEqualLines(const HistoryList& list)
 bool DeleteHistoryLine(const HistoryList& list, std::u16string_view line)
 {
     const HistoryAccess access(list);
-    if (!access)
-        return false;
-    const std::u16string_view block = access.Block().View();
-    std::size_t at = OlderHistoryLine(block, npos, false);
-    while (at != npos && block.substr(at, block.find(u'\0', at) - at) != line) {
-        const std::size_t older = OlderHistoryLine(block, at, false);
-        at = older == at ? npos : older;
-    }
+    const std::size_t at = access ? NewestEqualLine(access.Block().View(), line) : npos;
     return at != npos && DeleteHistoryLine(access.Block(), at);
+}
+
+bool ReplaceHistoryLine(const HistoryList& list, std::u16string_view line, std::u16string_view by)
+{
+    const HistoryAccess access(list);
+    const std::size_t at = access ? NewestEqualLine(access.Block().View(), line) : npos;
+    return at != npos && ReplaceHistoryLine(access.Block(), at, by);
 }
 
 bool ReadHistoryFile(const HistoryList& list, std::u16string_view name)

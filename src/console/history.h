@@ -46,8 +46,10 @@ std::vector<CString> HistoryLines(const HistoryList& list);
 void AddHistoryLines(const HistoryList& list, std::span<const CString> lines);
 void ClearHistory(const HistoryList& list);
 void RemoveEqualLines(const HistoryList& list);
-// Removes the newest line that is equal, letter case included; false when there is none.
+// Remove or change the newest line that is equal, letter case included; false when there is none, or no room
+// for the new text, which must not be empty.
 bool DeleteHistoryLine(const HistoryList& list, std::u16string_view line);
+bool ReplaceHistoryLine(const HistoryList& list, std::u16string_view line, std::u16string_view by);
 
 // Adds the lines of a text file, which nobody may write to meanwhile. False when it cannot be opened, the
 // reason in the thread's last error.

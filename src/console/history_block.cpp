@@ -100,6 +100,11 @@ void CutDropped(const ListBlock& block, const Lines& lines, std::size_t oldCount
     }
 }
 
+bool LineBegins(std::u16string_view list, std::size_t at)
+{
+    return at < EndOfList(list) && (at == 0 || list[at - 1] == u'\0');
+}
+
 } // namespace
 
 bool FitsHistory(const ListBlock& block, std::u16string_view line)
@@ -146,9 +151,21 @@ void RemoveEqualHistoryLines(const ListBlock& block)
 
 bool DeleteHistoryLine(const ListBlock& block, std::size_t at)
 {
-    const std::u16string_view list = block.View();
-    const bool begins = at < EndOfList(list) && (at == 0 || list[at - 1] == u'\0');
-    return begins && DeleteListEntry(block, at);
+    return LineBegins(block.View(), at) && DeleteListEntry(block, at);
+}
+
+bool ReplaceHistoryLine(const ListBlock& block, std::size_t at, std::u16string_view by)
+{
+    by = by.substr(0, by.find(u'\0'));
+    if (!LineBegins(block.View(), at) || by.empty())
+        return false;
+    const std::size_t length = EntryAt(block.View(), at).size();
+    if (!ListHasRoom(block, std::ssize(by) - static_cast<std::ptrdiff_t>(length)))
+        return false;
+    ListChange change(block, at, at, length, by);
+    while (change.Step()) {
+    }
+    return true;
 }
 
 void ClearHistoryLines(const ListBlock& block)

@@ -30,6 +30,8 @@ std::size_t AppendHistoryLines(const ListBlock& block, std::span<const CString> 
 void RemoveEqualHistoryLines(const ListBlock& block);
 // False when no line begins at `at`, as happens when another shell has changed the list meanwhile.
 bool DeleteHistoryLine(const ListBlock& block, std::size_t at);
+// The same for new text in its place; false, too, when there is no room for it.
+bool ReplaceHistoryLine(const ListBlock& block, std::size_t at, std::u16string_view by);
 void ClearHistoryLines(const ListBlock& block);
 
 std::vector<CString> AllHistoryLines(std::u16string_view list);

@@ -98,9 +98,12 @@ const CString* HistoryRecall::Suggest(std::u16string_view text, bool caseCounts)
         return nullptr;
     // A longer text has its newest line no later than the shorter one had it.
     std::size_t from = lines.size();
-    if (askedBefore && text.size() > asked.size() && Begins(text, asked, true))
-        from = answered == lines.size() ? 0 : answered + 1;
-    asked = text;
+    if (askedBefore && answered == lines.size() && Begins(text, unknown, true))
+        return nullptr;
+    if (askedBefore && answered < lines.size() && text.size() > askedLength &&
+        Begins(text, lines[answered].view().substr(0, askedLength), caseCounts))
+        from = answered + 1;
+    askedLength = text.size();
     askedBefore = true;
     answered = lines.size();
     const char16_t first = LowerCase(text.front());
@@ -110,5 +113,6 @@ const CString* HistoryRecall::Suggest(std::u16string_view text, bool caseCounts)
             answered = line;
             return &lines[line];
         }
+    unknown = text;
     return nullptr;
 }

@@ -48,8 +48,9 @@ private:
     std::size_t at = CString::npos;
     CString typed;
     std::size_t prefixLength = 0;
-    // The last question and its answer: lines.size() when there was none.
-    CString asked;
+    // The last answer and how long the text was that it was given for; lines.size() when there was none.
     std::size_t answered = 0;
+    std::size_t askedLength = 0;
     bool askedBefore = false;
+    CString unknown; // a text that no line goes on from
 };

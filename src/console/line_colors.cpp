@@ -21,7 +21,9 @@ private:
     void Paint(std::size_t to, LinePartKind kind);
     void Step();
     void Command();
-    void Quoted();
+    void Quoted(LinePartKind kind);
+    bool BeginsExpression();
+    void Expression();
     void Reference();
     bool IsOperator(char16_t unit) const;
 
@@ -31,6 +33,7 @@ private:
     std::uint8_t plain;
     std::size_t at = 0;
     bool commandNext = true; // a command's name may stand here
+    bool findsText = false;  // the command is FFIND
     std::vector<ColorRun> runs;
 };
 
@@ -50,12 +53,38 @@ bool LineColors::IsOperator(char16_t unit) const
     return unit == syntax.commandSep || std::u16string_view(u"|<>&").find(unit) != text.npos;
 }
 
-void LineColors::Quoted()
+void LineColors::Quoted(LinePartKind kind)
 {
     const std::size_t closing = text.find_first_of(u"\"\n", at + 1);
     const bool closed = closing != text.npos && text[closing] == u'"';
     const std::size_t end = closing == text.npos ? text.size() : closing + (closed ? 1 : 0);
-    Paint(end, closed ? LinePartKind::Text : LinePartKind::Error);
+    Paint(end, closed ? kind : LinePartKind::Error);
+}
+
+// A name that is a regular expression, or what stands behind FFIND's /E, which is painted then.
+bool LineColors::BeginsExpression()
+{
+    if (commandNext || at == 0 || !IsBlank(text[at - 1]))
+        return false;
+    if (text.substr(at + (text[at] == u'"' ? 1 : 0)).starts_with(u"::"))
+        return true;
+    if (!findsText || text[at] != syntax.switchChar || !BeginsNoCase(text.substr(at + 1), u"E"))
+        return false;
+    const std::size_t begin = at + (text.substr(at + 2).starts_with(u':') ? 3 : 2);
+    if (begin == text.size() || IsBlank(text[begin]))
+        return false;
+    Paint(begin, LinePartKind::Plain);
+    return true;
+}
+
+void LineColors::Expression()
+{
+    if (text[at] == u'"')
+        return Quoted(LinePartKind::Regex);
+    std::size_t end = at;
+    while (end < text.size() && !IsBlank(text[end]) && text[end] != u'\n' && !IsOperator(text[end]))
+        ++end;
+    Paint(std::max(end, at + 1), LinePartKind::Regex);
 }
 
 // From a "%" on.
@@ -108,6 +137,7 @@ void LineColors::Command()
     }
     const std::u16string_view name = text.substr(at, end - at);
     const bool comment = EqualNoCase(name, u"rem");
+    findsText = EqualNoCase(name, u"ffind");
     const LinePartKind kind = world.KindOfCommand(name);
     Paint(end, kind);
     if (comment)
@@ -132,8 +162,10 @@ void LineColors::Step()
         commandNext = unit != u'<' && unit != u'>';
     } else if (commandNext && (unit == u'(' || unit == u'@' || unit == u'*'))
         Paint(at + 1, LinePartKind::Operator);
+    else if (BeginsExpression())
+        Expression();
     else if (unit == u'"') {
-        Quoted();
+        Quoted(LinePartKind::Text);
         commandNext = false;
     } else if (unit == u'%') {
         Reference();

@@ -17,13 +17,16 @@ constexpr int frameRows = 2;
 constexpr int frameColumns = 2;
 constexpr int wheelStep = 3;
 constexpr int sideStep = 8;
+constexpr int fieldCursor = 25; // percent
 
-// Whether a line holds every word of the filter.
-bool FitsFilter(std::u16string_view line, std::u16string_view filter)
+// Whether every word of the filter stands in the line or in its place.
+bool FitsFilter(std::u16string_view line, std::u16string_view place, std::u16string_view filter)
 {
     for (std::size_t at = 0; at < filter.size();) {
         const Word word = NextBlankWord(filter, at);
-        if (word.length > 0 && FindNoCase(line, filter.substr(word.start, word.length)) == CString::npos)
+        const std::u16string_view text = filter.substr(word.start, word.length);
+        if (word.length > 0 && FindNoCase(line, text) == CString::npos &&
+            FindNoCase(place, text) == CString::npos)
             return false;
         at = std::max(word.end(), at + 1);
     }
@@ -75,12 +78,16 @@ class PopupList {
 public:
     PopupList(EditorConsole& theConsole, PopupRequest what)
         : console(theConsole), request(std::move(what)), filter(request.filter),
-          cursorBefore(console.Cursor())
+          cursorBefore(console.Cursor()), shapeBefore(console.CursorShape())
     {
         alive.assign(request.lines.size(), true);
         marked.assign(request.lines.size(), request.allMarked);
         Open();
         Filter(request.chosen);
+        if (shown.empty() && !filter.empty()) {
+            filter.Clear();
+            Filter(request.chosen);
+        }
     }
     PopupList(const PopupList&) = delete;
     PopupList& operator=(const PopupList&) = delete;
@@ -108,6 +115,7 @@ public:
 private:
     int Rows() const { return area.rows - frameRows; }
     int Columns() const { return area.columns - frameColumns; }
+    int LineColumns() const { return Columns() - request.lead.cells; }
     std::size_t Line() const { return shown[bar]; }
 
     void Open()
@@ -115,7 +123,7 @@ private:
         const ScreenExtent extent = console.Extent();
         int widest = std::max(TextWidth(request.title) + 4, TextWidth(request.footer) + 20);
         for (std::size_t i = 0; i < request.lines.size(); ++i)
-            widest = std::max(widest, TextWidth(LineText(i)));
+            widest = std::max(widest, request.lead.cells + TextWidth(LineText(i)));
         area.columns = std::min({widest + frameColumns, request.place.columns, extent.windowColumns});
         area.rows =
             std::min({static_cast<int>(std::min<std::size_t>(request.lines.size(), 10000)) + frameRows,
@@ -133,7 +141,7 @@ private:
         if (area.top + area.rows <= extent.rows && area.left + area.columns <= extent.columns)
             console.WriteCells(area, covered);
         console.PlaceCursor(cursorBefore);
-        console.ShapeCursor(-1);
+        console.ShapeCursor(shapeBefore);
         console.WatchMouse(false);
     }
 
@@ -146,12 +154,18 @@ private:
         return text;
     }
 
+    bool Fits(std::size_t line) const
+    {
+        return FitsFilter(request.lines[line],
+                          line < request.places.size() ? request.places[line].view() : u"", filter);
+    }
+
     // Finds the lines that are shown; the bar goes to `wanted`, or to the nearest line behind it.
     void Filter(std::size_t wanted)
     {
         shown.clear();
         for (std::size_t i = 0; i < request.lines.size(); ++i)
-            if (alive[i] && FitsFilter(request.lines[i], filter))
+            if (alive[i] && (searching || Fits(i)))
                 shown.push_back(i);
         const auto at = std::lower_bound(shown.begin(), shown.end(), wanted);
         bar = static_cast<std::size_t>(at - shown.begin());
@@ -163,10 +177,11 @@ private:
     void KeepBarVisible()
     {
         const auto rows = static_cast<std::size_t>(Rows());
-        if (bar < top)
-            top = bar;
-        else if (bar >= top + rows)
-            top = bar - rows + 1;
+        const bool hidden = bar < top || bar >= top + rows;
+        if (searching && hidden)
+            top = bar - std::min(bar, rows / 2);
+        else if (hidden)
+            top = bar < top ? bar : bar - rows + 1;
         top = std::min(top, shown.size() > rows ? shown.size() - rows : 0);
     }
 
@@ -185,7 +200,8 @@ private:
             DrawRow(row);
         const CString count =
             Format(u"%d/%d", static_cast<int>(shown.empty() ? 0 : bar + 1), static_cast<int>(shown.size()));
-        DrawEdge(area.top + area.rows - 1, u'\u2514', u'\u2518', filter.empty() ? request.footer : filter,
+        const CString typed = searching ? CString(u"/") + filter.view() : filter;
+        DrawEdge(area.top + area.rows - 1, u'\u2514', u'\u2518', typed.empty() ? request.footer : typed,
                  count);
         PlaceEditCursor();
     }
@@ -214,23 +230,27 @@ private:
         const bool isBar = at == bar && at < shown.size();
         CString text = at < shown.size() ? LineText(shown[at]) : CString();
         int skipped = sideways;
+        CString lead;
+        if (request.lead.cells > 0)
+            lead = FitCells(at < shown.size() ? request.lead.text(shown[at]) : CString(), request.lead.cells);
         if (isBar && field) {
             text = field->Text();
             skipped = FieldStart();
         }
         console.WriteRun({screenRow, area.left}, u"\u2502", request.colors.frame);
-        console.WriteRun({screenRow, area.left + 1}, FitCells(text, Columns(), skipped),
+        console.WriteRun({screenRow, area.left + 1},
+                         FitCells(lead + FitCells(text, LineColumns(), skipped).view(), Columns()),
                          isBar ? request.colors.bar : request.colors.text);
         console.WriteRun({screenRow, area.left + area.columns - 1}, u"\u2502", request.colors.frame);
     }
 
-    int FieldStart() const { return std::max(0, field->CursorCell() - Columns() + 1); }
+    int FieldStart() const { return std::max(0, field->CursorCell() - LineColumns() + 1); }
 
     void PlaceEditCursor()
     {
         if (field)
             console.PlaceCursor({area.top + 1 + static_cast<int>(bar - top),
-                                 area.left + 1 + field->CursorCell() - FieldStart()});
+                                 area.left + 1 + request.lead.cells + field->CursorCell() - FieldStart()});
     }
 
     void Act(const ConsoleEvent& event)
@@ -287,8 +307,7 @@ private:
 
     bool TakeBoundKey(std::u16string_view name)
     {
-        const int function =
-            aKeyBindings.FindKeyFunction(key_category::popup | key_category::consolePopup, name);
+        const int function = aKeyBindings.FindKeyFunction(request.keys, name);
         if (function < 0)
             return false;
         const std::u16string_view what = aKeyFunctions[static_cast<std::size_t>(function)].name;
@@ -296,16 +315,18 @@ private:
             console.Beep();
         else if (what == u"PopupWinSelect")
             Finish(PopupAction::Selected);
-        else if (what == u"PopupWinEdit")
+        else if (what == u"PopupWinEdit" || what == u"XHistEdit")
             Finish(request.mayEdit ? PopupAction::ToCommandLine : PopupAction::Selected);
-        else if (what == u"PopupWinDel" && request.mayDelete)
+        else if ((what == u"PopupWinDel" || what == u"XHistDelete") && request.mayDelete)
             DeleteLine();
-        else if (what == u"PopupWinEditWin" && request.mayEdit)
+        else if (what == u"XHistSearch")
+            Search();
+        else if (what == u"PopupWinEditWin" && request.mayChange)
             field.emplace(request.lines[Line()]);
         else
             console.Beep();
         if (field)
-            console.ShapeCursor(-1);
+            console.ShapeCursor(fieldCursor);
         return true;
     }
 
@@ -354,9 +375,11 @@ private:
 
     void TakeFieldKey(const KeyPress& key, std::u16string_view name)
     {
+        if (name == u"Enter" && field->Text().empty())
+            return console.Beep();
         if (name == u"Enter") {
-            request.lines[Line()] = field->Text();
             result.edited.emplace_back(Line(), field->Text());
+            request.lines[Line()] = field->Text();
         } else if (name != u"Esc") {
             if (!field->Take(key, name))
                 console.Beep();
@@ -391,9 +414,31 @@ private:
     {
         const std::size_t wanted = shown.empty() ? request.chosen : Line();
         filter = std::move(text);
+        if (searching)
+            return FindUpwards(bar + 1);
         Filter(wanted);
         if (shown.empty())
             console.Beep();
+    }
+
+    // What a filter has found is seen among its neighbours; once more, and the bar goes to the next one.
+    void Search()
+    {
+        if (searching && !filter.empty())
+            return FindUpwards(bar);
+        searching = !searching;
+        Filter(Line());
+    }
+
+    // The bar goes to the lowest line above `below` that holds what has been typed.
+    void FindUpwards(std::size_t below)
+    {
+        for (below = std::min(below, shown.size()); below-- > 0;)
+            if (Fits(shown[below])) {
+                bar = below;
+                return KeepBarVisible();
+            }
+        console.Beep();
     }
 
     void DeleteLine()
@@ -425,6 +470,7 @@ private:
     PopupRequest request;
     CString filter;
     ScreenPlace cursorBefore;
+    int shapeBefore;
     ScreenArea area;
     std::vector<ScreenCell> covered;
     std::vector<bool> alive;
@@ -433,6 +479,7 @@ private:
     std::size_t bar = 0;            // among the shown
     std::size_t top = 0;
     int sideways = 0; // cells
+    bool searching = false;
     std::optional<LineField> field;
     PopupResult result;
     bool done = false;

@@ -3,19 +3,22 @@
 //
 // Typing shows only the lines that hold all words typed so far, letter case aside; Backspace takes a letter
 // back. Arrows, PgUp, PgDn, Home, End, Tab and the mouse move the bar, Left and Right the text of long lines.
-// The keys of the functions PopupWin... do what their names say, Esc leaves.
+// The keys of the functions PopupWin... and XHist... do what their names say, Esc leaves.
+//
+// In a search all lines are shown, and typing moves the bar upwards to a line that holds the words.
 //
 // A list with marks may answer many lines: Space and Ins change the mark of the line at the bar, "+" sets it
-// and
-// "-" takes it off, "*" changes the marks of all lines that are shown, "/" takes all off; the right button of
-// the mouse marks, too.
+// and "-" takes it off, "*" changes the marks of all lines that are shown, "/" takes all off; the right
+// button of the mouse marks, too.
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "config/key_functions.h"
 #include "console/editor_console.h"
 #include "text/cstring.h"
 
@@ -25,15 +28,25 @@ struct PopupColors {
     unsigned bar = 0x70;
 };
 
+// What stands in front of the lines and does not move sideways with them.
+struct PopupLead {
+    int cells = 0;
+    std::function<CString(std::size_t line)> text; // asked for the lines in view only
+};
+
 struct PopupRequest {
     CString title;
     std::vector<CString> lines;
     std::vector<CString> notes; // shown beside the lines; none, or one for each
-    std::size_t chosen = 0;     // where the bar stands at first
-    CString filter;             // as if it had been typed
+    PopupLead lead;
+    std::vector<CString> places; // looked through for what is typed, too; none, or one for each
+    std::size_t chosen = 0;      // where the bar stands at first
+    CString filter;              // as if it had been typed; left out when it fits no line
+    unsigned keys = key_category::popup | key_category::consolePopup;
     bool mayDelete = false;
-    bool mayEdit = false; // to the command line, and in the window
-    ScreenArea place;     // of the whole window in the console's; the largest that it may be
+    bool mayEdit = false;   // on the command line
+    bool mayChange = false; // in the window
+    ScreenArea place;       // of the whole window in the console's; the largest that it may be
     PopupColors colors;
     CString plainKeys;  // keys that are taken for themselves, whatever is bound to them
     bool wheel = false; // the wheel of the mouse moves the bar

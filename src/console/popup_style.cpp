@@ -12,25 +12,31 @@ namespace {
 constexpr int usualCellWidth = 8; // pixels
 constexpr int usualCellHeight = 16;
 
-int CellsOf(int pixels, int cell, int least)
-{
-    return std::max(least, (std::max(0, pixels) + cell / 2) / cell);
-}
-
 } // namespace
 
-PopupRequest UsualPopup()
+int PopupCells(int pixels, PopupSide side)
+{
+    const std::optional<ConsoleFont> font = ReadConsoleFont();
+    int cell = side == PopupSide::Width ? usualCellWidth : usualCellHeight;
+    if (const int known = !font ? 0 : side == PopupSide::Width ? font->width : font->height; known > 0)
+        cell = known;
+    return (std::max(0, pixels) + cell / 2) / cell;
+}
+
+ScreenArea PopupPlace(const PixelPlace& place)
 {
     constexpr int leastRows = 3;
     constexpr int leastColumns = 20;
+    return {PopupCells(place.top, PopupSide::Height), PopupCells(place.left, PopupSide::Width),
+            std::max(leastRows, PopupCells(place.height, PopupSide::Height)),
+            std::max(leastColumns, PopupCells(place.width, PopupSide::Width))};
+}
+
+PopupRequest UsualPopup()
+{
     PopupRequest request;
-    const std::optional<ConsoleFont> font = ReadConsoleFont();
-    const int cellWidth = font && font->width > 0 ? font->width : usualCellWidth;
-    const int cellHeight = font && font->height > 0 ? font->height : usualCellHeight;
-    request.place = {CellsOf(aIniFile.PopupWinTop, cellHeight, 0),
-                     CellsOf(aIniFile.PopupWinLeft, cellWidth, 0),
-                     CellsOf(aIniFile.PopupWinHeight, cellHeight, leastRows),
-                     CellsOf(aIniFile.PopupWinWidth, cellWidth, leastColumns)};
+    request.place = PopupPlace(
+        {aIniFile.PopupWinLeft, aIniFile.PopupWinTop, aIniFile.PopupWinWidth, aIniFile.PopupWinHeight});
     if (aIniFile.SelectColors != 0)
         request.colors.text = static_cast<unsigned>(aIniFile.SelectColors);
     if (aIniFile.SelectStatBarColors != 0)

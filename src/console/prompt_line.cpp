@@ -61,7 +61,7 @@ void SettleHistory(const EditorAnswer& answer)
     if (aIniFile.HistMove)
         DeleteHistoryLine({ListKind::History, {}}, answer.line);
     else if (!aIniFile.HistCopy)
-        Tls().lineNotSaved = true;
+        Tls().lineRecalled = true;
 }
 
 } // namespace
@@ -84,7 +84,6 @@ bool EditConsoleLine(EditorAnswer& answer, const EditorRequest& wanted)
                 return false;
             LineEditor editor(console, world, CurrentEditorSettings());
             answer = editor.Read(request);
-            console.ShapeCursor(aIniFile.CursorOver);
         }
         if (answer.outcome != EditorOutcome::Break)
             break;

@@ -108,11 +108,9 @@ ScreenPlace SystemEditorConsole::Cursor()
 
 void SystemEditorConsole::PlaceCursor(ScreenPlace place) { MoveCursor(place.row, place.column); }
 
-void SystemEditorConsole::ShapeCursor(int percent)
-{
-    if (percent >= 0)
-        SetCursorHeight(percent);
-}
+void SystemEditorConsole::ShapeCursor(int percent) { SetCursorHeight(percent); }
+
+int SystemEditorConsole::CursorShape() { return ReadCursorHeight(); }
 
 unsigned SystemEditorConsole::Attributes()
 {

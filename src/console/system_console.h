@@ -19,6 +19,7 @@ public:
     ScreenPlace Cursor() override;
     void PlaceCursor(ScreenPlace place) override;
     void ShapeCursor(int percent) override;
+    int CursorShape() override;
     unsigned Attributes() override;
     void WriteRun(ScreenPlace place, std::u16string_view text, unsigned attributes) override;
     void WriteText(std::u16string_view text) override;

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "console/extended_window.h"
 #include "console/history.h"
 #include "console/popup_style.h"
 #include "core/command_lookup.h"
+#include "core/separators.h"
 #include "engine/command_entry.h"
 #include "engine/console_entry.h"
 #include "engine/expansion_entry.h"
@@ -40,6 +42,7 @@ constexpr PartColors partColors[] = {
     {LinePartKind::Environment, &INIFILE::SCEnvironment, 11},
     {LinePartKind::Internal, &INIFILE::SCInternalVar, 9},
     {LinePartKind::Text, &INIFILE::SCDefault, 3},
+    {LinePartKind::Regex, &INIFILE::SCRegex, 6},
 };
 constexpr std::uint8_t errorColors = 12;
 
@@ -54,6 +57,17 @@ void ScaleFont(int pixels)
     font->height = std::clamp(font->height + pixels, lowest, highest);
     font->width = 0; // follows
     SetConsoleFont(*font);
+}
+
+// A "*" that keeps aliases away has to stay, or the line would mean something else.
+bool ExpandCommandAliases(CString& command)
+{
+    bool& bypass = Tls().aliasBypass;
+    const bool before = std::exchange(bypass, false);
+    const int code = ExpandAliases(command);
+    if (std::exchange(bypass, before))
+        command.Insert(std::min(command.view().find_first_not_of(u" \t"), command.size()), u"*");
+    return code == result::success;
 }
 
 } // namespace
@@ -71,6 +85,7 @@ EditorSettings CurrentEditorSettings()
     settings.histCopy = aIniFile.HistCopy;
     settings.histMove = aIniFile.HistMove;
     settings.histWrap = aIniFile.HistWrap;
+    settings.maintainIndent = aIniFile.MaintainIndent;
     settings.completionLoops = aIniFile.FileCompletionLooping;
     settings.appendCommandLines = aIniFile.AppendCommandLines;
     settings.syntaxColors = aIniFile.SyntaxColors;
@@ -106,9 +121,33 @@ void SystemEditorWorld::DeleteFromHistory(bool directories, std::u16string_view 
     DeleteHistoryLine({directories ? ListKind::DirHistory : ListKind::History, {}}, line);
 }
 
+void SystemEditorWorld::ReplaceInHistory(bool directories, std::u16string_view line, std::u16string_view by)
+{
+    ReplaceHistoryLine({directories ? ListKind::DirHistory : ListKind::History, {}}, line, by);
+}
+
 void SystemEditorWorld::PrintHistory() { Command_S(u"*history", 0); }
 
-bool SystemEditorWorld::ExpandAliasesIn(CString& line) { return ExpandAliases(line) == result::success; }
+// What an alias stands for is not looked at again.
+bool SystemEditorWorld::ExpandAliasesIn(CString& line)
+{
+    const Syntax syntax = CurrentSyntax();
+    CString expanded;
+    for (std::u16string_view rest = line;;) {
+        const std::size_t begin = std::min(rest.find_first_not_of(u" \t("), rest.size());
+        const Separator stop = FindSeparator(rest, begin, CommandShape::Plain, syntax);
+        CString command(rest.substr(begin, std::min(stop.at, rest.size()) - begin));
+        if (!ExpandCommandAliases(command))
+            return false;
+        expanded.Append(rest.substr(0, begin)).Append(command);
+        if (stop.connector == Connector::None)
+            break;
+        expanded.Append(rest.substr(stop.at, stop.length));
+        rest.remove_prefix(stop.Behind());
+    }
+    line = expanded;
+    return true;
+}
 
 bool SystemEditorWorld::ExpandVariablesIn(CString& line)
 {
@@ -123,19 +162,26 @@ std::vector<CString> SystemEditorWorld::ArgumentsOf(std::u16string_view line)
 CompletionSource& SystemEditorWorld::Completion() { return completion; }
 
 std::optional<LinePick> SystemEditorWorld::Pick(EditorConsole& console, const std::vector<CString>& lines,
-                                                std::size_t start, bool history)
+                                                std::size_t start, PickFrom from, std::u16string_view filter)
 {
     PopupRequest popup = UsualPopup();
     popup.lines = lines;
     popup.chosen = start;
-    popup.mayDelete = popup.mayEdit = history;
+    popup.filter = filter;
+    popup.mayDelete = popup.mayEdit = popup.mayChange = from != PickFrom::Candidates;
     PopupResult picked = RunPopupList(console, std::move(popup));
     LinePick pick;
     pick.chosen = picked.action == PopupAction::Cancelled ? lines.size() : picked.line;
     pick.edits = picked.action == PopupAction::ToCommandLine;
     pick.text = std::move(picked.text);
     pick.deleted = std::move(picked.deleted);
+    pick.changed = std::move(picked.edited);
     return pick;
+}
+
+std::optional<LinePick> SystemEditorWorld::PickExtended(EditorConsole& console, std::u16string_view filter)
+{
+    return PickExtendedLine(console, filter);
 }
 
 CString SystemEditorWorld::Browse(bool directory)
@@ -147,6 +193,11 @@ CString SystemEditorWorld::Browse(bool directory)
 void SystemEditorWorld::ShowHelp(std::u16string_view line, std::size_t cursor)
 {
     ShowHelpForPlace(line, cursor);
+}
+
+void SystemEditorWorld::ReportUnbuilt(std::u16string_view keyFunction, bool isDialog)
+{
+    MVError(isDialog ? errors::unbuiltDialog : errors::unbuiltCommand, keyFunction);
 }
 
 void SystemEditorWorld::ChangeWindow(WindowChange change)

@@ -17,15 +17,18 @@ public:
     std::vector<CString> History(bool directories) override;
     void SaveInHistory(std::u16string_view line) override;
     void DeleteFromHistory(bool directories, std::u16string_view line) override;
+    void ReplaceInHistory(bool directories, std::u16string_view line, std::u16string_view by) override;
     void PrintHistory() override;
     bool ExpandAliasesIn(CString& line) override;
     bool ExpandVariablesIn(CString& line) override;
     std::vector<CString> ArgumentsOf(std::u16string_view line) override;
     CompletionSource& Completion() override;
     std::optional<LinePick> Pick(EditorConsole& console, const std::vector<CString>& lines, std::size_t start,
-                                 bool deletes) override;
+                                 PickFrom from, std::u16string_view filter) override;
+    std::optional<LinePick> PickExtended(EditorConsole& console, std::u16string_view filter) override;
     CString Browse(bool directory) override;
     void ShowHelp(std::u16string_view line, std::size_t cursor) override;
+    void ReportUnbuilt(std::u16string_view keyFunction, bool isDialog) override;
     void ChangeWindow(WindowChange change) override;
     Syntax CommandSyntax() override;
     std::uint8_t ColorsOf(LinePartKind kind) override;

@@ -192,7 +192,8 @@ struct TLS_VARIABLES {
     CString commandName;          // the internal command that runs
     bool aliasBypass = false;     // "*name": no alias, no library function
     bool typedLine = false;       // the line came from the prompt
-    bool lineNotSaved = false;    // the line typed next stays out of the history
+    bool lineNotSaved = false;    // the line typed next stays out of the histories
+    bool lineRecalled = false;    // it stands in the command history already
     bool pipeChild = false;       // this shell is the right side of a pipe
     BlockState blocks;
     std::vector<LoopVariable> loopVariables; // innermost last

@@ -19,6 +19,8 @@ constexpr unsigned unknownKeyFunction = 0x2000046F;  // 4135
 } // namespace errors
 
 namespace message {
+constexpr unsigned extendedHistoryTitle = 4040;
+constexpr unsigned extendedHistoryKeys = 4041;
 constexpr unsigned selectKeys = 4073;
 constexpr unsigned selectOneKeys = 4074;
 constexpr unsigned moreTopics = 4075;

@@ -131,6 +131,7 @@ RawConsole::RawConsole()
         return;
     inputMode = input;
     outputMode = output;
+    cursorHeight = ReadCursorHeight();
     constexpr DWORD cooked =
         ENABLE_PROCESSED_INPUT | ENABLE_LINE_INPUT | ENABLE_ECHO_INPUT | ENABLE_VIRTUAL_TERMINAL_INPUT;
     usable = SetConsoleMode(ConsoleKeyboard(), (input & ~cooked) | ENABLE_WINDOW_INPUT) &&
@@ -145,6 +146,7 @@ RawConsole::~RawConsole()
     RemoveTaken(ConsoleKeyboard());
     SetConsoleMode(ConsoleKeyboard(), inputMode);
     SetConsoleMode(ConsoleScreen(), outputMode);
+    SetCursorHeight(cursorHeight);
 }
 
 RawEvent ReadRawEvent(WaitPoll poll, std::optional<std::uint64_t> milliseconds)
@@ -196,10 +198,18 @@ bool MoveCursor(int row, int column)
     return SetConsoleCursorPosition(ConsoleScreen(), {static_cast<SHORT>(column), static_cast<SHORT>(row)});
 }
 
-void SetCursorHeight(int percent)
+int ReadCursorHeight()
 {
     CONSOLE_CURSOR_INFO info;
     if (!GetConsoleCursorInfo(ConsoleScreen(), &info))
+        return -1;
+    return info.bVisible ? static_cast<int>(info.dwSize) : 0;
+}
+
+void SetCursorHeight(int percent)
+{
+    CONSOLE_CURSOR_INFO info;
+    if (percent < 0 || !GetConsoleCursorInfo(ConsoleScreen(), &info))
         return;
     info.bVisible = percent > 0;
     if (percent > 0)

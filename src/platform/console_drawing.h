@@ -10,7 +10,8 @@
 #include "platform/console_keys.h"
 
 // While it lives every key comes as a key, Ctrl+C as well, changes of size are told, and text at the end of a
-// row stays there in place of going on in the next one. One at a time.
+// row stays there in place of going on in the next one. Modes and cursor are put back behind it. One at a
+// time.
 class RawConsole {
 public:
     RawConsole();
@@ -23,6 +24,7 @@ private:
     bool usable = false;
     unsigned long inputMode = 0;
     unsigned long outputMode = 0;
+    int cursorHeight = -1;
 };
 
 enum class RawEventKind { None, TimedOut, Key, Press, Wheel, Resized };
@@ -42,7 +44,8 @@ std::size_t WaitingEvents();
 
 // False when the console refused.
 bool MoveCursor(int row, int column);
-// Height in percent of a cell, 0 hides the cursor.
+// Height in percent of a cell, 0 hides the cursor; -1 when it cannot be read, and sets nothing.
+int ReadCursorHeight();
 void SetCursorHeight(int percent);
 // Characters with colours at the cursor, with no heed to escape sequences.
 bool WriteColored(std::u16string_view text, unsigned attributes);

@@ -122,8 +122,17 @@ TEST_F(Editing, HistorySettingsAndChanges)
     EXPECT_EQ(world.history, (std::vector<CString>{u"one", u"One"}));
     EXPECT_EQ(Edit(u"kept<Ctrl-K>run<Enter>").line, u"run");
     EXPECT_EQ(world.history.back(), u"kept");
-    world.pick = LinePick{};
-    EXPECT_EQ(Edit(u"<PgUp>").line, u"one");
+    // The window begins with what has been typed for a filter, and its changes reach the history.
+    world.pick = LinePick{1, {}, false, {}, {{1, u"  Two"}}};
+    settings.maintainIndent = false;
+    EXPECT_EQ(Edit(u"o<PgUp>").line, u"Two");
+    EXPECT_EQ(world.pickFilter, u"o");
+    EXPECT_EQ(world.history, (std::vector<CString>{u"one", u"  Two", u"kept"}));
+    EXPECT_EQ(Edit(u"<Up><Up><Enter>").line, u"Two");
+    world.pick = LinePick{0, u"three", true, {}, {}};
+    EXPECT_EQ(Edit(u"<Ctrl-Shift-PgUp>s<Enter>").line, u"threes");
+    world.pick.reset();
+    EXPECT_EQ(Edit(u"x<Ctrl-Shift-PgUp><Enter>").line, u"x");
     const EditorAnswer silent = Edit(u"half<Left><Shift-F3>");
     EXPECT_TRUE(silent.silent);
     EXPECT_EQ(silent.line, u"cls");
@@ -244,6 +253,15 @@ TEST_F(Editing, ColorsAndSuggestions)
     EXPECT_EQ(console.Color(0, 18), unsigned(LinePartKind::Environment));
     EXPECT_EQ(Edit(u"ec<Ctrl-Right><Ctrl-Right><Enter>").line, u"echo \"old");
     EXPECT_EQ(Edit(u"echo \"open<Enter>").line, u"echo \"open");
+    console.Resize(60, 6);
+    console.cursor = {0, 0};
+    Edit(u"dir ::a.*\\b \"::c d\" /e:f & ffind /e\"g h\" *.txt<Enter>");
+    CString kinds;
+    for (int column = 1; column < 50; ++column)
+        kinds.Append(console.Color(0, column) == unsigned(LinePartKind::Regex)
+                         ? console.Row(0)[std::size_t(column)]
+                         : u' ');
+    EXPECT_EQ(std::u16string(kinds.TrimRight().view()), u"    ::a.*\\b \"::c d\"                \"g h\"");
 }
 
 } // namespace

@@ -88,6 +88,7 @@ public:
     ScreenPlace Cursor() override { return cursor; }
     void PlaceCursor(ScreenPlace place) override { cursor = place; }
     void ShapeCursor(int percent) override { cursorHeight = percent; }
+    int CursorShape() override { return cursorHeight; }
     unsigned Attributes() override { return 7; }
     void WriteRun(ScreenPlace place, std::u16string_view text, unsigned attributes) override
     {

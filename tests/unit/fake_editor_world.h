@@ -14,6 +14,7 @@ public:
     std::vector<CString> directories;
     std::vector<CString> names = {u"alpha.txt", u"alps.txt", u"beta.txt"};
     std::optional<LinePick> pick;
+    CString pickFilter;
     bool overstrike = false;
     KeyBindings bindings;
 
@@ -37,6 +38,10 @@ public:
         const auto found = std::find(history.rbegin(), history.rend(), line);
         if (found != history.rend())
             history.erase(std::next(found).base());
+    }
+    void ReplaceInHistory(bool, std::u16string_view line, std::u16string_view by) override
+    {
+        std::replace(history.begin(), history.end(), CString(line), CString(by));
     }
     void PrintHistory() override {}
     bool ExpandAliasesIn(CString& line) override
@@ -67,12 +72,20 @@ public:
                 offer.candidates.push_back({name, name, false, {}});
         return offer;
     }
-    std::optional<LinePick> Pick(EditorConsole&, const std::vector<CString>&, std::size_t, bool) override
+    std::optional<LinePick> Pick(EditorConsole&, const std::vector<CString>&, std::size_t, PickFrom,
+                                 std::u16string_view filter) override
     {
+        pickFilter = filter;
+        return pick;
+    }
+    std::optional<LinePick> PickExtended(EditorConsole&, std::u16string_view filter) override
+    {
+        pickFilter = filter;
         return pick;
     }
     CString Browse(bool directory) override { return directory ? u"C:\\d" : u"C:\\f"; }
     void ShowHelp(std::u16string_view, std::size_t) override {}
+    void ReportUnbuilt(std::u16string_view, bool) override {}
     void ChangeWindow(WindowChange) override {}
     Syntax CommandSyntax() override { return {}; }
     std::uint8_t ColorsOf(LinePartKind kind) override { return static_cast<std::uint8_t>(kind); }

@@ -160,7 +160,7 @@ TEST(HistoryBlock, StepsFromLineToLine)
     }
 }
 
-TEST(HistoryBlock, RemovesLines)
+TEST(HistoryBlock, RemovesAndChangesLines)
 {
     TestHistory history;
     history.Add({u"a", u"b", u"A", u"c", u"a", u"B"});
@@ -170,6 +170,11 @@ TEST(HistoryBlock, RemovesLines)
     EXPECT_EQ(history.Text(), u"a|b|A|a|B|");
     RemoveEqualHistoryLines(history.block);
     EXPECT_EQ(history.Text(), u"a|B|");
+    EXPECT_FALSE(ReplaceHistoryLine(history.block, 1, u"x"));
+    EXPECT_FALSE(ReplaceHistoryLine(history.block, 0, u""));
+    EXPECT_FALSE(ReplaceHistoryLine(history.block, 0, std::u16string(history.block.capacity, u'x')));
+    EXPECT_TRUE(ReplaceHistoryLine(history.block, 0, u"longer"));
+    EXPECT_EQ(history.Text(), u"longer|B|");
     ClearHistoryLines(history.block);
     EXPECT_EQ(history.Text(), u"");
     EXPECT_FALSE(DeleteHistoryLine(history.block, 0));

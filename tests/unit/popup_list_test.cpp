@@ -11,12 +11,12 @@ PopupRequest Fruit()
     request.title = u"Fruit";
     request.lines = {u"apple", u"green pear", u"green plum", u"grape\tred", u"fig"};
     request.place = {1, 2, 5, 30};
-    request.mayDelete = request.mayEdit = true;
+    request.mayDelete = request.mayEdit = request.mayChange = true;
     return request;
 }
 
 // Draws the list once more before the console is gone, and tells rows 1 to 5.
-std::u16string Screen(std::initializer_list<const char16_t*> keys)
+std::u16string Screen(std::initializer_list<const char16_t*> keys, PopupRequest request = Fruit())
 {
     class Watching : public FakeConsole {
     public:
@@ -32,7 +32,7 @@ std::u16string Screen(std::initializer_list<const char16_t*> keys)
     } console(40, 8);
     for (const char16_t* key : keys)
         console.Press(key);
-    RunPopupList(console, Fruit());
+    RunPopupList(console, std::move(request));
     return console.seen;
 }
 
@@ -49,6 +49,16 @@ TEST(PopupList, ShowsItsLinesAndPutsTheScreenBack)
     EXPECT_EQ(Screen({u"G", u"R", u"Space", u"P", u"L"}),
               u"  ┌ Fruit ───────────────┐\n  │green plum            │\n  │                      │\n"
               u"  │                      │\n  └ gr pl ────────── 1/1 ┘\n");
+    // What was found among its neighbours, then the next one above; facts do not move with the text.
+    PopupRequest facts = Fruit();
+    facts.keys |= key_category::extendedHistory;
+    facts.filter = u"GRE";
+    facts.chosen = 4;
+    facts.lead = {4, [](std::size_t line) { return CString(1, static_cast<char16_t>(u'0' + line)); }};
+    facts.places = {u"", u"", u"", u"", u"sea-green"};
+    EXPECT_EQ(Screen({u"Ctrl-F", u"Ctrl-F", u"Right"}, facts),
+              u"  ┌ Fruit ───────────────┐\n  │2   um                │\n  │3   d                 │\n"
+              u"  │4                     │\n  └ /GRE ─────────── 3/5 ┘\n");
     FakeConsole console(40, 8);
     console.WriteRun({2, 0}, u"a line that is covered by the window", 7);
     console.cursor = {3, 4};
