@@ -67,8 +67,13 @@ public:
     // a time it waits for ever.
     virtual ConsoleEvent Wait(std::optional<std::uint64_t> milliseconds = std::nullopt) = 0;
     std::function<void()> beforeBreak;
+    // For whoever reads the key Ctrl-C: the same as a break that comes by itself. Comes back when breaks are
+    // switched off.
+    virtual void Break() = 0;
     // The event that waits to be read, which goes on waiting; of kind TimedOut when none does.
     virtual ConsoleEvent Peek() = 0;
+    // Waits so long for an event to read; false when none has come.
+    virtual bool Await(std::uint64_t milliseconds) = 0;
     // How many events wait to be read, about: above 0 there is no need to draw yet.
     virtual std::size_t Waiting() = 0;
     // While lent, others may write on the console and read from it as usual; nothing else here is called

@@ -1,6 +1,7 @@
 #include "console/line_editor.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "config/key_names.h"
 #include "console/key_press_names.h"
@@ -9,10 +10,15 @@
 
 namespace {
 
-constexpr std::size_t shortestBurst = 2;       // keys; nobody types so many between two looks at the keyboard
-constexpr std::size_t keysBetweenLooks = 4096; // in a long paste the line is shown now and then
+constexpr std::size_t shortestBurst = 2; // keys; nobody types so many between two looks at the keyboard
+constexpr std::uint64_t longestGap = 30; // milliseconds between two pieces of a paste
+constexpr std::size_t keysBetweenLooks = 32768; // in a long paste the line is shown now and then
 
-bool IsLineEnd(std::u16string_view key) { return key == u"Enter" || key == u"Ctrl-J"; }
+// Consoles make either of the last two of a line feed.
+bool IsLineEnd(std::u16string_view key)
+{
+    return key == u"Enter" || key == u"Ctrl-J" || key == u"Ctrl-Enter";
+}
 
 unsigned Exchanged(unsigned colors) { return (colors & 0x0F) << 4 | (colors >> 4 & 0x0F); }
 
@@ -42,13 +48,15 @@ EditorAnswer LineEditor::Read(const EditorRequest& wanted)
     while (!outcome) {
         Take(console.Wait(patience));
         patience.reset();
-        const bool pause = console.Waiting() == 0;
+        if (outcome)
+            break;
+        const bool pause = console.Waiting() == 0 && (burst < shortestBurst || !console.Await(longestGap));
+        if (pause || burst % keysBetweenLooks == keysBetweenLooks - 1)
+            Show();
         if (pause) {
             typedAhead = false;
             burst = 0;
         }
-        if (!outcome && (pause || burst % keysBetweenLooks == keysBetweenLooks - 1))
-            Show();
     }
     console.beforeBreak = nullptr;
     TakeTyped();
@@ -123,14 +131,21 @@ void LineEditor::Perform(EditorAction action)
 bool LineEditor::EndsPasted(std::u16string_view key)
 {
     const bool enter = IsLineEnd(key);
-    const bool tab = key == u"Tab" && text.Text().Find(u'\n') != CString::npos;
+    const bool tab =
+        key == u"Tab" && (unshown.Find(u'\n') != CString::npos || text.Text().Find(u'\n') != CString::npos);
+    const bool secondHalf = enter && key != u"Enter" && std::exchange(endedRow, false); // CR LF
     if ((!enter && !tab) || typedAhead || burst < shortestBurst || !request->command)
         return false;
+    console.Await(longestGap);
     const ConsoleEvent next = console.Peek();
-    if (next.kind != ConsoleEventKind::Key || (!TypesCharacter(next.key) && !IsLineEnd(NameOfKey(next.key))))
+    if (next.kind != ConsoleEventKind::Key)
         return false;
-    if (key != u"Ctrl-J" || unshown.back() != u'\n')
+    const CString nextName = NameOfKey(next.key);
+    if (!TypesCharacter(next.key) && !IsLineEnd(nextName) && (!enter || nextName != u"Tab"))
+        return false;
+    if (!secondHalf)
         unshown.Append(enter ? u'\n' : u'\t');
+    endedRow = key == u"Enter";
     return true;
 }
 
@@ -177,6 +192,7 @@ void LineEditor::TypeUnit(char16_t unit)
         return;
     }
     unshown.Append(unit);
+    endedRow = false;
     lastAction = nullptr;
 }
 

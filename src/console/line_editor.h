@@ -125,6 +125,7 @@ private:
     CString unshown; // characters typed since the text was last brought up to date
     std::vector<ColorRun> colors;
     std::size_t coloredVersion = CString::npos; // of the text
+    bool endedRow = false;                      // by a pasted Enter just now
     bool typedAhead = false;                    // the keys that come now were typed before the line began
     std::size_t burst = 0;                      // keys that came without a pause before them
 };

@@ -22,7 +22,8 @@ void LinePainter::Begin()
     plain = console.Attributes();
     origin = console.Cursor();
     firstRow = 0;
-    shownCursorRow = 0;
+    shownCursorRow = brokenRows = 0;
+    shownCursorColumn = origin.column;
     prompt.clear();
     shown.assign(1, PictureRow(static_cast<std::size_t>(origin.column), PictureCell()));
 }
@@ -73,7 +74,8 @@ void LinePainter::Show(const LinePicture& picture)
     }
     shown.resize(static_cast<std::size_t>(std::max(rows, 1)));
     shownCursorRow = picture.cursorRow;
-    console.PlaceCursor({origin.row + picture.cursorRow, std::min(picture.cursorColumn, extent.columns - 1)});
+    shownCursorColumn = std::min(picture.cursorColumn, extent.columns - 1);
+    console.PlaceCursor({origin.row + shownCursorRow, shownCursorColumn});
 }
 
 void LinePainter::PaintRow(int row, const PictureRow& wanted)
@@ -124,7 +126,8 @@ void LinePainter::Erase(bool withPrompt, int promptRows)
     const bool first = firstRow == 0;
     const int top = std::max(0, origin.row - (first && withPrompt ? promptRows : 0));
     const int left = first && !withPrompt ? std::min(origin.column, extent.columns - 1) : 0;
-    const int bottom = std::min(extent.rows, origin.row + static_cast<int>(shown.size()));
+    const int bottom =
+        std::min(extent.rows, origin.row + std::max(static_cast<int>(shown.size()), brokenRows));
     for (int row = top; row < bottom; ++row) {
         const int from = row == top ? left : 0;
         console.WriteRun({row, from}, CString(static_cast<std::size_t>(extent.columns - from), u' '), plain);
@@ -138,12 +141,42 @@ void LinePainter::MoveBehind(bool endsInEmptyRow)
     console.PlaceCursor({endsInEmptyRow ? std::max(0, last - 1) : last, 0});
 }
 
+// Whether the first row that was shown stands there, broken at the present width.
+bool LinePainter::IsTextBrokenFrom(int row, int cursorColumn) const
+{
+    constexpr int enough = 16; // cells
+    int compared = 0;
+    const int begin = firstRow == 0 ? origin.column : 0;
+    for (int at = begin; at < static_cast<int>(shown.front().size()) && compared < enough; ++at) {
+        const PictureCell& cell = shown.front()[static_cast<std::size_t>(at)];
+        const int cellRow = row + at / extent.columns;
+        if (cellRow < 0 || cellRow >= extent.rows)
+            return false;
+        const auto there = console.ReadCells({cellRow, at % extent.columns, 1, 1});
+        if (cell.count > 0 && (there.empty() || there.front().unit != cell.units[0]))
+            return false;
+        ++compared;
+    }
+    return compared > 0 || cursorColumn == shownCursorColumn % extent.columns;
+}
+
+// The console may have moved the row of the cursor, and may have broken rows that are too long now.
 bool LinePainter::TakeNewSize()
 {
     const ScreenExtent before = extent;
     extent = console.Extent();
-    // The console may have moved the row of the cursor.
+    extent.columns = std::max(1, extent.columns);
     const ScreenPlace cursor = console.Cursor();
-    origin.row = std::max(0, cursor.row - shownCursorRow);
+    int above = shownCursorColumn / extent.columns;
+    int all = 0;
+    for (int row = 0; row < static_cast<int>(shown.size()); ++row) {
+        const int cells = static_cast<int>(shown[static_cast<std::size_t>(row)].size());
+        const int broken = std::max(1, (cells + extent.columns - 1) / extent.columns);
+        all += broken;
+        above += row < shownCursorRow ? broken : 0;
+    }
+    const bool isBroken = IsTextBrokenFrom(cursor.row - above, cursor.column);
+    brokenRows = isBroken ? all : 0;
+    origin.row = std::max(0, cursor.row - (isBroken ? above : shownCursorRow));
     return extent.columns != before.columns || extent.windowRows != before.windowRows;
 }

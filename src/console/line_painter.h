@@ -27,6 +27,7 @@ public:
 
 private:
     void KeepPrompt();
+    bool IsTextBrokenFrom(int row, int cursorColumn) const;
     void PaintRow(int row, const PictureRow& wanted);
     void WriteCells(int row, int column, const PictureRow& cells, std::size_t from, std::size_t to);
 
@@ -38,4 +39,6 @@ private:
     std::vector<PictureRow> shown; // what stands from `origin.row` on, from column 0 on
     PictureRow prompt;             // the cells before the line, once they had to be covered
     int shownCursorRow = 0;
+    int shownCursorColumn = 0;
+    int brokenRows = 0; // what is shown takes since the console broke its rows anew
 };

@@ -1,7 +1,9 @@
 #include "console/popup_list.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "config/key_functions.h"
 #include "console/key_press_names.h"
@@ -82,6 +84,11 @@ public:
     {
         alive.assign(request.lines.size(), true);
         marked.assign(request.lines.size(), request.allMarked);
+        beforeBreak = std::exchange(console.beforeBreak, [this] {
+            Close();
+            if (beforeBreak)
+                beforeBreak();
+        });
         Open();
         Filter(request.chosen);
         if (shown.empty() && !filter.empty()) {
@@ -91,13 +98,16 @@ public:
     }
     PopupList(const PopupList&) = delete;
     PopupList& operator=(const PopupList&) = delete;
-    ~PopupList() { Close(); }
+    ~PopupList()
+    {
+        console.beforeBreak = beforeBreak;
+        Close();
+    }
 
     PopupResult Run()
     {
         if (area.rows <= frameRows || area.columns <= frameColumns)
             return std::move(result);
-        console.WatchMouse(true);
         while (!done && !(shown.empty() && filter.empty())) {
             // What waits may be nothing that is told, such as the release of a key.
             ConsoleEvent event{ConsoleEventKind::TimedOut, {}, {}, 0};
@@ -133,10 +143,14 @@ private:
         area.top = extent.top + std::clamp(request.place.top, 0, extent.windowRows - area.rows);
         covered = console.ReadCells(area);
         console.ShapeCursor(0);
+        console.WatchMouse(true);
+        open = true;
     }
 
     void Close()
     {
+        if (!std::exchange(open, false))
+            return;
         const ScreenExtent extent = console.Extent();
         if (area.top + area.rows <= extent.rows && area.left + area.columns <= extent.columns)
             console.WriteCells(area, covered);
@@ -195,6 +209,8 @@ private:
 
     void Draw()
     {
+        if (!open) // a break closed it that came to nothing
+            Open();
         DrawEdge(area.top, u'\u250C', u'\u2510', request.title, {});
         for (int row = 0; row < Rows(); ++row)
             DrawRow(row);
@@ -268,7 +284,6 @@ private:
             Close();
             Open();
             KeepBarVisible();
-            console.WatchMouse(true);
             done = area.rows <= frameRows || area.columns <= frameColumns;
             break;
         }
@@ -277,6 +292,8 @@ private:
     void TakeKey(const KeyPress& key)
     {
         const CString name = NameOfKey(key);
+        if (name == u"Ctrl-C")
+            return console.Break();
         if (field)
             return TakeFieldKey(key, name);
         if (!IsPlainKey(name) && TakeBoundKey(name))
@@ -482,6 +499,8 @@ private:
     bool searching = false;
     std::optional<LineField> field;
     PopupResult result;
+    std::function<void()> beforeBreak; // the console's own
+    bool open = false;
     bool done = false;
 };
 

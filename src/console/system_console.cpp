@@ -4,6 +4,7 @@
 
 #include "engine/break.h"
 #include "platform/clipboard.h"
+#include "platform/clock.h"
 #include "platform/console.h"
 
 namespace {
@@ -61,11 +62,23 @@ RawEvent SystemEditorConsole::NextEvent(std::optional<std::uint64_t> millisecond
                 },
                 milliseconds);
         } catch (const BreakWaits&) {
-            if (beforeBreak)
-                beforeBreak();
-            ThrowIfBroken(); // comes back when breaks are switched off
+            TakeBreak();
         }
     }
+}
+
+// Comes back when breaks are switched off.
+void SystemEditorConsole::TakeBreak()
+{
+    if (beforeBreak)
+        beforeBreak();
+    ThrowIfBroken();
+}
+
+void SystemEditorConsole::Break()
+{
+    MarkBreak();
+    TakeBreak();
 }
 
 ConsoleEvent SystemEditorConsole::Peek()
@@ -73,6 +86,17 @@ ConsoleEvent SystemEditorConsole::Peek()
     if (repeats > 0)
         return KeyEvent(repeated);
     return AsConsoleEvent(PeekRawEvent());
+}
+
+bool SystemEditorConsole::Await(std::uint64_t milliseconds)
+{
+    const std::uint64_t end = Ticks() + milliseconds;
+    while (Waiting() == 0) {
+        const std::uint64_t now = Ticks();
+        if (now >= end || !WaitForEvent(end - now))
+            return false;
+    }
+    return true;
 }
 
 std::size_t SystemEditorConsole::Waiting() { return repeats + WaitingEvents(); }

@@ -11,7 +11,9 @@ public:
     explicit operator bool() const { return raw && *raw; }
 
     ConsoleEvent Wait(std::optional<std::uint64_t> milliseconds) override;
+    void Break() override;
     ConsoleEvent Peek() override;
+    bool Await(std::uint64_t milliseconds) override;
     std::size_t Waiting() override;
     void Lend(bool lent) override;
     void WatchMouse(bool on) override;
@@ -34,6 +36,7 @@ public:
 
 private:
     RawEvent NextEvent(std::optional<std::uint64_t> milliseconds);
+    void TakeBreak();
 
     std::optional<RawConsole> raw{std::in_place};
     KeyPress repeated;

@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "platform/console.h"
 #include "platform/console_keys.h"
+#include "platform/console_typing.h"
 #include "platform/lazy_library.h"
 #include "platform/standard_handles.h"
 
@@ -107,8 +108,10 @@ void BreakHandler(unsigned event)
     tls.breakPending = false;
     if (endsShell)
         aGlobals.exitRequested = 1;
-    else
+    else {
+        DropTypedKeys(); // the rest of what was pasted, say
         WriteToConsole(u"^C\r\n");
+    }
     if (!tls.Frame())
         tls.blocks = {};
     tls.breakHappened = true;

@@ -16,7 +16,7 @@ namespace {
 // when the raw console ends: what is typed ahead stays there for whoever reads next. Of the thread that reads
 // the console.
 struct PeekedEvents {
-    static constexpr DWORD most = 512;
+    static constexpr DWORD most = 2048; // of a long paste: each reading costs the console time
     INPUT_RECORD records[most];
     DWORD count = 0;
     DWORD taken = 0;
@@ -26,11 +26,9 @@ DWORD heldButtons = 0;
 
 void RemoveTaken(HANDLE keyboard)
 {
-    INPUT_RECORD removed[64];
     while (peeked.taken > 0) {
         DWORD done = 0;
-        const DWORD wanted = std::min<DWORD>(peeked.taken, 64);
-        if (!ReadConsoleInputW(keyboard, removed, wanted, &done) || done == 0)
+        if (!ReadConsoleInputW(keyboard, peeked.records, peeked.taken, &done) || done == 0)
             break;
         peeked.taken -= std::min(done, peeked.taken);
     }
@@ -187,6 +185,15 @@ RawEvent PeekRawEvent()
     event.kind = RawEventKind::TimedOut;
     return event;
 }
+
+bool WaitForEvent(std::uint64_t milliseconds)
+{
+    RemoveTaken(ConsoleKeyboard());
+    const WaitingAside others;
+    return WaitForSingleObjectEx(ConsoleKeyboard(), static_cast<DWORD>(milliseconds), TRUE) != WAIT_FAILED;
+}
+
+void ForgetPeekedEvents() { peeked.count = peeked.taken = 0; }
 
 std::size_t WaitingEvents()
 {

@@ -39,6 +39,11 @@ struct RawEvent {
 RawEvent ReadRawEvent(WaitPoll poll, std::optional<std::uint64_t> milliseconds);
 // The event that waits, which goes on waiting; of kind TimedOut when none does.
 RawEvent PeekRawEvent();
+// Waits at most so long until something has been added to the buffer, or a queued call has run; false when
+// waiting is impossible.
+bool WaitForEvent(std::uint64_t milliseconds);
+// For whoever has emptied the buffer.
+void ForgetPeekedEvents();
 // How many wait, about; 0 only when none does.
 std::size_t WaitingEvents();
 

@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include "platform/clock.h"
+#include "platform/console_drawing.h"
 #include "platform/console_handles.h"
 #include "platform/turns.h"
 
@@ -237,8 +238,10 @@ bool IsKeyWaiting() { return ConsoleKeyboard() && PassOtherEvents(ConsoleKeyboar
 
 void DropWaitingKeys()
 {
-    if (ConsoleKeyboard())
-        FlushConsoleInputBuffer(ConsoleKeyboard());
+    if (!ConsoleKeyboard())
+        return;
+    FlushConsoleInputBuffer(ConsoleKeyboard());
+    ForgetPeekedEvents();
 }
 
 TypedLine ReadTypedLine(CString& line, WaitPoll poll)

@@ -59,6 +59,12 @@ def pasting(console):
     console.ends_with(">echo first", "echo second")
     console.keys("Enter")
     console.ends_with("first", ">echo second", "second", ">")
+    console.text("".join(f"echo never {i}\n" for i in range(600)) + "echo last")
+    console.ends_with("echo never 599", "echo last")
+    console.keys("C-c")
+    console.ends_with("echo last^C", ">")
+    console.line("echo alive")
+    console.ends_with(">echo alive", "alive", ">")
 
 
 @case("colors while typing, and what the history would make of the line")

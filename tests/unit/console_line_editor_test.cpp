@@ -168,6 +168,9 @@ TEST_F(Editing, PastedLinesComeTogether)
     EXPECT_EQ(Edit(u"one<Enter>two<Enter>").line, u"one\ntwo");
     EXPECT_EQ(Edit(u"one<Enter>two<Enter>").line, u"one");
     EXPECT_EQ(Edit(u"").line, u"two");
+    console.quietKeys = 1;
+    EXPECT_EQ(Edit(u"one<Enter><Ctrl-J><Tab>two<Ctrl-Enter><Ctrl-Enter>three<Enter>").line,
+              u"one\n\ttwo\n\nthree");
 }
 
 // How many cells each key writes, drawn before the next key is read.
@@ -227,17 +230,29 @@ TEST_F(Editing, WideAndControlCharacters)
     EXPECT_EQ(console.Row(0), u">x^Z");
 }
 
+// Some consoles cut rows that are too long now, others break them.
 TEST_F(Editing, ShownAnewAtANewSize)
 {
-    console.onWait = [&] {
-        if (console.events.size() == 1 && console.Extent().columns == 40) {
-            console.Resize(10, 6);
+    for (const bool breaks : {false, true}) {
+        console.Resize(20, 6);
+        console.cursor = {1, 0};
+        console.onWait = [&] {
+            if (console.events.size() != 1 || console.Extent().columns != 20)
+                return;
+            if (breaks)
+                console.BreakRows(10);
+            else
+                console.Resize(10, 6);
             console.events.push_front({ConsoleEventKind::Resized, {}, {}, 0});
-        }
-    };
-    Edit(u"0123456789ab");
-    EXPECT_EQ(console.Row(0), u">012345678");
-    EXPECT_EQ(console.Row(1), u"9ab");
+        };
+        Edit(u"0123456789abcdefghijklmn<Left><Left>x");
+        EXPECT_EQ(console.Row(0), u"");
+        EXPECT_EQ(console.Row(1), u">012345678");
+        EXPECT_EQ(console.Row(2), u"9abcdefghi");
+        EXPECT_EQ(console.Row(3), u"jklxmn");
+        EXPECT_EQ(console.Row(4), u"");
+        console.Resize(0, 0); // forgets what is shown
+    }
 }
 
 TEST_F(Editing, ColorsAndSuggestions)

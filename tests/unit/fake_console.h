@@ -46,6 +46,25 @@ public:
         cursor.row = std::min(cursor.row, rows - 1);
         cursor.column = std::min(cursor.column, columns - 1);
     }
+    // A narrower window that breaks its rows anew, and the row of the cursor with them.
+    void BreakRows(int columns)
+    {
+        std::vector<ScreenCell> broken;
+        ScreenPlace place;
+        for (int row = 0; row < height; ++row) {
+            const int used = TextWidth(Row(row));
+            const int parts = std::max(1, (used + columns - 1) / columns);
+            if (row == cursor.row)
+                place = {static_cast<int>(broken.size()) / columns + cursor.column / columns,
+                         cursor.column % columns};
+            for (int column = 0; column < parts * columns; ++column)
+                broken.push_back(column < width ? At(row, column) : ScreenCell{u' ', 7});
+        }
+        broken.resize(static_cast<std::size_t>(columns * height), {u' ', 7});
+        cells = std::move(broken);
+        width = columns;
+        cursor = place;
+    }
 
     // A row without the blanks at its end; wide characters appear once.
     CString Row(int row) const
@@ -77,10 +96,20 @@ public:
         events.pop_front();
         return next;
     }
+    struct Broken {};
+    bool breaksOff = false;
+    void Break() override
+    {
+        if (beforeBreak)
+            beforeBreak();
+        if (!breaksOff)
+            throw Broken();
+    }
     ConsoleEvent Peek() override
     {
         return events.empty() ? ConsoleEvent{ConsoleEventKind::TimedOut, {}, {}, 0} : events.front();
     }
+    bool Await(std::uint64_t) override { return Waiting() > 0; }
     std::size_t Waiting() override { return drawsBetweenKeys || quietKeys > 0 ? 0 : events.size(); }
     void Lend(bool) override {}
     void WatchMouse(bool) override {}

@@ -89,3 +89,20 @@ TEST(PopupList, AnswersWhatWasPickedDeletedAndEdited)
     outside.Push(ConsoleEvent{ConsoleEventKind::Press, {}, {MouseButton::Left, true, 39, 7}, 0});
     EXPECT_EQ(RunPopupList(outside, Fruit()).action, PopupAction::Cancelled);
 }
+
+TEST(PopupList, LeavesTheScreenBeforeABreakIsTold)
+{
+    FakeConsole console(40, 8);
+    console.WriteRun({2, 0}, u"a line that is covered by the window", 7);
+    std::vector<CString> told;
+    console.beforeBreak = [&] { told.push_back(console.Row(2)); };
+    console.Press(u"Ctrl-C");
+    EXPECT_THROW(RunPopupList(console, Fruit()), FakeConsole::Broken);
+    EXPECT_EQ(told, std::vector<CString>{u"a line that is covered by the window"});
+
+    console.breaksOff = true;
+    for (const char16_t* key : {u"F", u"Ctrl-C", u"Enter"})
+        console.Press(key);
+    EXPECT_EQ(RunPopupList(console, Fruit()).text, u"fig");
+    EXPECT_EQ(told.size(), 2u);
+}
