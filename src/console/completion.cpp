@@ -44,29 +44,44 @@ public:
     CompletionOffer Run(CompletionKind kind)
     {
         if (kind == CompletionKind::ShortNames)
-            AddFileNames(word, {.shortNames = true}, world, candidates);
+            AddFiles({.shortNames = true});
         else if (kind == CompletionKind::Directories)
-            AddFileNames(word, {.files = false}, world, candidates);
+            AddFiles({.files = false});
         else if (kind == CompletionKind::SearchPath)
             AddPrograms();
-        else if (candidates = world.AskCompletionFiles(word, line, cursor); candidates.empty())
-            AddByPlace();
+        else {
+            candidates = world.AskCompletionFiles(word, line, cursor);
+            if (candidates.empty())
+                AddByPlace();
+            else
+                mayRepeat = true;
+        }
         return Finish();
     }
 
 private:
     CompletionOffer Finish()
     {
-        CompletionOffer offer{word.start, word.end, {}};
-        std::unordered_set<CString, NoCaseHash, NoCaseEqual> known;
-        for (CompletionCandidate& candidate : candidates) {
-            if (!known.insert(candidate.text).second)
-                continue;
-            if (word.touchesNext)
+        if (mayRepeat)
+            RemoveEqual();
+        if (word.touchesNext)
+            for (CompletionCandidate& candidate : candidates)
                 candidate.text += u' ';
-            offer.candidates.push_back(std::move(candidate));
-        }
-        return offer;
+        return {word.start, word.end, std::move(candidates)};
+    }
+
+    void RemoveEqual()
+    {
+        std::unordered_set<CString, NoCaseHash, NoCaseEqual> known;
+        std::erase_if(candidates, [&](const CompletionCandidate& candidate) {
+            return !known.insert(candidate.text).second;
+        });
+    }
+
+    void AddFiles(const FileChoice& choice)
+    {
+        mayRepeat = mayRepeat || !candidates.empty() || word.text.view().starts_with(u"\\\\");
+        AddFileNames(word, choice, world, candidates);
     }
 
     void AddByPlace()
@@ -74,7 +89,7 @@ private:
         switch (word.place) {
         case WordPlace::Command: return AddCommandPlace();
         case WordPlace::Argument: return AddArgument();
-        case WordPlace::Redirection: return AddFileNames(word, {}, world, candidates);
+        case WordPlace::Redirection: return AddFiles({});
         case WordPlace::Variable: return AddVariableReferences();
         case WordPlace::Function: return AddFunctionReferences();
         }
@@ -90,8 +105,7 @@ private:
                 AddNames(CompletionNames::Aliases, {}, {});
         }
         const bool all = settings.completeAllFiles || word.startsFile;
-        AddFileNames(word, {.extensions = all ? std::nullopt : std::optional(Executables())}, world,
-                     candidates);
+        AddFiles({.extensions = all ? std::nullopt : std::optional(Executables())});
         if (bare && !word.text.empty())
             AddPrograms();
     }
@@ -110,6 +124,7 @@ private:
         const FileChoice choice{.directories = false,
                                 .extensions =
                                     settings.completeAllFiles ? std::nullopt : std::optional(Executables())};
+        mayRepeat = true;
         for (const CString& folder : world.SearchFolders())
             AddFolderFiles(folder, word, choice, world, candidates);
     }
@@ -117,6 +132,7 @@ private:
     // The names that begin with what has been typed behind `mark`, with something in front and behind.
     void AddNames(CompletionNames kind, std::u16string_view mark, std::u16string_view behind)
     {
+        mayRepeat = true;
         const std::u16string_view typed = word.text.view().substr(std::min(mark.size(), word.text.size()));
         std::vector<CString> names = world.Names(kind);
         std::sort(names.begin(), names.end(), LessNoCase());
@@ -164,7 +180,7 @@ private:
             return AddCommandPlace();
         const std::u16string_view hint = row && !word.isValue ? HintOf(*row) : std::u16string_view();
         if (hint.empty())
-            AddFileNames(word, {}, world, candidates);
+            AddFiles({});
         else
             AddKinds(ReadCompletionHint(hint, word.before, world.CurrentSyntax().switchChar));
         if (candidates.empty() && settings.tabX == ArgumentKnowledge::All && !word.text.empty())
@@ -217,12 +233,11 @@ private:
             AddPrograms();
         }
         if (kinds.files)
-            AddFileNames(word, {}, world, candidates);
+            AddFiles({});
         else if (!kinds.extensions.empty())
-            AddFileNames(word, {.directories = kinds.directories, .extensions = kinds.extensions}, world,
-                         candidates);
+            AddFiles({.directories = kinds.directories, .extensions = kinds.extensions});
         else if (kinds.directories)
-            AddFileNames(word, {.files = false}, world, candidates);
+            AddFiles({.files = false});
     }
 
     void AddTopics()
@@ -250,6 +265,7 @@ private:
     const CompletionSettings& settings;
     CompletionWord word;
     std::vector<CompletionCandidate> candidates;
+    bool mayRepeat = false; // a single folder holds each name once
 };
 
 } // namespace

@@ -127,6 +127,13 @@ char16_t SeparatorOf(std::u16string_view directory)
     return last == npos ? u'\\' : directory[last];
 }
 
+CString Quoted(std::u16string_view name)
+{
+    CString quoted;
+    quoted.Reserve(name.size() + 2);
+    return quoted.Append(u'"').Append(name).Append(u'"');
+}
+
 CString ShownName(const NamedEntry& entry) { return entry.directory ? entry.name + u"\\" : entry.name; }
 
 // "\\", "\\machine", "\\machine\share": names of the network. False for any other text.
@@ -156,17 +163,13 @@ bool AddNetworkNames(const CompletionWord& word, CompletionWorld& world,
 
 CString SpellCandidate(const CString& name, const CompletionWord& word)
 {
-    CString plain(name);
     if (word.inBrackets)
-        return !word.quoted && plain.view().find_first_of(u",]") == npos
-                   ? plain
-                   : CString(u"\"") + plain.view() + u"\"";
+        return !word.quoted && name.view().find_first_of(u",]") == npos ? name : Quoted(name);
     // A reference needs no quotes by itself.
-    CString marks(plain);
+    CString marks(name);
     for (std::size_t at = marks.Find(u'%'); at != npos; at = marks.Find(u'%', at))
         marks.Set(at, u'_');
-    const bool needed = word.quoted || AddQuotes(marks) != marks;
-    return needed ? CString(u"\"") + plain.view() + u"\"" : plain;
+    return word.quoted || NeedsQuotes(marks) ? Quoted(name) : name;
 }
 
 void AddFileNames(const CompletionWord& word, const FileChoice& choice, CompletionWorld& world,
@@ -185,8 +188,12 @@ void AddFileNames(const CompletionWord& word, const FileChoice& choice, Completi
             shown += u'\\';
     }
     const CString typed = world.ExpandVariables(FileNamePart(word.text));
-    for (const NamedEntry& entry : ReadNames(folder, typed, choice, world)) {
-        CString name = shown + DoublePercents(entry.name).view();
+    std::vector<NamedEntry> entries = ReadNames(folder, typed, choice, world);
+    candidates.reserve(candidates.size() + entries.size());
+    for (const NamedEntry& entry : entries) {
+        CString name = DoublePercents(entry.name);
+        if (!shown.empty())
+            name = shown + name.view();
         if (entry.directory && world.Settings().appendToDir)
             name += SeparatorOf(directory);
         candidates.push_back({SpellCandidate(name, word), ShownName(entry), entry.directory, {}});

@@ -1,5 +1,7 @@
 #include "text/words.h"
 
+#include <array>
+
 #include "text/scanner.h"
 
 namespace {
@@ -9,6 +11,13 @@ constexpr std::size_t npos = std::u16string_view::npos;
 // Brackets within brackets that still hold a word together. Without a limit a line of nothing but opening
 // brackets would be searched to its end for each of them.
 constexpr int deepestBrackets = 32;
+
+constexpr std::array<bool, 128> quotedUnits = [] {
+    std::array<bool, 128> quoted{};
+    for (const char16_t unit : std::u16string_view(u" \t,;=&|<>()^+`%"))
+        quoted[unit] = true;
+    return quoted;
+}();
 
 std::size_t PassWord(std::u16string_view text, std::size_t at, const Syntax& syntax)
 {
@@ -109,10 +118,20 @@ CString WithoutOuterQuotes(std::u16string_view text)
     return CString(text);
 }
 
+bool NeedsQuotes(std::u16string_view text)
+{
+    bool needed = false;
+    for (const char16_t unit : text) {
+        if (unit == u'"')
+            return false;
+        needed = needed || (unit < quotedUnits.size() && quotedUnits[unit]);
+    }
+    return needed;
+}
+
 CString AddQuotes(std::u16string_view text)
 {
-    const bool needed = text.find_first_of(u" \t,;=&|<>()^+`%") != npos && text.find(u'"') == npos;
-    if (!needed)
+    if (!NeedsQuotes(text))
         return CString(text);
     CString quoted(u"\"");
     quoted.Append(text).Append(u'"');

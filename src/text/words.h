@@ -48,3 +48,4 @@ CString WithoutQuotes(std::u16string_view text);
 CString WithoutOuterQuotes(std::u16string_view text);
 // In double quotes when it holds a character that would part it or end the command.
 CString AddQuotes(std::u16string_view text);
+bool NeedsQuotes(std::u16string_view text);
