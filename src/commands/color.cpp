@@ -3,6 +3,7 @@
 #include "config/colors.h"
 #include "console/console_modes.h"
 #include "engine/results.h"
+#include "engine/state.h"
 #include "platform/console.h"
 #include "text/compare.h"
 
@@ -70,8 +71,11 @@ int Color_Command(CString& arguments)
     arguments.Trim();
     const unsigned usual = StandardColors();
     const std::optional<unsigned> colors = arguments.empty() ? usual : ParseColors(arguments);
-    if (!colors)
-        return MVError(errors::invalidColor, arguments);
+    if (!colors) {
+        // Scripts write "color 00", which no screen can show, for an error level that nobody sees.
+        const bool quiet = CurrentSyntax().openQuotes && ParseDigits(arguments);
+        return quiet ? Tls().errorLevel = result::error : MVError(errors::invalidColor, arguments);
+    }
     // There is nothing to colour without a console, which is no fault of the script.
     return !HasConsole() || PaintScreen(*colors) ? result::success : MVError(0);
 }

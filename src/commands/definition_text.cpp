@@ -74,11 +74,6 @@ bool AsksForDialog(std::u16string_view text, char16_t switchChar)
     return BeginsWithSwitch(text, u'=', switchChar);
 }
 
-bool AsksForHelp(std::u16string_view text, char16_t switchChar)
-{
-    return BeginsWithSwitch(text, u'?', switchChar) && text.find_first_not_of(u" \t", 2) == npos;
-}
-
 SetSwitches TakeSetSwitches(CString& text, char16_t switchChar)
 {
     SetSwitches switches;

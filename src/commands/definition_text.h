@@ -22,9 +22,8 @@ void DropDefinitionQuotes(CString& text);
 // Whether a name holds one of the wildcards *, ? and [.
 bool HasNamePattern(std::u16string_view name);
 
-// Whether the text asks for a dialog ("/=") or for help ("/?").
+// Whether the text asks for a dialog ("/=").
 bool AsksForDialog(std::u16string_view text, char16_t switchChar);
-bool AsksForHelp(std::u16string_view text, char16_t switchChar);
 
 // The switches of SET, which stand in front only: behind the name everything belongs to the value.
 struct SetSwitches {

@@ -7,7 +7,6 @@
 #include "core/command_lookup.h"
 #include "engine/break.h"
 #include "engine/console_entry.h"
-#include "engine/help_entry.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/text_reader.h"
@@ -247,15 +246,10 @@ DefinitionStores ListStores(ListKind kind, bool onlyLocal, bool onlyGlobal)
     return stores;
 }
 
-bool AnswerHelpOrDialog(std::u16string_view text, int& code)
+bool RefuseDialog(std::u16string_view text, int& code)
 {
-    const Syntax syntax = CurrentSyntax();
-    const BUILTIN* row = nullptr;
-    if (AsksForDialog(text, syntax.switchChar))
-        code = MVError(errors::unbuiltDialog, Tls().commandName);
-    else if (AsksForHelp(text, syntax.switchChar) && FindInternalCommand(Tls().commandName, true, &row) >= 0)
-        code = NTInternalHelp(*row);
-    else
+    if (!AsksForDialog(text, CurrentSyntax().switchChar))
         return false;
+    code = MVError(errors::unbuiltDialog, Tls().commandName);
     return true;
 }

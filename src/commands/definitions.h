@@ -42,5 +42,5 @@ int RemoveDefinitions(CString& text, const RemovalRequest& request);
 // asks for both.
 DefinitionStores ListStores(ListKind kind, bool onlyLocal, bool onlyGlobal);
 
-// Answers "/?" and "/=" for commands that see these requests themselves; true when `code` is the result.
-bool AnswerHelpOrDialog(std::u16string_view text, int& code);
+// Answers "/=", the request for a dialog, which is not there yet; true when `code` is the result.
+bool RefuseDialog(std::u16string_view text, int& code);

@@ -6,7 +6,6 @@
 #include "batch/do_loop.h"
 #include "core/command_lookup.h"
 #include "core/command_switches.h"
-#include "engine/help_entry.h"
 #include "engine/results.h"
 #include "engine/state.h"
 
@@ -36,11 +35,6 @@ const CommandHelp doHelp = {
 
 int Do_Command(CString& arguments)
 {
-    // The table leaves "/?" alone, because it may be part of a condition.
-    const char16_t help[] = {CurrentSyntax().switchChar, u'?'};
-    const BUILTIN* row = nullptr;
-    if (arguments.Trim() == std::u16string_view(help, 2) && FindInternalCommand(u"DO", true, &row) >= 0)
-        return NTInternalHelp(*row);
     DoHeader header;
     if (!ReadDoHeader(arguments, CurrentSyntax(), header))
         return UsageError();

@@ -11,6 +11,7 @@
 #include "config/key_functions.h"
 #include "console/completion_word.h"
 #include "core/command_switches.h"
+
 #include "engine/help_entry.h"
 #include "engine/language_library.h"
 #include "engine/output.h"

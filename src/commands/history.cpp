@@ -154,7 +154,7 @@ int ReadFiles(const CString& names, const Request& request)
 int Run(CString& arguments, ListKind kind)
 {
     int code = result::success;
-    if (AnswerHelpOrDialog(arguments, code))
+    if (RefuseDialog(arguments, code))
         return code;
     std::uint64_t switches = 0;
     code = ReadSwitches(arguments, letters, switches, SwitchPlace::Leading);

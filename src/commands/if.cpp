@@ -84,10 +84,12 @@ int RunBlock(const CString& command, bool holds)
 
 int If_Command(CString& arguments)
 {
-    std::uint64_t flags = 0;
     CString text(arguments);
-    if (ReadSwitches(text, u"I", flags, SwitchPlace::Leading) != result::success)
-        return result::error;
+    // Other words that begin like a switch are what is compared: if /%name%/ == //.
+    const char16_t ignoreCase[] = {CurrentSyntax().switchChar, u'I'};
+    const Word first = NextWord(text, 0, CurrentSyntax());
+    if (IsWord(text, first, std::u16string_view(ignoreCase, 2)))
+        text.Erase(0, first.end());
     const int answer = TestCondition(text, ConditionMode::If);
     if (answer < 0)
         return UsageError();

@@ -21,7 +21,7 @@ int Answer(int code, std::u16string_view arguments, const ListCommand& command)
 int DefineInList(CString& arguments, const ListCommand& command)
 {
     int code = result::success;
-    if (AnswerHelpOrDialog(arguments, code))
+    if (RefuseDialog(arguments, code))
         return code;
     std::uint64_t switches = 0;
     code = ReadSwitches(arguments, u"GLOPRS", switches, SwitchPlace::Leading);

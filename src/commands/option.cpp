@@ -215,7 +215,7 @@ int BackToDefault(const Request& request)
 int Option_Command(CString& arguments)
 {
     int code = result::success;
-    if (AnswerHelpOrDialog(arguments, code))
+    if (RefuseDialog(arguments, code))
         return code;
     Request request;
     if (const int refused = ReadRequest(arguments, request))

@@ -135,7 +135,7 @@ int Ask(CString& text, const DefinitionStores& stores)
 int Set_Command(CString& arguments)
 {
     int code = result::success;
-    if (AnswerHelpOrDialog(arguments, code))
+    if (RefuseDialog(arguments, code))
         return code;
     const SetSwitches switches = TakeSetSwitches(arguments, CurrentSyntax().switchChar);
     if (!switches.refused.empty())

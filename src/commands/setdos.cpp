@@ -263,7 +263,7 @@ int ObeySwitch(const CString& word)
 int Setdos_Command(CString& arguments)
 {
     int code = result::success;
-    if (AnswerHelpOrDialog(arguments, code))
+    if (RefuseDialog(arguments, code))
         return code;
     arguments.Trim();
     if (arguments.empty())

@@ -13,7 +13,6 @@
 #include "core/shell_line.h"
 #include "engine/batch_entry.h"
 #include "engine/expansion_entry.h"
-#include "engine/help_entry.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "platform/file_facts.h"
@@ -236,21 +235,12 @@ int StartTarget(const Target& target, const StartSwitches& switches)
     return WaitForProgram(child, !hearsBreaks, shown);
 }
 
-bool AsksForHelp(std::u16string_view arguments, char16_t switchChar)
-{
-    return arguments.size() == 2 && arguments[0] == switchChar && arguments[1] == u'?';
-}
-
 } // namespace
 
 int Start_Command(CString& arguments)
 {
     const Syntax syntax = CurrentSyntax();
-    const BUILTIN* row = nullptr;
     arguments.Trim();
-    // The table leaves "/?" alone, because it may be meant for the program.
-    if (AsksForHelp(arguments, syntax.switchChar) && FindInternalCommand(Tls().commandName, true, &row) >= 0)
-        return NTInternalHelp(*row);
     StartSwitches switches;
     CString place;
     if (const unsigned code = ReadStartSwitches(arguments, syntax, switches, place); code != 0)

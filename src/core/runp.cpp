@@ -91,11 +91,16 @@ CString ProgramName(std::u16string_view command, const Syntax& syntax)
     return name;
 }
 
-bool AsksForHelp(std::u16string_view arguments, const Syntax& syntax)
+// "/?" asks for help where it is all that stands behind the name, and anywhere for most commands.
+bool AsksForHelp(std::u16string_view arguments, bool anywhere, const Syntax& syntax)
 {
     const char16_t request[] = {syntax.switchChar, u'?'};
-    if (arguments.find(std::u16string_view(request, 2)) == npos)
+    const std::size_t at = arguments.find(std::u16string_view(request, 2));
+    if (at == npos)
         return false;
+    if (!anywhere)
+        return arguments.find_first_not_of(u" \t") == at &&
+               arguments.find_first_not_of(u" \t", at + 2) == npos;
     for (Word word = NextWord(arguments, 0, syntax); word.length > 0;
          word = NextWord(arguments, word.end(), syntax))
         if (arguments.substr(word.start, word.length) == std::u16string_view(request, 2))
@@ -132,7 +137,7 @@ int RunInternalCommand(const BUILTIN& row, CString& arguments)
     const unsigned flags = CommandFlags(row);
     TLS_VARIABLES& tls = Tls();
     tls.commandName = row.name;
-    if ((flags & command_flags::help) != 0 && !IsEcho(row) && AsksForHelp(arguments, syntax))
+    if (!IsEcho(row) && AsksForHelp(arguments, (flags & command_flags::help) != 0, syntax))
         return NTInternalHelp(row);
     if ((flags & command_flags::batchOnly) != 0 && !tls.Frame())
         return tls.errorLevel = MVError(errors::batchOnly, row.name);

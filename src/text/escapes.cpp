@@ -32,9 +32,9 @@ void Resolve(CString& text, bool respectQuotes, const Syntax& syntax)
     std::size_t to = 0;
     for (std::size_t from = 0; from < text.size(); ++from) {
         char16_t unit = units[from];
-        // A lone back-quote is an ordinary character.
-        const bool mayQuote =
-            respectQuotes && (unit == u'"' || (unit == u'`' && text.Find(u'`', from + 1) != CString::npos));
+        // A lone back-quote is an ordinary character, and so are all in the texts of .BAT and .CMD files.
+        const bool mayQuote = respectQuotes && (unit == u'"' || (unit == u'`' && !syntax.openQuotes &&
+                                                                 text.Find(u'`', from + 1) != CString::npos));
         if (quote == 0 && unit == syntax.escapeChar) {
             // A lone escape character at the end stands for nothing.
             if (++from == text.size())

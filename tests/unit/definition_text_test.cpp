@@ -121,11 +121,8 @@ TEST(DefinitionText, JoinsTheLinesOfAFile)
     EXPECT_FALSE(reader.Finish(definition));
 }
 
-TEST(DefinitionText, SeesHelpAndDialogs)
+TEST(DefinitionText, SeesDialogs)
 {
-    EXPECT_TRUE(AsksForHelp(u"/? ", u'/'));
-    EXPECT_FALSE(AsksForHelp(u"/?x", u'/'));
-    EXPECT_FALSE(AsksForHelp(u"a=/?", u'/'));
     EXPECT_TRUE(AsksForDialog(u"/=", u'/'));
     EXPECT_FALSE(AsksForDialog(u"x /=", u'/'));
     EXPECT_FALSE(AsksForDialog(u"/", u'/'));
