@@ -170,6 +170,8 @@ private:
         request.text = present;
         request.longest = aIniFile.DescriptionMax;
         inputEnded = ReadInputLine(description, request) == InputOutcome::Ended;
+        if (inputEnded)
+            work.Failed(ERROR_HANDLE_EOF, shown);
         return !inputEnded;
     }
 

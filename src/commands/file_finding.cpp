@@ -145,6 +145,8 @@ bool FileFinding::LookInside(const CString& path)
         return options.inverse;
     }
     const std::u16string_view kind = ContentKind(scan.Start(lookedAt));
+    if (kind == u"utf16be")
+        return LookAtLines(path);
     const std::size_t width = kind == u"utf16" ? 2 : 1;
     if (width != filterWidth) {
         filter = options.lines->Prefilter(width);

@@ -15,13 +15,9 @@
 #include "text/path_names.h"
 #include "text/words.h"
 
-int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search, FileWorkOptions& options,
-                 std::uint64_t& ownFlags)
+int ReadWorkSwitches(CString& arguments, std::u16string_view own, FileWorkOptions& options,
+                     std::uint64_t& ownFlags)
 {
-    if (const int code = GetRange(arguments, &search.ranges, 0))
-        return code;
-    if (const int code = TakeAttributeSwitches(arguments, search.attributes))
-        return code;
     constexpr std::u16string_view shared = u"ENPQT";
     std::uint64_t flags = 0;
     if (const int code = ReadSwitches(arguments, CString(shared) + own, flags))
@@ -33,6 +29,16 @@ int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search
     options.totalsOnly = (flags & 16) != 0;
     ownFlags = flags >> shared.size();
     return result::success;
+}
+
+int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search, FileWorkOptions& options,
+                 std::uint64_t& ownFlags)
+{
+    if (const int code = GetRange(arguments, &search.ranges, 0))
+        return code;
+    if (const int code = TakeAttributeSwitches(arguments, search.attributes))
+        return code;
+    return ReadWorkSwitches(arguments, own, options, ownFlags);
 }
 
 AttributeMasks MasksFor(const CString& argument, const FILESEARCH& search, const AttributeMasks& asked)

@@ -35,8 +35,11 @@ struct FileWorkOptions {
     u"/Q  show neither names nor totals\n"                                                                   \
     u"/T  show totals only\n"
 
-// Takes the ranges, the attribute switch, these switches and those in `own` out of the arguments; `ownFlags`
-// gets a bit for each of `own`. 0, or the result of a reported error.
+// Takes these switches and those in `own` out of the arguments; `ownFlags` gets a bit for each of `own`. 0,
+// or the result of a reported error.
+int ReadWorkSwitches(CString& arguments, std::u16string_view own, FileWorkOptions& options,
+                     std::uint64_t& ownFlags);
+// The ranges and the attribute switch as well, for commands that search.
 int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search, FileWorkOptions& options,
                  std::uint64_t& ownFlags);
 

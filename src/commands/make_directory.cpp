@@ -30,10 +30,9 @@ const CommandHelp makeDirectoryHelp = {
 
 int MakeDirectory_Command(CString& arguments)
 {
-    FILESEARCH search;
     FileWorkOptions options;
     std::uint64_t flags = 0;
-    if (const int code = ReadFileWork(arguments, u"DS", search, options, flags))
+    if (const int code = ReadWorkSwitches(arguments, u"DS", options, flags))
         return code;
     const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
     if (names.empty())

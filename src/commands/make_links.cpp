@@ -16,7 +16,7 @@
 
 const CommandHelp mklinkHelp = {
     u"Makes a symbolic link, a hard link or a junction.",
-    u"MKLINK [/D | /H | /J] [/E] [/N] [/P] [/Q] link target",
+    u"MKLINK [/D | /H | /J] [/E] [/N] [/P] [/Q] [/T] link target",
     u"/D  a symbolic link to a directory\n"
     u"/E  show no error messages\n"
     u"/H  a hard link: another name for a file of the same drive\n"
@@ -24,6 +24,7 @@ const CommandHelp mklinkHelp = {
     u"/N  make nothing, show only what would be made\n"
     u"/P  ask first\n"
     u"/Q  show nothing\n"
+    u"/T  show the total only\n"
     u"Without /D, /H and /J a symbolic link is made, to a directory when the target is one that exists. A "
     u"target that does not begin with a drive or a backslash counts from the link's own directory for a "
     u"symbolic link, from the current one for the others. A link that exists is never replaced. The result "
@@ -165,10 +166,9 @@ private:
 
 int Mklink_Command(CString& arguments)
 {
-    FILESEARCH search;
     FileWorkOptions options;
     std::uint64_t flags = 0;
-    if (const int code = ReadFileWork(arguments, u"DHJ", search, options, flags))
+    if (const int code = ReadWorkSwitches(arguments, u"DHJ", options, flags))
         return code;
     Link kind = Link::Choose;
     const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());

@@ -50,11 +50,11 @@ const CommandHelp pdirHelp = {
     u"x  short name\n"
     u"y  <DIR> and its like, nothing for plain files\n"
     u"@  a variable function with its brackets, in which * is the full name\n"
-    u"Text in single quotes, blanks and punctuation stand for themselves. Names and ranges are those of "
-    u"DIR. The result counters are %_pdir_files, %_pdir_dirs and %_pdir_errors.",
+    u"Text in single quotes, blanks and punctuation stand for themselves. Double quotes around the whole "
+    u"switch keep the command line from taking | < > & for its own. Names and ranges are those of DIR. The result counters are %_pdir_files, %_pdir_dirs and %_pdir_errors.",
     u"pdir /(d t 12sc n) *.txt\n"
     u"pdir /s /a:-d /(f,s,c2)\n"
-    u"pdir /(-40n '^|' 8sK i) *\n"
+    u"pdir \"/(-40n '|' 8sK i)\" *\n"
     u"pdir /(n @words[0,*]) *.btm",
 };
 
@@ -67,7 +67,7 @@ struct PdirOptions {
     bool pauses = false;
 };
 
-// Takes "/(...)" out of the arguments; false when its end is missing.
+// Takes "/(...)" out of the arguments, with double quotes around it; false when its end is missing.
 bool TakeFormat(CString& arguments, CString& format)
 {
     const CString start = Format(u"%c(", CurrentSyntax().switchChar);
@@ -84,7 +84,8 @@ bool TakeFormat(CString& arguments, CString& format)
         depth += unit == u'(' ? 1 : unit == u')' ? -1 : 0;
         if (depth == 0) {
             format = arguments.Substr(begin + 2, at - begin - 2);
-            CutSwitch(arguments, begin, at + 1 - begin);
+            const bool inQuotes = begin > 0 && arguments[begin - 1] == u'"' && arguments[at + 1] == u'"';
+            CutSwitch(arguments, begin - inQuotes, at + 1 - begin + 2 * inQuotes);
             return true;
         }
     }

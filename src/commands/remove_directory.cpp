@@ -21,6 +21,7 @@ const CommandHelp removeDirectoryHelp = {
     u"Removes directories.",
     u"RD [range ...] [/A[:]attributes] [/E] [/K] [/N] [/P] [/Q] [/R] [/S] [/T] directory ...",
     u"/S  remove the directory with all that is in it, after a question\n"
+    u"/A  directories with attributes, as DIR /A tells\n"
     u"/Q  ask nothing, show nothing\n"
     u"/E  show no error messages\n"
     u"/K  delete for good, even if RecycleBin says otherwise\n"

@@ -69,6 +69,8 @@ private:
         }
         const CString from = CString(directory.found.name) + file.name;
         const CString to = hasDirectory ? FullPathName(newName) : CString(directory.found.name) + newName;
+        if (from == to)
+            work.Passed(); // has the name already
         if (from == to || !work.Wants(message::askRename, shown))
             return;
         if (!work.Pretends()) {

@@ -114,15 +114,9 @@ int ListAll(std::vector<CString> names, FILESEARCH& search, bool bare)
     int code = result::success;
     for (const CString& name : names) {
         const StreamName wanted = SplitStream(WithoutQuotes(name));
-        bool any = false;
-        for (bool found = FindFiles(search, AddQuotes(wanted.file)); found; found = FindFiles(search)) {
-            any = true;
-            List(search, wanted.stream, bare);
-        }
-        if (search.error != 0)
-            code = MVError(search.error, search.failed);
-        else if (!any)
-            code = MVError(ERROR_FILE_NOT_FOUND, wanted.file);
+        const auto list = [&] { List(search, wanted.stream, bare); };
+        if (const int one = ForEachMatch(search, {AddQuotes(wanted.file)}, list))
+            code = one;
     }
     return code;
 }

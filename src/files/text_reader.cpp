@@ -1,6 +1,7 @@
 #include "files/text_reader.h"
 
 #include <cstring>
+#include <utility>
 
 #include <windows.h>
 
@@ -38,6 +39,9 @@ bool TextReader::Open(std::u16string_view name, OtherWriters others)
     if (!file || !Fill())
         return false;
     encoding = RecogniseTextFile(block);
+    highByteFirst = block.starts_with("\xFE\xFF");
+    if (highByteFirst)
+        encoding = {TextEncoding::Utf16, 2};
     return true;
 }
 
@@ -51,14 +55,25 @@ bool TextReader::Fill()
     block.resize(held + count);
     const bool pipeEnded = !done && GetLastError() == ERROR_BROKEN_PIPE;
     atEnd = count == 0;
+    if (markPassed)
+        TurnBytes(held & ~std::size_t{1}); // an odd byte has waited for its other half
     return done || pipeEnded;
+}
+
+// Puts the low bytes first, from a place in the block on.
+void TextReader::TurnBytes(std::size_t from)
+{
+    for (std::size_t at = from; highByteFirst && at + 1 < block.size(); at += 2)
+        std::swap(block[at], block[at + 1]);
 }
 
 bool TextReader::Read(CString& piece)
 {
     piece.Clear();
-    if (!markPassed)
+    if (!markPassed) {
         block.erase(0, encoding.markLength);
+        TurnBytes(0);
+    }
     markPassed = true;
     std::size_t whole = WholeLines(block, encoding.encoding);
     while (whole == 0 && !atEnd && block.size() < blockSize) {

@@ -1,7 +1,8 @@
 // Reading text files of any size in whatever encoding they are in.
 //
 // The encoding is recognised from the first block: a mark, else its look (text/encoding.h), else the code
-// page of the console. Memory use does not depend on the file. Errors stand in the thread's last error.
+// page of the console. UTF-16 with the high byte first is read where its mark tells so, as UTF-16. Memory use
+// does not depend on the file. Errors stand in the thread's last error.
 #pragma once
 
 #include <string>
@@ -32,10 +33,12 @@ public:
 
 private:
     bool Fill();
+    void TurnBytes(std::size_t from);
 
     OwnedHandle file;
     std::string block; // read but not handed out
     RecognisedEncoding encoding;
     bool atEnd = false;
+    bool highByteFirst = false;
     bool markPassed = false;
 };

@@ -25,6 +25,7 @@ HKEY RootKey(RegistryRoot root)
     case RegistryRoot::CurrentUser: return HKEY_CURRENT_USER;
     case RegistryRoot::LocalMachine: return HKEY_LOCAL_MACHINE;
     case RegistryRoot::ClassesRoot: return HKEY_CLASSES_ROOT;
+    case RegistryRoot::Users: return HKEY_USERS;
     }
     return nullptr;
 }

@@ -12,7 +12,7 @@
 
 #include "text/cstring.h"
 
-enum class RegistryRoot { CurrentUser, LocalMachine, ClassesRoot };
+enum class RegistryRoot { CurrentUser, LocalMachine, ClassesRoot, Users };
 
 class RegistryKey {
 public:

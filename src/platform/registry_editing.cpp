@@ -90,10 +90,11 @@ public:
             if (error != ERROR_SUCCESS)
                 return;
         }
-        error = static_cast<unsigned>(way == Way::Create
-                                          ? createKey(root, name.key.w(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                                      rights | view, nullptr, &key, nullptr)
-                                          : openKey(root, name.key.w(), 0, rights | view, &key));
+        const DWORD kept = name.isVolatile ? REG_OPTION_VOLATILE : REG_OPTION_NON_VOLATILE;
+        error =
+            static_cast<unsigned>(way == Way::Create ? createKey(root, name.key.w(), 0, nullptr, kept,
+                                                                 rights | view, nullptr, &key, nullptr)
+                                                     : openKey(root, name.key.w(), 0, rights | view, &key));
         if (error != ERROR_SUCCESS)
             key = nullptr;
     }

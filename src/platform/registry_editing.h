@@ -18,6 +18,7 @@ struct RegistryName {
     CString root;
     CString key;
     CString value;
+    bool isVolatile = false; // a key that is made for it is forgotten at log-off
 };
 // `withValue` tells that the last part names a value. ERROR_INVALID_NAME for an unknown root.
 unsigned ReadRegistryName(std::u16string_view text, bool withValue, RegistryName& name);
