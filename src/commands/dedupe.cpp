@@ -152,7 +152,7 @@ private:
 void Deduping::Collect(const CString& argument)
 {
     FILESEARCH& search = options.search;
-    work.ForEachFile(search, argument, [&] {
+    const bool any = work.ForEachFile(search, argument, [&] {
         if (search.file.facts.size == 0 && !options.emptyFiles)
             return;
         // A link's own name is not the file's.
@@ -161,6 +161,8 @@ void Deduping::Collect(const CString& argument)
         files.push_back(
             {search.name, search.fullName, search.file.facts.size, search.file.facts.written, files.size()});
     });
+    if (!any)
+        work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(argument));
 }
 
 void Deduping::PutKeptFirst(std::vector<DuplicateFile>& group) const

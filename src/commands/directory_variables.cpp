@@ -19,8 +19,8 @@
 
 const CommandHelp direnvHelp = {
     u"Keeps environment variables for directories: they hold in the directory and all below it.",
-    u"DIRENV [/Ddirectory]\n"
     u"DIRENV [/Ddirectory] name=[value]\n"
+    u"DIRENV [/Ddirectory]\n"
     u"DIRENV [/Ddirectory] name+=value\n"
     u"DIRENV [/Ddirectory] /Ffile\n"
     u"DIRENV /A | /R | /X [/Ddirectory]",
