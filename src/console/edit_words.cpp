@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/cell_width.h"
 #include "text/compare.h"
 
 namespace {
@@ -11,6 +12,20 @@ constexpr char16_t firstBeyondAscii = 0x80;
 bool InWord(char16_t unit) { return unit == u'_' || unit >= firstBeyondAscii || IsLetterOrDigit(unit); }
 
 bool PartsWords(char16_t unit) { return IsBlank(unit) || unit == u'\n'; }
+
+// In the line that begins at `line`, as many cells from its beginning as `at` is from `begin`.
+std::size_t PlaceInLine(std::u16string_view text, std::size_t line, std::size_t begin, std::size_t at)
+{
+    const int wanted = TextWidth(text.substr(begin, at - begin));
+    const std::size_t end = LineEndAt(text, line);
+    std::size_t place = line;
+    for (int cells = 0; cells < wanted && place < end;) {
+        const std::size_t next = NextCharacter(text, place);
+        cells += TextWidth(text.substr(place, next - place));
+        place = next;
+    }
+    return place;
+}
 
 } // namespace
 
@@ -78,4 +93,16 @@ std::size_t LineBeginAt(std::u16string_view text, std::size_t at)
 std::size_t LineEndAt(std::u16string_view text, std::size_t at)
 {
     return std::min(text.find(u'\n', at), text.size());
+}
+
+std::size_t PlaceInLineAbove(std::u16string_view text, std::size_t at)
+{
+    const std::size_t begin = LineBeginAt(text, at);
+    return begin == 0 ? text.npos : PlaceInLine(text, LineBeginAt(text, begin - 1), begin, at);
+}
+
+std::size_t PlaceInLineBelow(std::u16string_view text, std::size_t at)
+{
+    const std::size_t end = LineEndAt(text, at);
+    return end == text.size() ? text.npos : PlaceInLine(text, end + 1, LineBeginAt(text, at), at);
 }

@@ -21,3 +21,6 @@ std::size_t ArgumentRightOf(std::u16string_view text, std::size_t at);
 // The line of a text of several lines.
 std::size_t LineBeginAt(std::u16string_view text, std::size_t at);
 std::size_t LineEndAt(std::u16string_view text, std::size_t at);
+// The place above or below `at`, as near as the other line allows; npos when there is no other line.
+std::size_t PlaceInLineAbove(std::u16string_view text, std::size_t at);
+std::size_t PlaceInLineBelow(std::u16string_view text, std::size_t at);

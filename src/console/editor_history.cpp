@@ -36,6 +36,19 @@ bool StandsUnchanged(const LineEditor& editor)
 
 using Step = const CString* (HistoryRecall::*)(std::u16string_view, std::size_t, const HistoryRecall::Rules&);
 
+using OtherLine = std::size_t (*)(std::u16string_view text, std::size_t at);
+
+// Between the lines of a text first; what the history has just shown is gone through as one.
+bool MoveToLine(LineEditor& editor, OtherLine line)
+{
+    const std::size_t place =
+        StandsUnchanged(editor) ? CString::npos : line(editor.text.View(), editor.text.Cursor());
+    if (place == CString::npos)
+        return false;
+    editor.text.MoveTo(place);
+    return true;
+}
+
 void Walk(LineEditor& editor, Step step)
 {
     if (!TakeHistory(editor)) {
@@ -161,8 +174,17 @@ void WalkDirectories(LineEditor& editor, Step step)
 
 } // namespace
 
-void PrevHistory(LineEditor& editor) { Walk(editor, &HistoryRecall::Older); }
-void NextHistory(LineEditor& editor) { Walk(editor, &HistoryRecall::Newer); }
+void PrevHistory(LineEditor& editor)
+{
+    if (!MoveToLine(editor, PlaceInLineAbove))
+        Walk(editor, &HistoryRecall::Older);
+}
+
+void NextHistory(LineEditor& editor)
+{
+    if (!MoveToLine(editor, PlaceInLineBelow))
+        Walk(editor, &HistoryRecall::Newer);
+}
 
 void EndHistory(LineEditor& editor)
 {

@@ -3,7 +3,11 @@
 namespace {
 
 // The window's size comes back as an event, and the line is shown anew then.
-void Change(LineEditor& editor, WindowChange change) { editor.world.ChangeWindow(change); }
+void Change(LineEditor& editor, WindowChange change)
+{
+    if (!editor.world.ChangeWindow(change))
+        editor.Beep();
+}
 
 void SayUnbuilt(LineEditor& editor, std::u16string_view keyFunction, bool isDialog)
 {

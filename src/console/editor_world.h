@@ -97,7 +97,7 @@ public:
     virtual void ShowHelp(std::u16string_view line, std::size_t cursor) = 0;
     // Says that what a key function opens cannot be opened.
     virtual void ReportUnbuilt(std::u16string_view keyFunction, bool isDialog) = 0;
-    virtual void ChangeWindow(WindowChange change) = 0;
+    virtual bool ChangeWindow(WindowChange change) = 0; // false when it cannot be done
 
     virtual Syntax CommandSyntax() = 0;
     virtual std::uint8_t ColorsOf(LinePartKind kind) = 0; // 0 for none of its own

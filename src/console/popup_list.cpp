@@ -151,12 +151,21 @@ private:
     {
         if (!std::exchange(open, false))
             return;
-        const ScreenExtent extent = console.Extent();
-        if (area.top + area.rows <= extent.rows && area.left + area.columns <= extent.columns)
-            console.WriteCells(area, covered);
+        PutBackCovered();
         console.PlaceCursor(cursorBefore);
         console.ShapeCursor(shapeBefore);
         console.WatchMouse(false);
+    }
+
+    // As much of it as a screen that has become smaller still has.
+    void PutBackCovered()
+    {
+        const ScreenExtent extent = console.Extent();
+        const int columns = std::min(area.columns, extent.columns - area.left);
+        for (int row = 0; row < area.rows && area.top + row < extent.rows && columns > 0; ++row) {
+            const auto first = covered.begin() + static_cast<std::ptrdiff_t>(row) * area.columns;
+            console.WriteCells({area.top + row, area.left, 1, columns}, {first, first + columns});
+        }
     }
 
     CString LineText(std::size_t line) const

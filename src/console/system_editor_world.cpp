@@ -47,16 +47,16 @@ constexpr PartColors partColors[] = {
 constexpr std::uint8_t errorColors = 12;
 
 // A higher or lower font, as far as the console has one that changes.
-void ScaleFont(int pixels)
+bool ScaleFont(int pixels)
 {
     constexpr int lowest = 5;
     constexpr int highest = 72;
     std::optional<ConsoleFont> font = ReadConsoleFont();
     if (!font)
-        return;
+        return false;
     font->height = std::clamp(font->height + pixels, lowest, highest);
     font->width = 0; // follows
-    SetConsoleFont(*font);
+    return SetConsoleFont(*font);
 }
 
 // A "*" that keeps aliases away has to stay, or the line would mean something else.
@@ -200,7 +200,7 @@ void SystemEditorWorld::ReportUnbuilt(std::u16string_view keyFunction, bool isDi
     MVError(isDialog ? errors::unbuiltDialog : errors::unbuiltCommand, keyFunction);
 }
 
-void SystemEditorWorld::ChangeWindow(WindowChange change)
+bool SystemEditorWorld::ChangeWindow(WindowChange change)
 {
     constexpr int shift = 16; // pixels
     constexpr int fontStep = 2;
@@ -209,13 +209,14 @@ void SystemEditorWorld::ChangeWindow(WindowChange change)
     case WindowChange::HeightMin: ResizeConsoleWindow(0, 1); break;
     case WindowChange::WidthMax: ResizeConsoleWindow(largestWindow, 0); break;
     case WindowChange::WidthMin: ResizeConsoleWindow(1, 0); break;
-    case WindowChange::FontMax: ScaleFont(fontStep); break;
-    case WindowChange::FontMin: ScaleFont(-fontStep); break;
+    case WindowChange::FontMax: return ScaleFont(fontStep);
+    case WindowChange::FontMin: return ScaleFont(-fontStep);
     case WindowChange::Up: ShiftConsoleWindow(0, -shift); break;
     case WindowChange::Down: ShiftConsoleWindow(0, shift); break;
     case WindowChange::Left: ShiftConsoleWindow(-shift, 0); break;
     case WindowChange::Right: ShiftConsoleWindow(shift, 0); break;
     }
+    return true;
 }
 
 Syntax SystemEditorWorld::CommandSyntax() { return CurrentSyntax(); }

@@ -29,7 +29,7 @@ public:
     CString Browse(bool directory) override;
     void ShowHelp(std::u16string_view line, std::size_t cursor) override;
     void ReportUnbuilt(std::u16string_view keyFunction, bool isDialog) override;
-    void ChangeWindow(WindowChange change) override;
+    bool ChangeWindow(WindowChange change) override;
     Syntax CommandSyntax() override;
     std::uint8_t ColorsOf(LinePartKind kind) override;
     LinePartKind KindOfCommand(std::u16string_view name) override;

@@ -117,7 +117,12 @@ bool SetConsoleFont(const ConsoleFont& font)
     info.FontWeight = static_cast<UINT>(font.weight);
     const std::u16string_view name = font.name.view().substr(0, std::size(info.FaceName) - 1);
     std::copy(name.begin(), name.end(), info.FaceName);
-    return HasConsole() && SetCurrentConsoleFontEx(ConsoleScreen(), FALSE, &info);
+    const std::optional<ConsoleFont> present = ReadConsoleFont();
+    if (!present || present->height == 0) {
+        SetLastError(ERROR_NOT_SUPPORTED);
+        return false;
+    }
+    return SetCurrentConsoleFontEx(ConsoleScreen(), FALSE, &info);
 }
 
 bool SetTextAttributes(unsigned attributes)

@@ -40,7 +40,8 @@ struct ConsoleFont {
     int weight = 0; // 400 as usual, 700 bold
 };
 std::optional<ConsoleFont> ReadConsoleFont();
-// A width of 0 follows from the height. Windows takes another font for one that it does not have.
+// A width of 0 follows from the height. Windows takes another font for one that it does not have. False, too,
+// for a console inside a terminal, which tells no height: the terminal has the font.
 bool SetConsoleFont(const ConsoleFont& font);
 
 // Colours of text to come.

@@ -173,6 +173,16 @@ TEST_F(Editing, PastedLinesComeTogether)
               u"one\n\ttwo\n\nthree");
 }
 
+// Up and Down go between the lines of a text, and to the history from its ends.
+TEST_F(Editing, LinesOfATextAreGoneThrough)
+{
+    world.history = {u"old"};
+    console.clipboard = u"a\u4E2Dcd\nx\nlong line";
+    EXPECT_EQ(Edit(u"<Ctrl-V><Home><Right><Right><Right><Up>1<Up><Right>2<Down><Down>3<Enter>").line,
+              u"a\u4E2Dc2d\nx1\nlo3ng line");
+    EXPECT_EQ(Edit(u"<Ctrl-V><Home><Up><Up><Up><Esc><Up><Up><Enter>").line, u"old");
+}
+
 // How many cells each key writes, drawn before the next key is read.
 TEST_F(Editing, OnlyWhatChangesIsWritten)
 {

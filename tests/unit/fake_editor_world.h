@@ -86,7 +86,7 @@ public:
     CString Browse(bool directory) override { return directory ? u"C:\\d" : u"C:\\f"; }
     void ShowHelp(std::u16string_view, std::size_t) override {}
     void ReportUnbuilt(std::u16string_view, bool) override {}
-    void ChangeWindow(WindowChange) override {}
+    bool ChangeWindow(WindowChange) override { return true; }
     Syntax CommandSyntax() override { return {}; }
     std::uint8_t ColorsOf(LinePartKind kind) override { return static_cast<std::uint8_t>(kind); }
     LinePartKind KindOfCommand(std::u16string_view name) override

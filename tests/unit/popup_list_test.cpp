@@ -62,10 +62,12 @@ TEST(PopupList, ShowsItsLinesAndPutsTheScreenBack)
     FakeConsole console(40, 8);
     console.WriteRun({2, 0}, u"a line that is covered by the window", 7);
     console.cursor = {3, 4};
+    console.cursorHeight = 15;
     RunPopupList(console, Fruit());
     EXPECT_EQ(console.Row(2), u"a line that is covered by the window");
     EXPECT_EQ(console.Color(2, 5), 7u);
     EXPECT_EQ(console.cursor, (ScreenPlace{3, 4}));
+    EXPECT_EQ(console.cursorHeight, 15);
 }
 
 TEST(PopupList, AnswersWhatWasPickedDeletedAndEdited)
