@@ -1,6 +1,7 @@
 #include "engine/tables.h"
 #include "expand/expander.h"
 #include "expand/modifiers.h"
+#include "expand/variable_names.h"
 #include "lang/errors.h"
 #include "text/compare.h"
 #include "text/format.h"
@@ -9,6 +10,16 @@
 namespace {
 
 constexpr std::size_t npos = std::u16string_view::npos;
+
+// .BAT and .CMD files close parameters as if they were names: "%~dp0%..". 1 when such a "%" begins `text`
+// and no reference of its own, which goes with the parameter.
+std::size_t ClosingPercent(std::u16string_view text, const Syntax& syntax)
+{
+    if (!syntax.openQuotes || text.empty() || text[0] != u'%')
+        return 0;
+    const char16_t next = text.size() > 1 ? text[1] : u' ';
+    return IsNameUnit(next) || std::u16string_view(u"%~*@=+#?[({").find(next) != npos ? 0 : 1;
+}
 
 } // namespace
 
@@ -179,7 +190,9 @@ bool Expander::ReadTilde(int& code)
     };
     if (!ReadPathModifiers(text, isTarget, modifiers))
         return false;
-    code = InsertValue(ApplyPathModifiers(value, modifiers, world), 2 + modifiers.target + digits);
+    const std::size_t end = modifiers.target + digits;
+    const std::size_t closing = batch ? ClosingPercent(text.substr(end), settings.syntax) : 0;
+    code = InsertValue(ApplyPathModifiers(value, modifiers, world), 2 + end + closing);
     return true;
 }
 
@@ -211,7 +224,8 @@ bool Expander::ReadParameters(int& code)
     // A subroutine may have named the rest of its own arguments so.
     CString rest;
     const bool ofSubroutine = first == u'*' && !parameters && world.SubroutineParameter(u"*", rest);
-    code = InsertValue(ofSubroutine ? rest.view() : View(found.value), 1 + found.length);
+    const std::size_t closing = ClosingPercent(text.substr(found.length), settings.syntax);
+    code = InsertValue(ofSubroutine ? rest.view() : View(found.value), 1 + found.length + closing);
     return true;
 }
 
