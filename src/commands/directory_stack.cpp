@@ -194,6 +194,9 @@ int Popd_Command(CString& arguments)
     }
     if (!arguments.empty())
         return UsageError();
+    // Scripts go back as well from where PUSHD has failed to go.
+    if (Stack().empty() && CurrentSyntax().openQuotes)
+        return Tls().errorLevel = result::error;
     if (Stack().empty())
         return MVError(errors::directoryStackEmpty);
     // A directory that is gone leaves the stack all the same: it must not bar the way to the ones below.

@@ -104,7 +104,7 @@ const Reader::Row Reader::rows[] = {
     {u"RUNAS", SetFlag<&StartSwitches::elevated>},
     {u"SEPARATE", Accept}, // for the 16-bit programs of long ago
     {u"SHARED", Accept},
-    {u"TAB", Accept}, // a tab of the graphical host; without it, a window like any other
+    {u"TAB", Accept},                      // a tab of the graphical host; without it, a window like any other
     {u"W", SetFlag<&StartSwitches::wait>}, // as scripts write it
     {u"WAIT", SetFlag<&StartSwitches::wait>},
 };
