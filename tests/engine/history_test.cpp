@@ -57,18 +57,6 @@ protected:
     void TearDown() override { RemoveEnvironment(u"HistoryExclude"); }
 };
 
-TEST_F(LocalHistory, KeepsWhatTheRulesAllow)
-{
-    aIniFile.HistMin = 5;
-    WriteEnvironment(u"HistoryExclude", u"secret*");
-    for (const char16_t* line : {u"four", u"fifth \t ", u"@fifth", u"*@fifth", u"secret thing", u"a secret"})
-        Add(line);
-    EXPECT_EQ(Text(), u"fifth|a secret|");
-    for (const char16_t* line : {u"four", u"@five", u"secret"})
-        Add(line, true);
-    EXPECT_EQ(Text(), u"fifth|a secret|four|@five|secret|");
-}
-
 TEST_F(LocalHistory, LeavesMarkedLinesOutOnce)
 {
     Tls().lineNotSaved = true;
@@ -124,17 +112,6 @@ TEST_F(LocalHistory, EntriesAreDeleted)
     EXPECT_FALSE(DeleteFromHistory(u"elsewhere"));
     EXPECT_EQ(Text(), u"two|");
     EXPECT_EQ(Text(ListKind::DirHistory), u"");
-}
-
-TEST_F(LocalHistory, DirectoriesStandInItOnce)
-{
-    NoteDirectoryChange(u"C:\\a", u"C:\\b");
-    NoteDirectoryChange(u"C:\\b", u"C:\\A");
-    NoteDirectoryChange(u"C:\\A", u"C:\\c");
-    EXPECT_EQ(Text(ListKind::DirHistory), u"C:\\b|C:\\A|");
-    aIniFile.DirHistoryOnEntry = 1;
-    NoteDirectoryChange(u"C:\\c", u"C:\\d");
-    EXPECT_EQ(Text(ListKind::DirHistory), u"C:\\b|C:\\A|C:\\d|");
 }
 
 TEST_F(LocalHistory, SignalsAreHeldNoLongerThanBefore)

@@ -315,17 +315,6 @@ TEST_F(SharedLists, LocalListGrowsAndGlobalListFills)
     EXPECT_EQ(Alias(u"mvt_new"), u"(none)");
 }
 
-TEST_F(SharedLists, LocalEntriesHideGlobalOnes)
-{
-    aIniFile.LocalAliases = 1;
-    InitializeLocalGlobalLists();
-    ASSERT_EQ(Define(u"mvt_both=global"), 0);
-    ASSERT_EQ(Define(u"mvt_both=local", VariableStore::LocalAliases), 0);
-    EXPECT_EQ(Alias(u"mvt_both"), u"local");
-    EXPECT_EQ(Define(u"mvt_both=", VariableStore::LocalAliases), 0);
-    EXPECT_EQ(Alias(u"mvt_both"), u"global");
-}
-
 TEST(Environment, ValuesOfEveryLength)
 {
     CString value;
@@ -355,22 +344,6 @@ TEST(Environment, NamesOfDrives)
     ASSERT_TRUE(ReadEnvironment(u"=Q:", value));
     EXPECT_EQ(value, u"Q:\\somewhere");
     EXPECT_TRUE(RemoveEnvironment(u"=Q:"));
-}
-
-TEST(Environment, ValuesOfAType)
-{
-    auto define = [](const char16_t* text, const char16_t* type) {
-        CString entry(text);
-        return AddVariableToList(entry, VariableStore::Environment, type);
-    };
-    CString value;
-    EXPECT_EQ(define(u"mvt_typed=12", u"integer"), 0);
-    EXPECT_EQ(define(u"mvt_typed=twelve", u"integer:\"a number of days\""), result::error);
-    EXPECT_EQ(define(u"mvt_typed=13", u"weekday"), result::error);
-    ASSERT_TRUE(ReadEnvironment(u"mvt_typed", value));
-    EXPECT_EQ(value, u"12");
-    EXPECT_EQ(SetEVariable(u"mvt_typed="), 0);
-    EXPECT_FALSE(QueryEnvironmentVariable(u"mvt_typed"));
 }
 
 } // namespace

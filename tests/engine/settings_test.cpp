@@ -65,20 +65,6 @@ protected:
     std::vector<CString> files;
 };
 
-TEST_F(Settings, OneDirective)
-{
-    EXPECT_EQ(SetINIDirective(u"//HistDups=last", SettingOrigin::CommandLine), 0);
-    EXPECT_EQ(Value(u"histdups"), u"Last");
-    EXPECT_EQ(SetINIDirective(u"//HistDups=never"), 2);
-    EXPECT_EQ(SetINIDirective(u"//NoSuchThing=1"), 2);
-    EXPECT_EQ(Value(u"HistDups"), u"Last");
-    EXPECT_EQ(SetINIDirective(u"//Editor=first second"), 0);
-    EXPECT_EQ(Value(u"Editor"), u"first");
-    EXPECT_EQ(SetINIDirective(u"//ErrorColors=\"bright red on black\""), 0);
-    EXPECT_EQ(Value(u"ErrorColors"), u"12");
-    EXPECT_EQ(SetINIDirective(u"/"), 2);
-}
-
 TEST_F(Settings, AskingForValues)
 {
     SetINIDirective(u"//MailPassword=s3cret");
@@ -91,22 +77,6 @@ TEST_F(Settings, AskingForValues)
     EXPECT_EQ(std::u16string_view(buffer), u"abc");
     EXPECT_EQ(QueryOptionValue(u"Editors", buffer, 4), ERROR_INVALID_PARAMETER);
     EXPECT_EQ(std::u16string_view(buffer), u"");
-}
-
-TEST_F(Settings, FilesAndSources)
-{
-    const CString included = WriteFile("HistMin=7\r\n");
-    const CString name = WriteFile("AliasSize=5000\r\nFuzzyCD=9\r\nInclude=" + ToUtf8(included) + "\r\n");
-    EXPECT_EQ(ProcessINI(u"@" + std::u16string(name.view())), 0);
-    EXPECT_EQ(Value(u"AliasSize"), u"5000");
-    EXPECT_EQ(Value(u"FuzzyCD"), u"0");
-    EXPECT_EQ(Value(u"HistMin"), u"7");
-    EXPECT_EQ(SettingSourceText(FindDirective(u"HistMin")), Format(u"%s [1]", included));
-    EXPECT_EQ(aTexts.iniFile, name);
-
-    EXPECT_NE(ProcessINI(name + u".gone"), 0);
-    EXPECT_EQ(aTexts.iniFile, name);
-    EXPECT_EQ(Value(u"AliasSize"), u"5000");
 }
 
 TEST_F(Settings, FileOpenForWritingIsNotRead)

@@ -204,23 +204,6 @@ TEST(IniLine, ValidatorsThatNoRowUsesYet)
     EXPECT_EQ(shell.Value(u"LogName"), u"b.log");
 }
 
-// The rows whose defaults scripts and people rely on most.
-TEST(IniClear, Defaults)
-{
-    Shell shell;
-    const std::u16string_view cases[][2] = {
-        {u"AliasSize", u"262144"}, {u"HistoryLocalSize", u"10000"}, {u"HistDups", u"Off"},
-        {u"AmPm", u"No"},          {u"EditMode", u"Overstrike"},    {u"TabX", u"Selected"},
-        {u"HistWrap", u"Yes"},     {u"NoClobber", u"No"},           {u"CommandSep", u"&"},
-        {u"EscapeChar", u"^"},     {u"CursorOver", u"15"},          {u"ListColors", u"0"},
-        {u"Editor", u""},          {u"ServerCompletion", u"Local"}, {u"RegularExpressions", u"Perl"},
-    };
-    for (const auto& one : cases)
-        EXPECT_EQ(shell.Value(one[0]), one[1]);
-    EXPECT_EQ(shell.ini.format, 9u);
-    EXPECT_EQ(shell.ini.formatCheck, 19930u);
-}
-
 TEST(FormatValue, UnknownAndBroken)
 {
     Shell shell;

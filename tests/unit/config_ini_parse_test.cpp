@@ -17,39 +17,6 @@ std::string Utf16(std::u16string_view text, bool mark)
     return bytes;
 }
 
-TEST(IniParse, WholeFile)
-{
-    Shell shell;
-    shell.world.files[u"C:\\shell\\MOVA.INI"] = "; my settings\r\n"
-                                                "\r\n"
-                                                "  AliasSize = 5000   \r\n"
-                                                "HistDups=never\r\n"
-                                                "\tHistMin = 5 ; short lines are not kept\n"
-                                                "Frobnicate=1\r\n"
-                                                "Undo=F2 Ctrl-U\r\n"
-                                                "Editor=last line without an end";
-    EXPECT_EQ(shell.Parse(mainFile), 0);
-    EXPECT_EQ(shell.Value(u"AliasSize"), u"5000");
-    EXPECT_EQ(shell.Value(u"HistDups"), u"Off");
-    EXPECT_EQ(shell.Value(u"HistMin"), u"5");
-    EXPECT_EQ(shell.Value(u"Editor"), u"last line without an end");
-    EXPECT_EQ(shell.keys.Keys(KeyBindings::Find(u"undo")), u"F2 Ctrl-U");
-
-    ASSERT_EQ(shell.world.reports.size(), 2u);
-    EXPECT_EQ(shell.world.reports[0].error.code, errors::iniChoice);
-    EXPECT_EQ(shell.world.reports[0].error.name, u"HistDups");
-    EXPECT_EQ(shell.world.reports[0].place.file, mainFile);
-    EXPECT_EQ(shell.world.reports[0].place.line, 4u);
-    EXPECT_EQ(shell.world.reports[0].place.text, u"HistDups=never");
-    EXPECT_EQ(shell.world.reports[1].error.code, errors::iniItem);
-    EXPECT_EQ(shell.world.reports[1].place.line, 6u);
-
-    const SettingSource& source = shell.sources.rows[static_cast<std::size_t>(FindDirective(u"HistMin"))];
-    EXPECT_EQ(source.origin, SettingOrigin::File);
-    EXPECT_EQ(shell.sources.files[source.file], mainFile);
-    EXPECT_EQ(source.line, 5u);
-}
-
 TEST(IniParse, Sections)
 {
     const std::string text =
