@@ -3,6 +3,7 @@
 
 #include "console/edit_words.h"
 #include "console/editor_actions.h"
+#include "text/words.h"
 
 namespace {
 
@@ -116,6 +117,12 @@ void TakePicked(LineEditor& editor, const CString& line, bool runs)
         editor.Finish();
 }
 
+// In quotes where it needs them and does not stand behind one that has been typed.
+CString DirectoryArgument(const LineEditor& editor, const CString& directory, std::size_t at)
+{
+    return at > 0 && editor.text.View()[at - 1] == u'"' ? directory : AddQuotes(directory);
+}
+
 void Pick(LineEditor& editor, bool directory)
 {
     HistoryRecall& recall = directory ? editor.directories : editor.recall;
@@ -142,7 +149,7 @@ void Pick(LineEditor& editor, bool directory)
     if (!picked)
         return;
     if (directory) {
-        editor.text.Insert(line);
+        editor.text.Insert(DirectoryArgument(editor, line, editor.text.SelectionBegin()));
         return;
     }
     if (!editor.settings.appendCommandLines)
@@ -153,23 +160,24 @@ void Pick(LineEditor& editor, bool directory)
 void WalkDirectories(LineEditor& editor, Step step)
 {
     HistoryRecall& recall = editor.directories;
-    LineEditor::PulledArgument* there = editor.pulled ? &*editor.pulled : nullptr;
-    const bool goesOn = there && there->version == editor.text.Version() && recall.Walking();
+    const bool walked = editor.IsLast(PrevDirHistory) || editor.IsLast(NextDirHistory);
+    const bool goesOn =
+        walked && editor.pulled && editor.pulled->version == editor.text.Version() && recall.Walking();
     if (!goesOn) {
         recall.Take(editor.world.History(true));
         editor.pulled = {0, editor.text.SelectionBegin(), editor.text.SelectionEnd(), 0};
-        there = &*editor.pulled;
     }
-    const CString present = editor.text.Text().Substr(there->from, there->to - there->from);
-    const CString* directory =
-        (recall.*step)(goesOn ? present.view() : std::u16string_view(), 0, {false, false});
+    LineEditor::PulledArgument& there = *editor.pulled;
+    const CString present = goesOn ? recall.Lines()[recall.Place()] : CString();
+    const CString* directory = (recall.*step)(present, 0, {false, false});
     if (!directory) {
         editor.Beep();
         return;
     }
-    editor.text.Replace(there->from, there->to, *directory);
-    there->to = there->from + directory->size();
-    there->version = editor.text.Version();
+    const CString inserted = DirectoryArgument(editor, *directory, there.from);
+    editor.text.Replace(there.from, there.to, inserted);
+    there.to = there.from + inserted.size();
+    there.version = editor.text.Version();
 }
 
 } // namespace

@@ -115,13 +115,13 @@ def history_window(console):
 
 @case("Tab goes through what fits, Shift-Tab back; a window offers the names")
 def completing(console):
-    console.file("alpha.txt", "first")
+    console.file("alpha one.txt", "first")
     console.file("alps.txt", "second")
     console.start()
     console.shows(">")
     console.text("type al")
     console.keys("Tab")
-    console.ends_with(">type alpha.txt")
+    console.ends_with('>type "alpha one.txt"')
     console.keys("Tab")
     console.ends_with(">type alps.txt")
     console.keys("BTab", "Enter")

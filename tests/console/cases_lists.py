@@ -1,4 +1,4 @@
-"""Lists in the console: @select, SELECT; Tab, F7 and F1 on the command line."""
+"""Lists in the console: @select and SELECT; F1 on the command line."""
 
 from registry import case
 
@@ -44,27 +44,3 @@ def help_word(console):
     console.shows(">echo no&popd x")
     console.keys("F1")
     console.ends_with("Examples", "  popd", "  popd *", ">echo no&popd x")
-
-
-@case("Tab completes names, Shift+Tab goes back, F7 shows them all in a list")
-def tab_completion(console):
-    console.file("report one.txt", "first")
-    console.file("report.txt", "second")
-    console.start()
-    console.shows(">")
-    console.text("type rep")
-    console.shows(">type rep")
-    console.keys("Tab")
-    console.shows('>type "report one.txt"')
-    console.keys("Tab")
-    console.shows(">type report.txt")
-    console.keys("BTab")
-    console.shows('>type "report one.txt"')
-    console.keys("Enter")
-    console.ends_with("first", ">")
-    console.text("type rep")
-    console.ends_with(">type rep")
-    console.keys("F7")
-    console.row_with("report.txt", "\u2502")
-    console.keys("Down", "Enter")
-    console.ends_with(">type report.txt")

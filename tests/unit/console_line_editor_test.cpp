@@ -50,7 +50,7 @@ protected:
 TEST_F(Editing, KeysMakeLines)
 {
     world.history = {u"dir *.c", u"copy a b", u"Dir /w", u"echo \"x y\" z"};
-    world.directories = {u"C:\\one", u"C:\\two"};
+    world.directories = {u"C:\\one", u"C:\\two words"};
     const EditedLine table[] = {
         {u"abc<Left><Left>", u"a|bc"},
         {u"abc<Home>", u"|abc"},
@@ -83,6 +83,8 @@ TEST_F(Editing, KeysMakeLines)
         {u"<Ctrl-1>", u"\"x y\"|"},
         {u"<Ctrl-B><Ctrl-B>", u"/w|"},
         {u"cd <Ctrl-Up><Ctrl-Up>", u"cd C:\\one|"},
+        {u"cd <Ctrl-Up><Ctrl-Up><Ctrl-Down>", u"cd \"C:\\two words\"|"},
+        {u"<Ctrl-Up><Ctrl-B><Ctrl-Up>", u"\"C:\\two words\"z\"C:\\two words\"|"},
         // Completion.
         {u"type al<Tab>", u"type alpha.txt|"},
         {u"type al<Tab><Tab>", u"type alps.txt|"},
