@@ -19,7 +19,6 @@
 #include "files/file_search.h"
 #include "lang/console_messages.h"
 #include "platform/console.h"
-#include "text/cell_width.h"
 #include "text/compare.h"
 #include "text/path_names.h"
 #include "text/references.h"
@@ -242,25 +241,11 @@ int FindChoices(const SelectRequest& request, Choices& choices)
     return choices.names.empty() ? MVError(ERROR_FILE_NOT_FOUND, request.names) : result::success;
 }
 
-// So that what stands behind the names stands in a column.
-void AlignNames(std::vector<CString>& names)
-{
-    constexpr int widestColumn = 40;
-    int widest = 0;
-    for (const CString& name : names)
-        if (const int width = TextWidth(name); width <= widestColumn)
-            widest = std::max(widest, width);
-    for (CString& name : names)
-        for (int width = TextWidth(name); width < widest; ++width)
-            name += u' ';
-}
-
 PopupResult Ask(const SelectRequest& request, const Choices& choices)
 {
     PopupRequest popup = UsualPopup();
     popup.title = CString(request.before).Trim();
     popup.lines = choices.names;
-    AlignNames(popup.lines);
     popup.notes = choices.facts;
     const ScreenFacts screen = ReadScreenFacts().value_or(ScreenFacts());
     popup.place = {0, 0, screen.windowRows, screen.windowColumns};

@@ -153,12 +153,14 @@ void PopFile(LineEditor& editor)
     const bool goesOn = GoesOn(editor);
     if (!goesOn && !Start(editor, CompletionKind::Files, false))
         return;
-    std::vector<CString> lines;
-    for (const CompletionCandidate& candidate : editor.completing->offer.candidates)
-        lines.push_back(candidate.shown.empty() ? candidate.text : candidate.shown);
-    const auto pick =
-        editor.world.Pick(editor.console, lines, editor.completing->index, PickFrom::Candidates, {});
-    if (pick && pick->chosen < lines.size())
+    PickRequest request;
+    request.start = editor.completing->index;
+    for (const CompletionCandidate& candidate : editor.completing->offer.candidates) {
+        request.lines.push_back(candidate.shown.empty() ? candidate.text : candidate.shown);
+        request.notes.push_back(candidate.hint);
+    }
+    const auto pick = editor.world.Pick(editor.console, request);
+    if (pick && pick->chosen < request.lines.size())
         Put(editor, pick->chosen);
     else if (!goesOn)
         editor.completing.reset();

@@ -87,7 +87,8 @@ void InsertArgument(LineEditor& editor, std::size_t number)
 // What has been typed so far is what a window shows lines of.
 std::u16string_view TypedFilter(const LineEditor& editor)
 {
-    return StandsUnchanged(editor) ? std::u16string_view() : editor.text.View();
+    const bool looksFor = !editor.settings.appendCommandLines && !StandsUnchanged(editor);
+    return looksFor ? editor.text.View() : std::u16string_view();
 }
 
 // The history as the window has left it; answers where the line that was picked stands now.
@@ -134,9 +135,12 @@ void Pick(LineEditor& editor, bool directory)
     }
     const std::size_t start = recall.Walking() ? recall.Place() : recall.Lines().size() - 1;
     std::vector<CString> lines = recall.Lines();
-    const auto pick =
-        editor.world.Pick(editor.console, lines, start, directory ? PickFrom::Directories : PickFrom::History,
-                          directory ? std::u16string_view() : TypedFilter(editor));
+    const PickRequest request{directory ? PickFrom::Directories : PickFrom::History,
+                              lines,
+                              {},
+                              start,
+                              CString(directory ? u"" : TypedFilter(editor))};
+    const auto pick = editor.world.Pick(editor.console, request);
     if (!pick)
         return;
     for (const auto& [place, line] : pick->changed)

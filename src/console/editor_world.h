@@ -55,6 +55,14 @@ enum class LinePartKind {
 
 enum class PickFrom { Candidates, History, Directories };
 
+struct PickRequest {
+    PickFrom from = PickFrom::Candidates;
+    std::vector<CString> lines;
+    std::vector<CString> notes = {}; // beside the lines; none, or one for each
+    std::size_t start = 0;
+    CString filter = {}; // counts as typed in the window already
+};
+
 struct LinePick {
     std::size_t chosen = 0; // behind the last line when none was
     CString text;           // of the line, as it has been edited
@@ -85,9 +93,7 @@ public:
 
     virtual CompletionSource& Completion() = 0;
     // Lets a person pick one of the lines in a window, where those of a history may be deleted and changed.
-    // The filter is what counts as typed there already.
-    virtual std::optional<LinePick> Pick(EditorConsole& console, const std::vector<CString>& lines,
-                                         std::size_t start, PickFrom from, std::u16string_view filter) = 0;
+    virtual std::optional<LinePick> Pick(EditorConsole& console, const PickRequest& request) = 0;
     // The same with the extended history, which takes care of itself: nothing when it has no lines, and no
     // text when none was picked.
     virtual std::optional<LinePick> PickExtended(EditorConsole& console, std::u16string_view filter) = 0;

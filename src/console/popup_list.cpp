@@ -19,7 +19,8 @@ constexpr int frameRows = 2;
 constexpr int frameColumns = 2;
 constexpr int wheelStep = 3;
 constexpr int sideStep = 8;
-constexpr int fieldCursor = 25; // percent
+constexpr int fieldCursor = 25;   // percent
+constexpr int widestAligned = 40; // cells; notes stand further to the right beside longer lines
 
 // Whether every word of the filter stands in the line or in its place.
 bool FitsFilter(std::u16string_view line, std::u16string_view place, std::u16string_view filter)
@@ -82,6 +83,9 @@ public:
         : console(theConsole), request(std::move(what)), filter(request.filter),
           cursorBefore(console.Cursor()), shapeBefore(console.CursorShape())
     {
+        for (std::size_t i = 0; i < request.notes.size(); ++i)
+            if (const int width = TextWidth(request.lines[i]); width <= widestAligned)
+                widestLine = std::max(widestLine, width);
         alive.assign(request.lines.size(), true);
         marked.assign(request.lines.size(), request.allMarked);
         beforeBreak = std::exchange(console.beforeBreak, [this] {
@@ -172,8 +176,11 @@ private:
     {
         CString text(request.marks ? (marked[line] ? u"\u25BA " : u"  ") : u"");
         text.Append(request.lines[line]);
-        if (line < request.notes.size() && !request.notes[line].empty())
+        if (line < request.notes.size() && !request.notes[line].empty()) {
+            const int missing = std::max(0, widestLine - TextWidth(request.lines[line]));
+            text.Append(CString(static_cast<std::size_t>(missing), u' '));
             text.Append(u"  ").Append(request.notes[line]);
+        }
         return text;
     }
 
@@ -506,6 +513,7 @@ private:
     std::size_t top = 0;
     int sideways = 0; // cells
     bool searching = false;
+    int widestLine = 0; // of those with notes
     std::optional<LineField> field;
     PopupResult result;
     std::function<void()> beforeBreak; // the console's own

@@ -37,7 +37,7 @@ struct PopupLead {
 struct PopupRequest {
     CString title;
     std::vector<CString> lines;
-    std::vector<CString> notes; // shown beside the lines; none, or one for each
+    std::vector<CString> notes; // shown in a column beside the lines; none, or one for each
     PopupLead lead;
     std::vector<CString> places; // looked through for what is typed, too; none, or one for each
     std::size_t chosen = 0;      // where the bar stands at first

@@ -161,17 +161,17 @@ std::vector<CString> SystemEditorWorld::ArgumentsOf(std::u16string_view line)
 
 CompletionSource& SystemEditorWorld::Completion() { return completion; }
 
-std::optional<LinePick> SystemEditorWorld::Pick(EditorConsole& console, const std::vector<CString>& lines,
-                                                std::size_t start, PickFrom from, std::u16string_view filter)
+std::optional<LinePick> SystemEditorWorld::Pick(EditorConsole& console, const PickRequest& request)
 {
     PopupRequest popup = UsualPopup();
-    popup.lines = lines;
-    popup.chosen = start;
-    popup.filter = filter;
-    popup.mayDelete = popup.mayEdit = popup.mayChange = from != PickFrom::Candidates;
+    popup.lines = request.lines;
+    popup.notes = popup.places = request.notes;
+    popup.chosen = request.start;
+    popup.filter = request.filter;
+    popup.mayDelete = popup.mayEdit = popup.mayChange = request.from != PickFrom::Candidates;
     PopupResult picked = RunPopupList(console, std::move(popup));
     LinePick pick;
-    pick.chosen = picked.action == PopupAction::Cancelled ? lines.size() : picked.line;
+    pick.chosen = picked.action == PopupAction::Cancelled ? request.lines.size() : picked.line;
     pick.edits = picked.action == PopupAction::ToCommandLine;
     pick.text = std::move(picked.text);
     pick.deleted = std::move(picked.deleted);

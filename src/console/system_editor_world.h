@@ -23,8 +23,7 @@ public:
     bool ExpandVariablesIn(CString& line) override;
     std::vector<CString> ArgumentsOf(std::u16string_view line) override;
     CompletionSource& Completion() override;
-    std::optional<LinePick> Pick(EditorConsole& console, const std::vector<CString>& lines, std::size_t start,
-                                 PickFrom from, std::u16string_view filter) override;
+    std::optional<LinePick> Pick(EditorConsole& console, const PickRequest& request) override;
     std::optional<LinePick> PickExtended(EditorConsole& console, std::u16string_view filter) override;
     CString Browse(bool directory) override;
     void ShowHelp(std::u16string_view line, std::size_t cursor) override;

@@ -133,6 +133,9 @@ TEST_F(Editing, HistorySettingsAndChanges)
     EXPECT_EQ(Edit(u"<Up><Up><Enter>").line, u"Two");
     world.pick = LinePick{0, u"three", true, {}, {}};
     EXPECT_EQ(Edit(u"<Ctrl-Shift-PgUp>s<Enter>").line, u"threes");
+    settings.appendCommandLines = true;
+    EXPECT_EQ(Edit(u"x <PgUp><Enter>").line, u"x one");
+    EXPECT_EQ(world.pickFilter, u"");
     world.pick.reset();
     EXPECT_EQ(Edit(u"x<Ctrl-Shift-PgUp><Enter>").line, u"x");
     const EditorAnswer silent = Edit(u"half<Left><Shift-F3>");

@@ -72,10 +72,9 @@ public:
                 offer.candidates.push_back({name, name, false, {}});
         return offer;
     }
-    std::optional<LinePick> Pick(EditorConsole&, const std::vector<CString>&, std::size_t, PickFrom,
-                                 std::u16string_view filter) override
+    std::optional<LinePick> Pick(EditorConsole&, const PickRequest& request) override
     {
-        pickFilter = filter;
+        pickFilter = request.filter;
         return pick;
     }
     std::optional<LinePick> PickExtended(EditorConsole&, std::u16string_view filter) override

@@ -49,6 +49,11 @@ TEST(PopupList, ShowsItsLinesAndPutsTheScreenBack)
     EXPECT_EQ(Screen({u"G", u"R", u"Space", u"P", u"L"}),
               u"  ┌ Fruit ───────────────┐\n  │green plum            │\n  │                      │\n"
               u"  │                      │\n  └ gr pl ────────── 1/1 ┘\n");
+    PopupRequest notes = Fruit();
+    notes.notes = {u"red", u"", u"sweet", u"", u""};
+    EXPECT_EQ(Screen({}, notes), u"  ┌ Fruit ───────────────┐\n  │apple       red       │\n"
+                                 u"  │green pear            │\n  │green plum  sweet     │\n"
+                                 u"  └───────────────── 1/5 ┘\n");
     // What was found among its neighbours, then the next one above; facts do not move with the text.
     PopupRequest facts = Fruit();
     facts.keys |= key_category::extendedHistory;
