@@ -16,6 +16,7 @@ constexpr unsigned noDesktop = 0x20000468;           // 4128
 constexpr unsigned consoleFont = 0x20000469;         // 4129
 constexpr unsigned screenMode = 0x2000046E;          // 4134
 constexpr unsigned unknownKeyFunction = 0x2000046F;  // 4135
+constexpr unsigned notAHistory = 0x2000047E;         // 4150
 } // namespace errors
 
 namespace message {

@@ -1,5 +1,9 @@
 #include "lifecycle/history_files.h"
 
+#include <iterator>
+#include <string>
+#include <utility>
+
 #include <windows.h>
 
 #include "console/history.h"
@@ -7,9 +11,12 @@
 #include "engine/inifile.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "lang/console_messages.h"
 #include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "platform/standard_handles.h"
+#include "platform/whole_file.h"
+#include "text/encoding.h"
 #include "text/format.h"
 #include "text/path_names.h"
 #include "text/words.h"
@@ -35,6 +42,35 @@ CString NameOf(const HistoryFile& file)
     if (name.empty() || IsDeviceName(name) || name[1] == u':' || name[0] == u'\\' || name[0] == u'/')
         return name;
     return FullPathName(Format(u"%s\\%s", aTexts.startDirectory, name));
+}
+
+// Typed lines may hold any control character but this one.
+bool IsText(std::string_view beginning)
+{
+    return RecogniseEncoding(beginning).encoding == TextEncoding::Utf16 ||
+           beginning.find('\0') == beginning.npos;
+}
+
+// 0 when it is a history, or none yet.
+unsigned WhyUnusable(const CString& name)
+{
+    constexpr std::size_t judgedBytes = 65536;
+    std::string beginning;
+    if (ReadWholeFile(name, beginning, judgedBytes))
+        return IsText(beginning) ? 0 : errors::notAHistory;
+    const unsigned reason = GetLastError();
+    return reason == ERROR_FILE_NOT_FOUND ? 0 : reason;
+}
+
+// What cannot be read is not overwritten either; a person is told once.
+bool MayUse(const HistoryFile& file, const CString& name)
+{
+    static bool told[std::size(historyFiles)];
+    const unsigned reason = WhyUnusable(name);
+    bool& known = told[&file - historyFiles];
+    if (reason != 0 && !std::exchange(known, true))
+        MVError(reason, name);
+    return reason == 0;
 }
 
 // Text of any language survives, and redirection is not switched off, for as long as this lives.
@@ -96,11 +132,8 @@ void ReadHistoryFiles()
     for (const HistoryFile& file : historyFiles) {
         const CString name = NameOf(file);
         const HistoryList list{file.kind, {}};
-        if (name.empty() || IsDeviceName(name) || !HistoryLines(list).empty() || ReadHistoryFile(list, name))
-            continue;
-        const DWORD code = GetLastError();
-        if (code != ERROR_FILE_NOT_FOUND && code != ERROR_PATH_NOT_FOUND)
-            MVError(code, name);
+        if (!name.empty() && !IsDeviceName(name) && MayUse(file, name) && HistoryLines(list).empty())
+            ReadHistoryFile(list, name);
     }
 }
 
@@ -111,7 +144,7 @@ void WriteHistoryFiles()
     const PlainOutput plain;
     for (const HistoryFile& file : historyFiles) {
         const CString name = NameOf(file);
-        if (!name.empty() && HistoryExists({file.kind, {}}))
+        if (!name.empty() && HistoryExists({file.kind, {}}) && (IsDeviceName(name) || MayUse(file, name)))
             Write(file, name);
     }
 }
