@@ -18,6 +18,7 @@ from pathlib import Path
 
 import batch_benches
 import file_benches
+from console import ShownJob, seconds_until_shown
 from contestants import BIN, REFERENCE, SHELLS, batch_jobs, both, start_of, windows
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -35,6 +36,8 @@ class Machine:
         subprocess.run([server if server.exists() else "wineserver", "-p30"], env=self.environment)
 
     def seconds(self, arguments, folder):
+        if isinstance(arguments, ShownJob):
+            return seconds_until_shown(arguments, [WINE, *arguments], self.environment, folder)
         start = time.perf_counter()
         subprocess.run([WINE, *arguments], env=self.environment, cwd=folder, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -47,6 +50,11 @@ def start_up(_folder):
     for program in ("nothing", "nothing_user32"):
         jobs[program] = [windows(BIN / "bench" / f"{program}.exe")]
     return jobs, None
+
+
+def first_prompt(folder):
+    """From the start in a console of its own to the first prompt, with default settings"""
+    return {name: ShownJob(shell[:1], f"{folder.name}>") for name, shell in SHELLS.items()}, None
 
 
 def echo_line(_folder):
@@ -105,7 +113,7 @@ def walk_100k(folder):
 
 
 BENCHES = {bench.__name__: bench for bench in
-           [start_up, ini_file, echo_line, batch_lines, walk_10k, walk_100k, *batch_benches.BENCHES,
+           [start_up, first_prompt, ini_file, echo_line, batch_lines, walk_10k, walk_100k, *batch_benches.BENCHES,
                          *file_benches.BENCHES]}
 
 

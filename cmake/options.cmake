@@ -41,5 +41,6 @@ if(WIN32)
 endif()
 if(MINGW)
   # One file per binary: the compiler's run-time libraries go inside.
-  target_link_options(movacore_options INTERFACE -static)
+  # Sections that begin at a page of the file are mapped from there; others may be read as a whole.
+  target_link_options(movacore_options INTERFACE -static -Wl,--file-alignment,4096)
 endif()
