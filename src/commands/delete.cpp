@@ -110,7 +110,7 @@ private:
         if (!work.Wants(message::askDelete, shown))
             return;
         if (!work.Pretends()) {
-            const CString name = CString(directory.found.name) + file.name;
+            const CString name = PathOfEntry(directory.found.name, file.name);
             if (const unsigned failed = DeleteFromDisk(name, file.facts.attributes)) {
                 work.Failed(failed, shown);
                 return;

@@ -44,7 +44,10 @@ int MakeDirectory_Command(CString& arguments)
         const CString name(WithoutEndSeparators(CleanDirectoryName(argument)));
         if (!work.Wants(message::askMakeDirectory, name))
             continue;
-        if (const unsigned failed = work.Pretends() ? 0 : MakeDirectoryWithParents(name, NoteNewDirectory)) {
+        const unsigned failed = IsReservedName(FullPathName(name)) ? unsigned{errors::reservedTarget}
+                                : work.Pretends()                  ? 0u
+                                                  : MakeDirectoryWithParents(name, NoteNewDirectory);
+        if (failed != 0) {
             work.Failed(failed, name);
             continue;
         }

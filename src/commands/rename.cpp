@@ -67,12 +67,16 @@ private:
             work.Failed(ERROR_FILENAME_EXCED_RANGE, shown);
             return;
         }
-        const CString from = CString(directory.found.name) + file.name;
+        const CString from = PathOfEntry(directory.found.name, file.name);
         const CString to = hasDirectory ? FullPathName(newName) : CString(directory.found.name) + newName;
         if (from == to)
             work.Passed(); // has the name already
         if (from == to || !work.Wants(message::askRename, shown))
             return;
+        if (IsReservedName(to)) {
+            work.Failed(errors::reservedTarget, newName);
+            return;
+        }
         if (!work.Pretends()) {
             if (const unsigned failed = RenameFile(from, to, false)) {
                 // Which of the two names is the trouble is not told by the number.

@@ -39,8 +39,9 @@ const CommandHelp syncHelp = {
     u"empty, hidden and system ones included. What is newer in directory2 stays and is told; so does what "
     u"/W would delete but was changed after directory1 last lost or gained something. Files of one time and "
     u"different sizes are a conflict: both stay. Times that differ by two seconds or less count as one. "
-    u"Links to directories are passed over. /N shows what would be done. The result counters are "
-    u"%_sync_files, %_sync_dirs and %_sync_errors.",
+    u"Links to directories are passed over. Directories get the times and attributes of those of directory1 "
+    u"(with /2, new ones only). /N shows what would be done. The result counters are %_sync_files, "
+    u"%_sync_dirs and %_sync_errors.",
     u"sync /n c:\\work d:\\work\n"
     u"sync /w c:\\photos e:\\photos\n"
     u"sync /2 notes \\\\server\\home\\notes",
@@ -62,7 +63,8 @@ int Later(std::uint64_t first, std::uint64_t second)
 class Syncing {
 public:
     Syncing(FILESEARCH& forSearch, const TransferSwitches& how, bool forced)
-        : transfer(Transfer::Kind::Copy, u"sync", how), search(forSearch), force(forced)
+        : transfer(Transfer::Kind::Copy, u"sync", how), search(forSearch), force(forced),
+          disk(false), chains{DirectoryChain(disk), DirectoryChain(disk)}
     {}
 
     void Sync(const TransferName& first, const TransferName& second)
@@ -73,8 +75,15 @@ public:
             return transfer.Failed(errors::copyOntoItself, second.shown);
         if (BeginsNoCase(one, other) || BeginsNoCase(other, one))
             return transfer.Failed(errors::targetInSource, second.shown);
-        if (transfer.MakeDirectoryFor(second.directory, second.shown))
-            SyncDirectory(first, second);
+        if (!transfer.MakeDirectoryFor(second.directory, second.shown))
+            return;
+        const EntryFacts facts = DirectoryFacts(first.directory);
+        chains[0].Enter(0, first.directory, facts.created);
+        chains[1].Enter(0, second.directory, DirectoryFacts(second.directory).created);
+        CountForProgress(first, second);
+        SyncDirectory(first, second);
+        if (!transfer.switches.both && !transfer.work.Pretends())
+            DressDirectory(second.directory, facts);
     }
 
     Transfer transfer;
@@ -89,6 +98,26 @@ private:
             return {directory.directory, like.name, directory.shown + like.name};
         }
     };
+
+    // What is to be copied. The same is gone through twice for it, which is worth the time only where
+    // somebody looks.
+    void CountForProgress(const TransferName& first, const TransferName& second)
+    {
+        if (!transfer.progress.IsWatched())
+            return;
+        counts = true;
+        SyncDirectory(first, second);
+        counts = false;
+        transfer.progress.Expect(files, bytes);
+    }
+
+    void Copy(const TransferName& from, const EntryFacts& facts, const TransferName& to)
+    {
+        if (!counts)
+            return transfer.Do(from, facts, to);
+        ++files;
+        bytes += facts.size;
+    }
 
     bool IsSelective() const
     {
@@ -125,7 +154,8 @@ private:
         SearchedDirectory found;
         while (NextDirectory(search, found)) {
             if (found.found.error != 0) {
-                transfer.Failed(found.found.error, directory.shown);
+                if (!counts)
+                    transfer.Failed(found.found.error, directory.shown);
                 return false;
             }
             for (FoundFile& file : found.found.files)
@@ -163,15 +193,21 @@ private:
         if (!first.file)
             return OnlySecond(first, second);
         if (second.file && first.file->facts.IsDirectory() != second.file->facts.IsDirectory())
-            return transfer.Failed(errors::syncConflict, second.Named(any).shown);
+            return Leave(errors::syncConflict, second.Named(any).shown);
         if (first.file->facts.IsDirectory())
             return Enter(first, second, any);
-        second.file ? SyncFile(first, second) : transfer.Do(first.Named(any), any.facts, second.Named(any));
+        second.file ? SyncFile(first, second) : Copy(first.Named(any), any.facts, second.Named(any));
     }
 
     static bool IsDirectoryLink(const FoundFile& file)
     {
         return file.facts.IsDirectory() && IsLink(file.facts);
+    }
+
+    void Leave(unsigned code, const CString& shown)
+    {
+        if (!counts)
+            transfer.Failed(code, shown);
     }
 
     // Makes the directory on the side that lacks it.
@@ -181,14 +217,32 @@ private:
         const TransferName other = second.Named(directory);
         const TransferName below1{one.Full() + u"\\", {}, one.shown + u"\\"};
         const TransferName below2{other.Full() + u"\\", {}, other.shown + u"\\"};
-        if (!first.file || !second.file) {
-            const TransferName& made = first.file ? below2 : below1;
+        if (!Descend(first, below1, chains[0]) || !Descend(second, below2, chains[1]))
+            return;
+        const bool isNew = !first.file || !second.file;
+        const TransferName& made = first.file ? below2 : below1;
+        if (isNew && !counts) {
             if (!transfer.MakeDirectoryFor(made.directory, made.shown))
                 return;
             first.file ? transfer.DidDirectory(one.shown, other.shown)
                        : transfer.DidDirectory(other.shown, one.shown);
         }
+        ++depth;
         SyncDirectory(below1, below2);
+        --depth;
+        if (!counts && !transfer.work.Pretends() && (isNew || !transfer.switches.both))
+            DressDirectory(made.directory, directory.facts);
+    }
+
+    // False for a link that looks like a plain directory and leads back to where it stands in.
+    bool Descend(const Side& side, const TransferName& below, DirectoryChain& chain) const
+    {
+        const std::uint64_t created = side.file ? side.file->facts.created : 0;
+        chain.Cut(depth + 1);
+        if (side.file && chain.LeadsBack(below.directory, created))
+            return false;
+        chain.Enter(depth + 1, below.directory, created);
+        return true;
     }
 
     void SyncFile(const Side& first, const Side& second)
@@ -199,12 +253,12 @@ private:
         if (later == 0 && first.file->facts.size == second.file->facts.size)
             return transfer.work.Passed();
         if (later == 0)
-            return transfer.Failed(errors::syncConflict, other.shown);
+            return Leave(errors::syncConflict, other.shown);
         if (later == 1 || force)
-            return transfer.Do(one, first.file->facts, other);
+            return Copy(one, first.file->facts, other);
         if (transfer.switches.both)
-            return transfer.Do(other, second.file->facts, one);
-        transfer.Failed(errors::newerThere, other.shown);
+            return Copy(other, second.file->facts, one);
+        Leave(errors::newerThere, other.shown);
     }
 
     void OnlySecond(const Side& first, const Side& second)
@@ -212,11 +266,11 @@ private:
         const FoundFile& file = *second.file;
         if (transfer.switches.both)
             return file.facts.IsDirectory() ? Enter(first, second, file)
-                                            : transfer.Do(second.Named(file), file.facts, first.Named(file));
+                                            : Copy(second.Named(file), file.facts, first.Named(file));
         if (!transfer.switches.mirrors)
             return transfer.work.Passed();
         const auto source = ReadFileFacts(WithoutEndSeparators(first.directory.directory));
-        if (!source)
+        if (!source || counts)
             return;
         if (!force && HoldsLater(second.Named(file), file.facts, FileTimeNumber(source->written)))
             return transfer.Failed(errors::newerThere, second.Named(file).shown);
@@ -242,6 +296,12 @@ private:
 
     FILESEARCH& search;
     bool force;
+    SystemDirectories disk;
+    DirectoryChain chains[2];
+    std::size_t depth = 0;
+    bool counts = false; // nothing is done or told
+    std::uint64_t files = 0;
+    std::uint64_t bytes = 0;
 };
 
 } // namespace

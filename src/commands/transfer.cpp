@@ -229,6 +229,10 @@ bool Transfer::MakeDirectoryFor(const CString& directory, std::u16string_view sh
         madeLast = directory;
         return true;
     }
+    if (IsReservedName(WithoutEndSeparators(directory))) {
+        Failed(errors::reservedTarget, shown);
+        return false;
+    }
     if (work.Pretends())
         return true;
     const unsigned failed = MakeDirectoryWithParents(WithoutEndSeparators(directory), NoteNewDirectory);
@@ -281,7 +285,7 @@ void Transfer::Do(const TransferName& from, const EntryFacts& facts, const Trans
     const auto there = ReadFileFacts(item.to);
     if (there && there->IsDirectory())
         return Failed(errors::targetIsDirectory, to.shown);
-    if (IsDeviceName(to.name))
+    if (IsReservedName(to.directory + to.name))
         return Failed(errors::reservedTarget, to.shown);
     if (!IsNeeded(facts, there)) {
         work.Passed();

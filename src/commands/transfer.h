@@ -11,6 +11,7 @@
 #include "files/description_changes.h"
 #include "files/file_transfer.h"
 #include "platform/file_facts.h"
+#include "text/path_names.h"
 
 struct TransferSwitches {
     FileWorkOptions work;
@@ -53,7 +54,7 @@ struct TransferName {
     CString directory; // full, with a separator at the end
     CString name;
     CString shown;
-    CString Full() const { return directory + name; }
+    CString Full() const { return PathOfEntry(directory, name); }
 };
 
 class Transfer {

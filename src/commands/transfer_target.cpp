@@ -43,7 +43,7 @@ CString WithSeparator(CString name)
 TransferTarget::TransferTarget(std::u16string_view given, bool wantsDirectory)
     : text(CleanDirectoryName(given))
 {
-    if (IsDeviceName(FileNamePart(text)) || IsDeviceName(text) || PseudoDevice::Find(text)) {
+    if ((!HasDirectory(text) && IsDeviceName(text)) || PseudoDevice::Find(text)) {
         kind = Kind::Device;
         return;
     }
@@ -55,7 +55,9 @@ TransferTarget::TransferTarget(std::u16string_view given, bool wantsDirectory)
         kind = Kind::Directory;
         shownDirectory = text.view().ends_with(u':') ? text : WithSeparator(text);
     } else {
-        pattern = FileNamePart(text);
+        // As the system makes it: without periods and blanks at its end.
+        const CString full = FullPathName(text);
+        pattern = full.view().starts_with(u"\\\\.\\") ? FileNamePart(text) : FileNamePart(full);
         shownDirectory = DirectoryPart(text);
     }
     directory = WithSeparator(FullPathName(shownDirectory.empty() ? CString(u".") : shownDirectory));
@@ -67,13 +69,22 @@ TransferTarget::TransferTarget(std::u16string_view given, bool wantsDirectory)
 bool TransferTarget::Prepare(Transfer& transfer) const
 {
     // A stream of a file cannot be put in place as a whole.
-    if (HasWildcards(shownDirectory) || directory.Find(u':', 2) != CString::npos ||
+    const std::size_t colon = directory.Find(u':');
+    if (HasWildcards(shownDirectory) ||
+        (colon != CString::npos && directory.Find(u':', colon + 1) != CString::npos) ||
         pattern.Find(u':') != CString::npos) {
         transfer.Failed(ERROR_INVALID_NAME, text);
         return false;
     }
-    if (kind == Kind::Device || QueryIsDirectory(directory))
+    if (kind == Kind::Device)
         return true;
+    if (IsReservedName(directory + pattern)) {
+        transfer.Failed(errors::reservedTarget, text);
+        return false;
+    }
+    if (QueryIsDirectory(directory))
+        return true;
+
     if (QueryIsFile(WithoutEndSeparators(directory))) {
         transfer.Failed(errors::targetIsFile, WithoutEndSeparators(shownDirectory));
         return false;
@@ -91,7 +102,9 @@ bool TransferTarget::Prepare(Transfer& transfer) const
 bool TransferTarget::Place(std::u16string_view below, std::u16string_view name, TransferName& place) const
 {
     place.name = name;
-    if (!pattern.empty() && !MakeWildcardName(place.name, pattern, name))
+    if (kind == Kind::File)
+        place.name = pattern;
+    else if (!pattern.empty() && !MakeWildcardName(place.name, pattern, name))
         return false;
     place.directory = directory + below;
     place.shown = (shownDirectory + below) + place.name;

@@ -29,7 +29,7 @@ public:
     void Take(const DirectoryEntry& entry) override
     {
         if (entry.name != u"." && entry.name != u"..")
-            entries.push_back({JoinPath(directory, entry.name), entry.facts.attributes});
+            entries.push_back({PathOfEntry(directory, entry.name), entry.facts.attributes});
     }
 
 private:

@@ -24,18 +24,6 @@ bool IsDirectoryLink(const EntryFacts& facts)
     return facts.IsDirectory() && (facts.attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-EntryFacts FactsOf(const CString& directory)
-{
-    EntryFacts entry;
-    if (const auto facts = ReadFileFacts(WithoutEndSeparators(directory))) {
-        entry.attributes = facts->attributes;
-        entry.written = FileTimeNumber(facts->written);
-        entry.accessed = FileTimeNumber(facts->accessed);
-        entry.created = FileTimeNumber(facts->created);
-    }
-    return entry;
-}
-
 class TreeTransfer {
 public:
     TreeTransfer(Transfer& work, FILESEARCH& forSearch, const TransferName& from, const TransferName& to)
@@ -47,7 +35,7 @@ public:
         if (!IsApart() || !transfer.MakeDirectoryFor(target.directory, target.shown))
             return;
         CountForProgress();
-        passed.push_back({source.directory, target.directory, FactsOf(source.directory)});
+        passed.push_back({source.directory, target.directory, DirectoryFacts(source.directory)});
         StartSearch(search, Pattern());
         SearchedDirectory directory;
         while (!transfer.work.IsStopped() && NextDirectory(search, directory)) {
@@ -129,6 +117,8 @@ private:
     void TakeSubdirectory(const TransferName& from, const EntryFacts& facts, const TransferName& to)
     {
         const CString made = to.Full() + u"\\";
+        if (IsReservedName(to.directory + to.name))
+            return transfer.Failed(errors::reservedTarget, to.shown);
         const bool isNew = !QueryIsDirectory(to.Full());
         if (!transfer.MakeDirectoryFor(made, to.shown))
             return;
@@ -154,14 +144,8 @@ private:
     // Deepest first: what is done in a directory changes its times.
     void Finish()
     {
-        constexpr std::uint32_t kept =
-            FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
         for (auto one = passed.rbegin(); one != passed.rend(); ++one) {
-            const std::u16string_view made = WithoutEndSeparators(one->target);
-            ChangeFileTimes(made, {one->facts.written, one->facts.accessed, one->facts.created});
-            const auto attributes = ReadFileAttributes(made);
-            if (attributes && (one->facts.attributes & kept & ~*attributes) != 0)
-                ChangeAttributes(made, *attributes | (one->facts.attributes & kept));
+            DressDirectory(one->target, one->facts);
             if (transfer.Moves())
                 RemoveSource(*one);
         }
@@ -243,6 +227,29 @@ void MoveDirectoryAway(Transfer& transfer, const TransferName& from, const Trans
 }
 
 } // namespace
+
+EntryFacts DirectoryFacts(const CString& directory)
+{
+    EntryFacts entry;
+    if (const auto facts = ReadFileFacts(WithoutEndSeparators(directory))) {
+        entry.attributes = facts->attributes;
+        entry.written = FileTimeNumber(facts->written);
+        entry.accessed = FileTimeNumber(facts->accessed);
+        entry.created = FileTimeNumber(facts->created);
+    }
+    return entry;
+}
+
+void DressDirectory(const CString& directory, const EntryFacts& like)
+{
+    constexpr std::uint32_t kept = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    const std::u16string_view made = WithoutEndSeparators(directory);
+    const EntryFacts now = DirectoryFacts(directory);
+    if (now.written != like.written || now.created != like.created)
+        ChangeFileTimes(made, {like.written, like.accessed, like.created});
+    if ((like.attributes & kept & ~now.attributes) != 0)
+        ChangeAttributes(made, now.attributes | (like.attributes & kept));
+}
 
 CString RealDirectory(const CString& directory)
 {

@@ -7,6 +7,11 @@
 // substituted drives resolved as far as it exists.
 CString RealDirectory(const CString& directory);
 
+// What is known of a directory (full, with a separator at the end): attributes and times.
+EntryFacts DirectoryFacts(const CString& directory);
+// Gives a directory the times of another one, and its attributes besides those that it has.
+void DressDirectory(const CString& directory, const EntryFacts& like);
+
 // A directory as an argument names it, for the functions below.
 TransferName TreeName(std::u16string_view argument);
 

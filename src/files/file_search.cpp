@@ -249,7 +249,7 @@ bool FindFiles(FILESEARCH& search)
     }
     search.file = std::move(state.current.found.files[state.nextFile++]);
     search.name = JoinPath(state.current.shown, search.file.name);
-    search.fullName = JoinPath(state.current.found.name, search.file.name);
+    search.fullName = PathOfEntry(state.current.found.name, search.file.name);
     search.literal = state.current.literal;
     return true;
 }

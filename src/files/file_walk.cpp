@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/compare.h"
+#include "text/path_names.h"
 
 namespace {
 
@@ -43,6 +44,43 @@ private:
 
 } // namespace
 
+void DirectoryChain::Cut(std::size_t depth) { levels.resize(std::min(levels.size(), depth)); }
+
+void DirectoryChain::Enter(std::size_t depth, const CString& name, std::uint64_t created)
+{
+    Cut(depth);
+    levels.push_back({name, created, std::nullopt, false});
+}
+
+std::optional<DirectoryIdentity> DirectoryChain::IdentityOf(Level& level)
+{
+    if (!level.asked)
+        level.identity = source.Identify(level.name);
+    level.asked = true;
+    return level.identity;
+}
+
+bool DirectoryChain::Holds(const DirectoryIdentity& directory)
+{
+    return std::any_of(levels.begin(), levels.end(),
+                       [&](Level& level) { return IdentityOf(level) == directory; });
+}
+
+bool DirectoryChain::LeadsBack(const CString& name, std::uint64_t created)
+{
+    const auto leaf = [](const CString& full) { return FileNamePart(WithoutEndSeparators(full)); };
+    std::optional<DirectoryIdentity> own;
+    for (Level& level : levels) {
+        const bool sameAge = created != 0 && level.created == created;
+        if (!sameAge && !EqualNoCase(leaf(level.name), leaf(name)))
+            continue;
+        own = own ? own : source.Identify(name);
+        if (own && IdentityOf(level) == own)
+            return true;
+    }
+    return false;
+}
+
 // Receives the entries of one directory.
 class FileWalk::Reading : public EntrySink {
 public:
@@ -53,6 +91,8 @@ public:
     void Take(const DirectoryEntry& entry) override
     {
         const bool isDots = IsDots(entry.name);
+        if (entry.name == u".")
+            created = entry.facts.created;
         if (isDots && !walk.request.dots)
             return;
         if (entersMore && entry.facts.IsDirectory() && !isDots)
@@ -61,6 +101,9 @@ public:
             (isDots ? dots : directory.files)
                 .push_back({CString(entry.name), CString(entry.shortName), entry.facts});
     }
+
+    // Of the directory itself.
+    std::uint64_t Created() const { return created; }
 
     // Puts everything in order; the directories go to the end of `next`, the first of them last.
     void Finish(std::vector<Pending>& next)
@@ -84,20 +127,21 @@ private:
             return;
         CString name = directory.name;
         name.Append(entry.name);
-        inside.push_back({name, directory.depth + 1, link});
+        inside.push_back({name, directory.depth + 1, link, entry.facts.created});
     }
 
     const FileWalk& walk;
     WalkedDirectory& directory;
     bool entersMore;
+    std::uint64_t created = 0;
     std::vector<FoundFile> dots;
     std::vector<Pending> inside;
 };
 
 FileWalk::FileWalk(WalkRequest what, DirectorySource& from, RangeClock& time)
-    : request(std::move(what)), source(from), clock(time)
+    : request(std::move(what)), source(from), clock(time), chain(from)
 {
-    pending.push_back({request.directory, 0, false});
+    pending.push_back({request.directory, 0, false, 0});
 }
 
 bool FileWalk::Matches(const DirectoryEntry& entry) const
@@ -120,22 +164,13 @@ bool FileWalk::Picks(std::u16string_view directory, const DirectoryEntry& entry)
     return IsInRanges(*request.ranges, entry.name, entry.facts, clock, questions);
 }
 
-std::optional<DirectoryIdentity> FileWalk::IdentityOf(Level& level)
-{
-    if (!level.asked)
-        level.identity = source.Identify(level.name);
-    level.asked = true;
-    return level.identity;
-}
-
 bool FileWalk::MayEnterLink(const Pending& link)
 {
     const std::optional<DirectoryIdentity> target = source.Identify(link.name);
     if (!target)
         return false; // it leads nowhere, or where we may not go
-    if (std::find(enteredLinks.begin(), enteredLinks.end(), *target) != enteredLinks.end())
-        return false;
-    if (std::any_of(levels.begin(), levels.end(), [&](Level& level) { return IdentityOf(level) == target; }))
+    if (std::find(enteredLinks.begin(), enteredLinks.end(), *target) != enteredLinks.end() ||
+        chain.Holds(*target))
         return false;
     enteredLinks.push_back(*target);
     return true;
@@ -147,16 +182,18 @@ bool FileWalk::Next(WalkedDirectory& directory)
     while (!pending.empty()) {
         const Pending next = std::move(pending.back());
         pending.pop_back();
-        levels.resize(std::min(levels.size(), static_cast<std::size_t>(next.depth)));
-        if (next.link && !MayEnterLink(next))
+        const auto depth = static_cast<std::size_t>(next.depth);
+        chain.Cut(depth);
+        if (next.link ? !MayEnterLink(next) : chain.LeadsBack(next.name, next.created))
             continue;
-        levels.push_back({next.name, std::nullopt, false});
+        chain.Enter(depth, next.name, next.created);
         directory = {next.name, next.depth, 0, {}};
         Reading reading(*this, directory);
         const std::u16string_view all = u"*";
         directory.error =
             source.Read(next.name, request.literalName.empty() ? all : request.literalName.view(), reading);
         reading.Finish(pending);
+        chain.SetCreated(reading.Created());
         // One that went away while its neighbours were read is none.
         if (directory.error == pathNotFound && next.depth > 0)
             continue;

@@ -5,7 +5,8 @@
 // entries and directories come in the order of their names, letter case aside, "." and ".." first. Hidden and
 // system directories are entered only when such files are taken too. Links to directories (junctions and
 // symbolic links) are entered when the request says so, each target once, and never one that the link itself
-// stands in: a walk always ends.
+// stands in: a walk always ends. Links that look like plain directories, as some servers show them, are seen
+// by their age or their name when they lead back.
 #pragma once
 
 #include <cstdint>
@@ -62,6 +63,34 @@ struct WalkRequest {
 
 constexpr int allLevels = INT32_MAX;
 
+// A directory of a walk and those that it stands in, and whether another one leads back to one of them.
+// Directories are full names with a separator at the end, times of creation file times (0: unknown).
+class DirectoryChain {
+public:
+    explicit DirectoryChain(DirectorySource& from) : source(from) {}
+
+    // The directory at this depth (0 for the first) is the present one from now on.
+    void Enter(std::size_t depth, const CString& name, std::uint64_t created);
+    void SetCreated(std::uint64_t created) { levels.back().created = created; }
+    bool Holds(const DirectoryIdentity& directory);
+    // Asks for identities only where age or name agree: to ask every directory takes longer than to read it.
+    // What leads back must do so by one or the other sooner or later.
+    bool LeadsBack(const CString& name, std::uint64_t created);
+    void Cut(std::size_t depth);
+
+private:
+    struct Level {
+        CString name;
+        std::uint64_t created = 0;
+        std::optional<DirectoryIdentity> identity;
+        bool asked = false;
+    };
+    std::optional<DirectoryIdentity> IdentityOf(Level& level);
+
+    DirectorySource& source;
+    std::vector<Level> levels;
+};
+
 // A directory of the walk and what was picked in it.
 struct WalkedDirectory {
     CString name;       // full, with a separator at the end
@@ -84,16 +113,10 @@ private:
         CString name; // full, with a separator at the end
         int depth = 0;
         bool link = false;
-    };
-    // A directory that the present one stands in.
-    struct Level {
-        CString name;
-        std::optional<DirectoryIdentity> identity;
-        bool asked = false;
+        std::uint64_t created = 0;
     };
 
     bool MayEnterLink(const Pending& link);
-    std::optional<DirectoryIdentity> IdentityOf(Level& level);
     bool Matches(const DirectoryEntry& entry) const;
     bool Picks(std::u16string_view directory, const DirectoryEntry& entry) const;
 
@@ -101,6 +124,6 @@ private:
     DirectorySource& source;
     RangeClock& clock;
     std::vector<Pending> pending; // the next one last
-    std::vector<Level> levels;
+    DirectoryChain chain;
     std::vector<DirectoryIdentity> enteredLinks;
 };

@@ -80,9 +80,16 @@ bool QueryIsDirectory(std::u16string_view name)
     return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+bool IsReservedName(std::u16string_view name)
+{
+    return MayMeanDevice(name) && FullPathName(name).view().starts_with(u"\\\\.\\");
+}
+
 CString FullPathName(std::u16string_view name)
 {
     const CString given(name);
+    if (name.starts_with(u"\\\\?\\"))
+        return given; // the system would take periods off its end
     CString full = ReadPath(
         [&](DWORD room, wchar_t* units) { return GetFullPathNameW(given.w(), room, units, nullptr); });
     return full.empty() ? given : full;
@@ -121,15 +128,14 @@ CString PathOfHandle(HANDLE file)
 
 CString SystemPath(std::u16string_view name)
 {
+    const bool absolute = IsAbsolutePath(name);
+    if (absolute && HasOddDirectory(name))
+        return LiteralPath(name);
     const bool prefixed = name.starts_with(u"\\\\?\\") || name.starts_with(u"\\\\.\\");
-    if (prefixed || (name.size() < classicLimit && IsAbsolutePath(name)))
+    if (prefixed || (absolute && name.size() < classicLimit))
         return CString(name);
-    CString full = FullPathName(name);
-    if (full.size() < classicLimit)
-        return CString(name);
-    if (full.view().starts_with(u"\\\\"))
-        return full.Replace(0, 2, u"\\\\?\\UNC\\");
-    return full.Insert(0, u"\\\\?\\");
+    const CString full = FullPathName(name);
+    return full.size() < classicLimit ? CString(name) : LiteralPath(full);
 }
 
 CString CurrentDirectory()

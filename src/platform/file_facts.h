@@ -33,6 +33,8 @@ bool WriteFileAttributes(std::u16string_view name, std::uint32_t attributes);
 // A file that is there: neither a directory nor a device.
 bool QueryIsFile(std::u16string_view name);
 bool QueryIsDirectory(std::u16string_view name);
+// Whether this system takes the full name for a device, as some do with "C:\x\nul.txt".
+bool IsReservedName(std::u16string_view name);
 
 // The full name by the current directory, "." and ".." resolved; the name itself when it cannot be resolved.
 CString FullPathName(std::u16string_view name);
@@ -45,7 +47,8 @@ CString RealPathName(std::u16string_view name);
 // The same for an open file or directory.
 CString PathOfHandle(HANDLE file);
 // The form that the system's file functions take at any length: a full name of 248 units and more gets the
-// prefix "\\?\", anything shorter stays as it is. For calls only, never to be shown.
+// prefix "\\?\", and so does one that the system would change on the way (HasOddDirectory); anything else
+// stays as it is. For calls only, never to be shown.
 CString SystemPath(std::u16string_view name);
 
 // The current directory, without a separator at its end unless it is a root.

@@ -18,6 +18,11 @@ bool IsPort(std::u16string_view name) noexcept
     return (digit >= u'1' && digit <= u'9') || digit == u'\u00B9' || digit == u'\u00B2' || digit == u'\u00B3';
 }
 
+bool IsLiteral(std::u16string_view path) noexcept
+{
+    return path.starts_with(literalPrefix) || path.starts_with(u"\\\\.\\");
+}
+
 } // namespace
 
 std::size_t FileNameStart(std::u16string_view path) noexcept
@@ -76,6 +81,35 @@ CString JoinPath(std::u16string_view directory, std::u16string_view name)
     return path;
 }
 
+CString LiteralPath(std::u16string_view path)
+{
+    CString literal(path);
+    if (IsLiteral(path))
+        return literal;
+    if (path.starts_with(u"\\\\"))
+        return literal.Replace(0, 2, u"\\\\?\\UNC\\");
+    return literal.Insert(0, literalPrefix);
+}
+
+CString PathOfEntry(std::u16string_view directory, std::u16string_view name)
+{
+    const CString path = CString(directory) + name;
+    const bool odd = name.ends_with(u'.') || name.ends_with(u' ') || MayMeanDevice(name);
+    const bool dots = name == u"." || name == u"..";
+    return odd && !dots && IsAbsolutePath(directory) ? LiteralPath(path) : path;
+}
+
+bool HasOddDirectory(std::u16string_view path) noexcept
+{
+    for (std::size_t end = path.find(u'\\', 1); end != npos; end = path.find(u'\\', end + 1)) {
+        const char16_t before = path[end - 1];
+        const std::u16string_view name = FileNamePart(path.substr(0, end));
+        if ((before == u'.' || before == u' ') && name != u"." && name != u"..")
+            return !IsLiteral(path);
+    }
+    return false;
+}
+
 std::u16string_view WithoutEndSeparators(std::u16string_view path) noexcept
 {
     while (path.size() > 1 && IsPathSeparator(path.back()) && path[path.size() - 2] != u':')
@@ -91,6 +125,15 @@ bool IsDeviceName(std::u16string_view name) noexcept
     constexpr std::u16string_view devices[] = {u"CON", u"PRN", u"AUX", u"NUL", u"CONIN$", u"CONOUT$"};
     return IsPort(name) || std::any_of(std::begin(devices), std::end(devices),
                                        [&](std::u16string_view device) { return EqualNoCase(name, device); });
+}
+
+bool MayMeanDevice(std::u16string_view name) noexcept
+{
+    std::u16string_view stem = FileNamePart(name);
+    stem = stem.substr(0, stem.find_first_of(u".:"));
+    while (stem.ends_with(u' '))
+        stem.remove_suffix(1);
+    return IsDeviceName(stem);
 }
 
 bool QueryIsURL(std::u16string_view text) noexcept

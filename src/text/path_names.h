@@ -34,12 +34,23 @@ bool HasWildcards(std::u16string_view path) noexcept;
 // `name` in `directory`, with one separator between them; an empty directory adds nothing.
 CString JoinPath(std::u16string_view directory, std::u16string_view name);
 
+// An absolute name with the prefix "\\?\" ("\\?\UNC\" for one on a server), so that the system takes it as it
+// stands.
+CString LiteralPath(std::u16string_view path);
+// `name` in `directory` (full, with a separator at its end), as a listing of the directory told it: where the
+// system would take it for another name (a period or a blank at its end, a device's name) it is made literal.
+CString PathOfEntry(std::u16string_view directory, std::u16string_view name);
+// Whether a directory on the way has a name that the system would change: a period or a blank at its end.
+bool HasOddDirectory(std::u16string_view path) noexcept;
+
 // Without separators at its end, unless it is a root ("\", "C:\").
 std::u16string_view WithoutEndSeparators(std::u16string_view path) noexcept;
 
 // A name that the system opens as a device wherever it stands: CON, PRN, AUX, NUL, COM1 to COM9, LPT1 to
 // LPT9, CONIN$, CONOUT$; a colon behind it is allowed. Names with an extension are files.
 bool IsDeviceName(std::u16string_view name) noexcept;
+// Whether some systems open it as a device although an extension stands behind: "nul.txt".
+bool MayMeanDevice(std::u16string_view name) noexcept;
 
 // Whether the text is a URL: "scheme://..." or "mailto:...".
 bool QueryIsURL(std::u16string_view text) noexcept;

@@ -37,9 +37,10 @@ public:
             entries[std::u16string(path) + u"\\"];
     }
 
-    void AddJunction(std::u16string_view path, std::u16string_view target)
+    // A plain one does not show that it is one.
+    void AddJunction(std::u16string_view path, std::u16string_view target, bool plain = false)
     {
-        Add(path, directory | file_attribute::reparsePoint, 0, junctionTag);
+        Add(path, directory | (plain ? 0 : file_attribute::reparsePoint), 0, plain ? 0 : junctionTag);
         entries.erase(std::u16string(path) + u"\\");
         junctions[std::u16string(path) + u"\\"] = target;
     }
@@ -55,12 +56,16 @@ public:
             return 3;
         EntryFacts dots;
         dots.attributes = directory;
+        dots.created = CreationOf(std::u16string(name));
         for (const char16_t* dot : {u".", u".."})
             if (pattern == u"*")
                 sink.Take({dot, u"", dots});
         for (const auto& [entry, facts] : found->second)
-            if (pattern == u"*" || EqualNoCase(pattern, entry))
-                sink.Take({entry, u"", facts});
+            if (pattern == u"*" || EqualNoCase(pattern, entry)) {
+                EntryFacts aged = facts;
+                aged.created = CreationOf(std::u16string(name) + entry + u"\\");
+                sink.Take({entry, u"", aged});
+            }
         return 0;
     }
 
@@ -81,8 +86,15 @@ public:
 
     std::u16string denied;
     int reads = 0;
+    bool dated = false;
 
 private:
+    std::uint64_t CreationOf(const std::u16string& name)
+    {
+        const auto identity = dated ? Identify(name) : std::nullopt;
+        return identity ? identity->file + 1 : 0;
+    }
+
     // The name with the first junction in it replaced by its target, as long as there is one.
     std::u16string Resolve(std::u16string name) const
     {
@@ -237,6 +249,20 @@ TEST(FileWalk, LinksAreEnteredOnceAndLoopsAreSeen)
     WalkRequest request = Request({u"*.txt"});
     request.followsLinks = false;
     EXPECT_EQ(Walk(request, disk), "a\\1.txt b\\2.txt cloud\\3.txt");
+}
+
+TEST(FileWalk, LoopsThatLookLikeDirectoriesEnd)
+{
+    FakeDisk disk;
+    disk.Add(u"C:\\a", directory);
+    disk.Add(u"C:\\a\\1.txt");
+    disk.AddJunction(u"C:\\a\\me", u"C:\\a\\", true);
+    disk.Add(u"C:\\a\\b", directory);
+    disk.Add(u"C:\\a\\b\\a", directory); // the name alone says nothing
+    disk.Add(u"C:\\a\\b\\a\\2.txt");
+    EXPECT_EQ(Walk(Request({u"*.txt"}), disk), "a\\1.txt a\\b\\a\\2.txt a\\me\\1.txt a\\me\\b\\a\\2.txt");
+    disk.dated = true;
+    EXPECT_EQ(Walk(Request({u"*.txt"}), disk), "a\\1.txt a\\b\\a\\2.txt");
 }
 
 TEST(SearchNames, AreTakenApart)

@@ -52,6 +52,20 @@ TEST(PathNames, Join)
     EXPECT_EQ(JoinPath(u"", u"x"), u"x");
 }
 
+TEST(PathNames, EntriesThatTheSystemWouldTakeForOthersAreLiteral)
+{
+    EXPECT_EQ(PathOfEntry(u"C:\\a\\", u"x.txt"), u"C:\\a\\x.txt");
+    EXPECT_EQ(PathOfEntry(u"C:\\a\\", u"x."), u"\\\\?\\C:\\a\\x.");
+    EXPECT_EQ(PathOfEntry(u"\\\\server\\share\\", u"x "), u"\\\\?\\UNC\\server\\share\\x ");
+    EXPECT_EQ(PathOfEntry(u"\\\\?\\C:\\", u"nul .txt"), u"\\\\?\\C:\\nul .txt");
+    EXPECT_EQ(PathOfEntry(u"C:\\", u"aux.c"), u"\\\\?\\C:\\aux.c");
+    EXPECT_EQ(PathOfEntry(u"C:\\", u".."), u"C:\\..");
+    EXPECT_TRUE(HasOddDirectory(u"C:\\a.\\b"));
+    EXPECT_TRUE(HasOddDirectory(u"C:\\a \\"));
+    EXPECT_FALSE(HasOddDirectory(u"C:\\a\\..\\.\\b."));
+    EXPECT_FALSE(HasOddDirectory(u"\\\\?\\C:\\a.\\b"));
+}
+
 TEST(PathNames, Wildcards)
 {
     EXPECT_TRUE(HasWildcards(u"a?b"));
