@@ -68,6 +68,7 @@ TEST_F(Editing, KeysMakeLines)
         {u"one<Esc>two", u"two|"},
         {u"abcd<Shift-Left><Shift-Left>x", u"abx|"},
         {u"ab cd<Ctrl-Shift-Left><Ctrl-Ins><End><Shift-Ins><Shift-Ins>", u"ab cdcdcd|"},
+        {u"abc<Shift-Left><Ctrl-C><End><Shift-Ins>", u"abcc|"},
         {u"abc<Home><Ins>xy<Ins>z", u"xyz|c"},
         {u"one two<Ctrl-Shift-Z>", u"one |"},
         {u"one two<Ctrl-Shift-Z><Ctrl-Shift-Z><Ctrl-Shift-Y>", u"one |"},
