@@ -193,6 +193,25 @@ public:
     }
 };
 
+// "@name" of the innermost function whose brackets hold the place; "" for none.
+std::u16string_view FunctionAround(std::u16string_view line, std::size_t at)
+{
+    for (int closed = 0; at-- > 0;) {
+        if (line[at] == u']')
+            ++closed;
+        else if (line[at] == u'[' && closed > 0)
+            --closed;
+        else if (line[at] == u'[') {
+            const std::size_t percent = line.rfind(u"%@", at);
+            const std::u16string_view name =
+                percent == line.npos ? std::u16string_view() : line.substr(percent + 1, at - percent - 1);
+            if (!name.empty() && name.find_first_of(u" %[]\"") == name.npos)
+                return name;
+        }
+    }
+    return {};
+}
+
 } // namespace
 
 int NTInternalHelp(const BUILTIN& row) { return Show(CommandText(row, HelpWidth())); }
@@ -205,6 +224,8 @@ void ShowHelpForPlace(std::u16string_view line, std::size_t cursor)
     if (word.place == WordPlace::Variable || word.place == WordPlace::Function) {
         const std::size_t first = std::min(name.find_first_not_of(u"%["), name.size());
         name = name.substr(first, name.find_last_not_of(u"%[]") + 1 - first);
+    } else if (const std::u16string_view function = FunctionAround(line, cursor); !function.empty()) {
+        name = function;
     } else if (word.place != WordPlace::Command && !EqualNoCase(word.command, u"HELP")) {
         name = word.command;
     }

@@ -36,7 +36,7 @@ def select_command(console):
         console.shows(*answers, ">")
 
 
-@case("F1 shows the help for the command at the cursor and runs nothing")
+@case("F1 shows the help for the command or function at the cursor and runs nothing")
 def help_word(console):
     console.start()
     console.shows(">")
@@ -44,3 +44,8 @@ def help_word(console):
     console.shows(">echo no&popd x")
     console.keys("F1")
     console.ends_with("Examples", "  popd", "  popd *", ">echo no&popd x")
+    console.keys("Escape")
+    console.text("echo %@len[%@left[2,x] b")
+    console.keys("F1")
+    console.row_with("  %@len[text]")
+    console.ends_with(">echo %@len[%@left[2,x] b")
