@@ -33,10 +33,12 @@ public:
             codeCells = std::max(codeCells, TextWidth(CodeText(entry)));
     }
 
-    // `most` cells are there for facts and line.
+    // `most` cells are there for facts and line; when they are few the line has them all.
     PopupLead Lead(int most)
     {
         const int others = timeCells + durationCells + codeCells + gaps;
+        if (most < others + leastDirectoryCells + leastLineCells / 2)
+            return {};
         directoryCells = std::clamp(PopupCells(aIniFile.XHCWD, PopupSide::Width), leastDirectoryCells,
                                     std::max(leastDirectoryCells, most - others - leastLineCells));
         return {others + directoryCells, [this](std::size_t line) { return Text(entries[line]); }};
@@ -72,14 +74,15 @@ private:
     int directoryCells = 0;
 };
 
-void Delete(const std::vector<ExtendedEntry>& entries, const std::vector<std::size_t>& deleted)
+// False when the file cannot be changed.
+bool Delete(const std::vector<ExtendedEntry>& entries, const std::vector<std::size_t>& deleted)
 {
     std::set<std::string> gone;
     for (const std::size_t line : deleted)
         gone.insert(WriteExtendedRecord(entries[line]));
-    if (!gone.empty())
-        RemoveFromExtendedHistory(
-            [&](const ExtendedEntry& entry) { return gone.contains(WriteExtendedRecord(entry)); });
+    return gone.empty() || RemoveFromExtendedHistory([&](const ExtendedEntry& entry) {
+               return gone.contains(WriteExtendedRecord(entry));
+           });
 }
 
 } // namespace
@@ -107,7 +110,8 @@ std::optional<LinePick> PickExtendedLine(EditorConsole& console, std::u16string_
     popup.keys |= key_category::extendedHistory;
     popup.mayDelete = popup.mayEdit = true;
     PopupResult picked = RunPopupList(console, std::move(popup));
-    Delete(entries, picked.deleted);
+    if (!Delete(entries, picked.deleted))
+        console.Beep();
     LinePick pick;
     pick.edits = picked.action == PopupAction::ToCommandLine;
     if (picked.action != PopupAction::Cancelled)
