@@ -120,11 +120,12 @@ std::size_t PassForHeader(std::u16string_view text, std::size_t from, const Synt
     return npos;
 }
 
-// The command that `taker` takes; npos while the cursor stands before its name.
+// The command that `taker` takes; npos while the cursor stands before its name. `mayBeTitle` tells whether a
+// word in quotes there would be a title.
 std::size_t FindTakenCommand(const CommandTaker& taker, std::u16string_view text, std::size_t from,
-                             const Syntax& syntax)
+                             const Syntax& syntax, bool& mayBeTitle)
 {
-    bool mayBeTitle = taker.titleFirst;
+    mayBeTitle = taker.titleFirst;
     for (int before = taker.wordsBefore;;) {
         const Word word = NextWord(text, from, syntax);
         if (word.length == 0)
@@ -145,12 +146,13 @@ std::size_t FindTakenCommand(const CommandTaker& taker, std::u16string_view text
 struct CommandStart {
     std::size_t at = 0;
     bool anyFile = false;
+    bool mayBeTitle = false;
 };
 
 // From the start of a command on to the innermost command that the cursor stands in.
 CommandStart FindInnerCommand(std::u16string_view text, std::size_t from, const Syntax& syntax)
 {
-    CommandStart found{from, false};
+    CommandStart found{from, false, false};
     for (;;) {
         while (found.at < text.size() &&
                (IsBlank(text[found.at]) || text[found.at] == u'(' || text[found.at] == u')'))
@@ -164,6 +166,7 @@ CommandStart FindInnerCommand(std::u16string_view text, std::size_t from, const 
         const auto taker = std::find_if(commandTakers.begin(), commandTakers.end(),
                                         [&](const CommandTaker& row) { return EqualNoCase(row.name, name); });
         std::size_t inner = npos;
+        bool mayBeTitle = false;
         if (EqualNoCase(name, u"ELSE"))
             inner = words.at;
         else if (EqualNoCase(name, u"IF"))
@@ -171,10 +174,10 @@ CommandStart FindInnerCommand(std::u16string_view text, std::size_t from, const 
         else if (EqualNoCase(name, u"FOR"))
             inner = PassForHeader(text, words.at, syntax);
         else if (taker != commandTakers.end())
-            inner = FindTakenCommand(*taker, text, words.at, syntax);
+            inner = FindTakenCommand(*taker, text, words.at, syntax, mayBeTitle);
         if (inner == npos)
             return found;
-        found = {inner, taker != commandTakers.end() && taker->takesAnyFile};
+        found = {inner, taker != commandTakers.end() && taker->takesAnyFile, mayBeTitle};
     }
 }
 
@@ -186,6 +189,7 @@ public:
         : text(before), at(start.at), wantsReferences(references), syntax(syntaxInForce), known(commands)
     {
         word.startsFile = start.anyFile;
+        word.mayBeTitle = start.mayBeTitle;
         while (at < text.size() && (text[at] == u'@' || text[at] == u'*'))
             ++at;
     }

@@ -27,6 +27,7 @@ struct CompletionWord {
     bool inBrackets = false;     // an argument of a function
     bool isValue = false;        // it stands behind a "="
     bool startsFile = false;     // the command's name, where any document does as well (START)
+    bool mayBeTitle = false;     // at Command: in quotes it would be a title (START)
     CString command;             // the name of the command that it belongs to, "" at Command
     std::vector<CString> before; // the words between the two, redirections left out
 };
