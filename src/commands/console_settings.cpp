@@ -5,6 +5,7 @@
 
 #include "core/command_switches.h"
 #include "engine/break.h"
+#include "engine/inifile.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -54,6 +55,13 @@ const CommandHelp saveconsoleHelp = {
     u"output is: in the code page, or as the settings UTF8Output and UnicodeOutput say; a web page is UTF-8.",
     u"saveconsole today.txt\n"
     u"saveconsole /h/v screen.html",
+};
+
+const CommandHelp statusbarHelp = {
+    u"Shows or hides the status bar of the graphical window, or tells the setting.",
+    u"STATUSBAR [ON | OFF]",
+    u"The setting StatusBar is changed. A console has no status bar, so there the result is an error.",
+    u"statusbar",
 };
 
 const CommandHelp transientHelp = {
@@ -269,6 +277,21 @@ bool Flash(const ScreenFacts& screen, std::uint64_t milliseconds)
     return write(before);
 }
 
+// Without an argument the state is told.
+int SwitchOnOrOff(CString& arguments, int& state, unsigned stateMessage)
+{
+    arguments.Trim();
+    if (arguments.empty())
+        return PrintLine(LoadMessage(stateMessage, LoadMessage(state ? message::on : message::off)))
+                   ? result::success
+                   : MVError(0);
+    const bool on = EqualNoCase(arguments, u"on");
+    if (!on && !EqualNoCase(arguments, u"off"))
+        return UsageError();
+    state = on;
+    return result::success;
+}
+
 } // namespace
 
 int Font_Command(CString& arguments)
@@ -347,19 +370,21 @@ int Saveconsole_Command(CString& arguments)
     return WriteSaved(WithoutQuotes(words[0]), saved, switches);
 }
 
+int Statusbar_Command(CString& arguments)
+{
+    int shown = aIniFile.StatusBar;
+    const bool tells = arguments.Trim().empty();
+    const int code = SwitchOnOrOff(arguments, shown, message::statusbarState);
+    aIniFile.StatusBar = static_cast<SettingChoice>(shown);
+    return code != result::success || tells ? code : MVError(errors::noStatusBar);
+}
+
 int Transient_Command(CString& arguments)
 {
-    arguments.Trim();
-    if (arguments.empty())
-        return PrintLine(LoadMessage(message::transientState,
-                                     LoadMessage(aGlobals.transient ? message::on : message::off)))
-                   ? result::success
-                   : MVError(0);
-    const bool on = EqualNoCase(arguments, u"on");
-    if (!on && !EqualNoCase(arguments, u"off"))
-        return UsageError();
-    aGlobals.transient = on;
-    return result::success;
+    int transient = aGlobals.transient;
+    const int code = SwitchOnOrOff(arguments, transient, message::transientState);
+    aGlobals.transient = transient != 0;
+    return code;
 }
 
 int Vbeep_Command(CString& arguments)

@@ -324,7 +324,7 @@ constexpr BUILTIN aInternalCommands[] = {
     {u"SREPLACE", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"SSHEXEC", Unbuilt_Command, 0x82107, 1, u"", &unbuiltHelp},
     {u"START", Start_Command, 0x680127, 1, u"", &startHelp},
-    {u"STATUSBAR", Unbuilt_Command, 0x2007, 1, u"", &unbuiltHelp},
+    {u"STATUSBAR", Statusbar_Command, 0x2007, 1, u"", &statusbarHelp},
     {u"SWITCH", Switch_Command, 0x402045, 1, u"", &switchHelp},
     {u"SYNC", Sync_Command, 0x2107, 1, u"dirs", &syncHelp},
     {u"TABCOMPLETE", Tabcomplete_Command, 0x2007, 1, u"", &tabcompleteHelp},

@@ -17,6 +17,7 @@ constexpr unsigned consoleFont = 0x20000469;         // 4129
 constexpr unsigned screenMode = 0x2000046E;          // 4134
 constexpr unsigned unknownKeyFunction = 0x2000046F;  // 4135
 constexpr unsigned notAHistory = 0x2000047E;         // 4150
+constexpr unsigned noStatusBar = 0x2000047F;         // 4151
 } // namespace errors
 
 namespace message {
@@ -34,4 +35,5 @@ constexpr unsigned cancelButton = 4141;
 constexpr unsigned transientState = 4142;
 constexpr unsigned keysState = 4143;
 constexpr unsigned unboundKey = 4144;
+constexpr unsigned statusbarState = 4152;
 } // namespace message
