@@ -67,7 +67,7 @@ template <typename Wanted> CString CommandList(Wanted wanted)
     for (int i = 0; i < nInternalCommands; ++i) {
         const BUILTIN& row = aInternalCommands[i];
         if (IsBuilt(row) && wanted(row))
-            text += Format(u"%-15s %s\r\n", row.name, row.help->summary);
+            text += Format(u"%-14s  %s\n", row.name, row.help->summary);
     }
     return text;
 }
@@ -117,7 +117,7 @@ CString KeyList()
         const KeyFunctionRow& row = aKeyFunctions[static_cast<std::size_t>(i)];
         const std::u16string_view keys = aKeyBindings.Keys(i);
         if ((row.category & key_category::lineEditor) != 0 && !keys.empty())
-            text += Format(u"%-26s %s (%s)\r\n", keys, row.description, row.name);
+            text += Format(u"%-25s  %s (%s)\n", keys, row.description, row.name);
     }
     return text;
 }
@@ -131,7 +131,7 @@ template <typename Row> CString ReferenceList(const CString& mark, const Row* ro
         const CString name = mark + rows[i].name;
         for (const CString& page : pages)
             if (const std::u16string_view section = ReferenceSection(page, name); !section.empty()) {
-                text += Format(u"%-18s %s\r\n", name, ReferenceSummary(section));
+                text += Format(u"%-17s  %s\n", name, ReferenceSummary(section));
                 break;
             }
     }
@@ -165,24 +165,27 @@ CString TopicText(std::u16string_view name, int width)
     if (name.empty())
         return Overview(width);
     if (name == u"@")
-        return ReferenceList(name, aVariableFunctions, nVariableFunctions);
+        return HelpParagraph(ReferenceList(name, aVariableFunctions, nVariableFunctions), width);
     if (name == u"_")
-        return ReferenceList(name, aInternalVariables, nInternalVariables);
+        return HelpParagraph(ReferenceList(name, aInternalVariables, nInternalVariables), width);
     if (const int index = FindRow(aInternalCommands, nInternalCommands, name); index >= 0)
         return CommandText(aInternalCommands[index], width);
     for (const CString& page : ReferencePages())
         if (const std::u16string_view section = ReferenceSection(page, name); !section.empty())
             return ReferenceText(name, section, width);
     if (EqualNoCase(name, u"all"))
-        return CommandList([](const BUILTIN&) { return true; });
+        return HelpParagraph(CommandList([](const BUILTIN&) { return true; }), width);
     if (name.size() > 2 && BeginsNoCase(u"keyboard", name))
-        return KeyList();
+        return HelpParagraph(KeyList(), width);
     if (const HelpSubject* subject = FindHelpSubject(name))
-        return SubjectList(*subject);
-    return name[0] == u'@' ? CString() : CommandList([&](const BUILTIN& row) {
+        return HelpParagraph(SubjectList(*subject), width);
+    if (name[0] == u'@')
+        return {};
+    const CString found = CommandList([&](const BUILTIN& row) {
         return FindNoCase(row.name, name) != CString::npos ||
                FindNoCase(row.help->summary, name) != CString::npos;
     });
+    return HelpParagraph(found, width);
 }
 
 class TableCommands : public KnownCommands {

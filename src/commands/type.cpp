@@ -9,6 +9,7 @@
 #include "commands/pager.h"
 #include "commands/search_switches.h"
 #include "core/command_switches.h"
+#include "core/pseudo_devices.h"
 #include "engine/break.h"
 #include "engine/inifile.h"
 #include "engine/internal_entry.h"
@@ -143,8 +144,10 @@ bool CopyText(TextReader& reader, Writer& writer)
 
 int TypeFile(const CString& name, std::uint64_t switches, Writer& writer)
 {
+    const auto device = PseudoDevice::Find(name); // outlives the open file, which may be its own
+    CString path = name;
     TextReader reader;
-    if (!reader.Open(name))
+    if ((device && !device->PrepareInput(path)) || !reader.Open(path))
         return MVError(0, name);
     writer.BeginFile();
     const bool done =
@@ -157,6 +160,10 @@ int TypeFile(const CString& name, std::uint64_t switches, Writer& writer)
 int AddFiles(FILESEARCH& search, const CString& argument, bool restricted, std::vector<CString>& files)
 {
     const std::size_t before = files.size();
+    if (PseudoDevice::Find(WithoutQuotes(argument))) {
+        files.push_back(WithoutQuotes(argument));
+        return result::success;
+    }
     for (bool found = FindFiles(search, argument); found; found = FindFiles(search))
         files.push_back(search.name);
     if (search.error != 0)
