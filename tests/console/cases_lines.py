@@ -21,26 +21,41 @@ def changing_prompt(console):
     console.shows("[]set x=5", "[5]")
 
 
-@case("Ctrl+C abandons the line that is being typed")
-def abandoned_line(console):
-    console.start()
-    console.shows(">")
-    console.text("echo wrong")
-    console.shows(">echo wrong")
-    console.keys("C-c")
-    console.ends_with(">echo wrong^C", ">")
-    console.line("echo right")
-    console.ends_with(">echo right", "right", ">")
-
-
-@case("Ctrl+C at an empty prompt gives a fresh one")
-def idle_break(console):
-    console.start()
+@case("Ctrl+C gives a fresh prompt wherever it is pressed")
+def breaks(console):
+    console.file("alpha.txt", "first")
+    console.file("alps.txt", "second")
+    console.start("//LocalHistory=Yes")
     console.shows(">")
     console.keys("C-c")
     console.shows(">^C", ">")
+    console.text("echo wrong")
+    console.shows(">^C", ">echo wrong")
     console.keys("C-c")
-    console.shows(">^C", ">^C", ">")
+    console.shows(">^C", ">echo wrong^C", ">")
+    console.line("cls & echo top")
+    console.shows("top", ">")
+    console.text("type al")
+    console.keys("Tab")
+    console.shows("top", ">type alpha.txt")
+    console.keys("C-c")
+    console.shows("top", ">type alpha.txt^C", ">")
+    for keys in (("F7",), ("PPage",)):  # a window of names, and one of the history
+        console.line("cls & echo top")
+        console.shows("top", ">")
+        console.text("type al")
+        console.keys(*keys)
+        console.row_with("\u2514", "/2 " if keys == ("F7",) else "/")
+        console.keys("C-c")
+        console.shows("top", ">type al^C", ">")
+    for loop in ("for /l %i in (1,1,99999) do @if %i == 9 delay 60", "do forever (echo x > nul)",
+                 "for %i in (1 2) do pause Now?", "delay 60 | echo piped > nul"):
+        console.line("cls & echo " + loop[:5] + " & " + loop)
+        console.wait(lambda: console.rows()[:1] == [loop[:5].strip()], [loop[:5]], console.rows)
+        console.keys("C-c")
+        console.wait(lambda: console.rows()[-2:] in (["^C", ">"], ["Now?^C", ">"]), ["^C", ">"], console.rows)
+    console.line("cls & echo right")
+    console.shows("right", ">")
 
 
 @case("a line goes on behind the escape character, and Ctrl+C there abandons all of it")
