@@ -206,11 +206,12 @@ private:
             transfer.Failed(GetLastError(), target.Text());
             return false;
         }
-        const Sink sink = [&](std::string_view bytes) { return WriteBytes(file.Get(), bytes); };
+        bool written = true;
+        const Sink sink = [&](std::string_view bytes) { return written = WriteBytes(file.Get(), bytes); };
         for (const JoinedPiece& piece : pieces) {
             transfer.progress.Begin(piece.shown);
             if (const unsigned failed = PourPiece(piece, sink)) {
-                transfer.Failed(failed, piece.shown);
+                transfer.Failed(failed, written ? piece.shown : target.Text());
                 return false;
             }
         }

@@ -222,6 +222,8 @@ void MoveDirectoryAway(Transfer& transfer, const TransferName& from, const Trans
     const TransferName source{from.Full() + u"\\", {}, from.shown + u"\\"};
     const TransferName target{to.Full() + u"\\", {}, to.shown + u"\\"};
     TransferTree(transfer, everything, source, target);
+    if (ReadFileAttributes(from.Full()))
+        return; // what stayed has been told
     transfer.DidDirectory(from.shown, to.shown);
     transfer.Carry(from, to);
 }

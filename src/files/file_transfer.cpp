@@ -160,7 +160,7 @@ unsigned FileTransfer::Dress(const TransferItem& item, const CString& partial, b
             return failed;
     } else if (item.replaces) {
         const Uncovered uncovered(item.to, manner.overProtected);
-        if (const unsigned failed = CopyRights(item.to, partial, false))
+        if (const unsigned failed = kept.Carry(item.to, partial))
             return failed;
     }
     if (asItWas) {

@@ -56,5 +56,6 @@ private:
 
     TransferManner manner;
     ByteWatcher watch;
+    KeptRights kept;
     std::uint64_t room = 0; // bytes that may be written before the free space is asked for again
 };

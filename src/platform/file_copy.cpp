@@ -6,6 +6,7 @@
 
 #include "platform/file_facts.h"
 #include "platform/lazy_library.h"
+#include "text/path_names.h"
 
 namespace {
 
@@ -47,16 +48,18 @@ OwnedHandle OpenForReading(std::u16string_view name, DWORD share)
                                    FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
 }
 
-using Descriptor = std::vector<std::uint64_t>; // aligned as the system wants it
+using Descriptor = SecurityBytes;
 
 unsigned ReadDescriptor(const CString& path, SECURITY_INFORMATION parts, Descriptor& descriptor)
 {
-    DWORD size = 0;
-    getFileSecurity(path.w(), parts, nullptr, 0, &size);
-    if (GetLastError() != ERROR_INSUFFICIENT_BUFFER)
-        return GetLastError();
-    descriptor.resize(size / sizeof(descriptor[0]) + 1);
-    return Outcome(getFileSecurity(path.w(), parts, descriptor.data(), size, &size));
+    constexpr DWORD unit = sizeof(Descriptor::value_type);
+    DWORD size = 1024; // enough for nearly all, so that one question does
+    for (;;) {
+        descriptor.assign(size / unit + 1, 0);
+        const BOOL done = getFileSecurity(path.w(), parts, descriptor.data(), size, &size);
+        if (done || GetLastError() != ERROR_INSUFFICIENT_BUFFER)
+            return Outcome(done);
+    }
 }
 
 // Whether somebody gave rights to this very file: others it would have anywhere in its folder.
@@ -161,6 +164,24 @@ unsigned CopyRights(std::u16string_view from, std::u16string_view to, bool owner
         return 0;
     parts |= isProtected ? PROTECTED_DACL_SECURITY_INFORMATION : UNPROTECTED_DACL_SECURITY_INFORMATION;
     return Outcome(setFileSecurity(SystemPath(to).w(), parts, descriptor.data()));
+}
+
+unsigned KeptRights::Carry(std::u16string_view from, std::u16string_view to)
+{
+    Descriptor descriptor;
+    bool isProtected = false;
+    if (ReadDescriptor(SystemPath(from), DACL_SECURITY_INFORMATION, descriptor) != 0 ||
+        !HasOwnRights(descriptor.data(), isProtected))
+        return 0; // there are none, or they are not ours to read
+    const std::u16string_view folder = DirectoryPart(to);
+    if (directory.view() != folder) {
+        directory = folder;
+        if (ReadDescriptor(SystemPath(to), DACL_SECURITY_INFORMATION, ofNewFiles) != 0)
+            ofNewFiles.clear();
+    }
+    if (descriptor == ofNewFiles)
+        return 0;
+    return CopyRights(from, to, false);
 }
 
 unsigned MakeDirectoryLike(std::u16string_view model, std::u16string_view name)

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "platform/handle.h"
 #include "text/cstring.h"
@@ -47,6 +48,20 @@ private:
 // Lets `to` have the rights that somebody gave `from`: nothing happens when it has those of its folder only,
 // or where the file system keeps none. With `owner` its owner too, which takes a right that few have.
 unsigned CopyRights(std::u16string_view from, std::u16string_view to, bool owner);
+
+using SecurityBytes = std::vector<std::uint64_t>; // a security descriptor, aligned as the system wants it
+
+// The same for file after file, without the owner: new files of one directory begin with the same rights, so
+// that those are asked for once, and set only where the replaced file had others.
+class KeptRights {
+public:
+    // `to` is new: nobody gave it rights of its own yet.
+    unsigned Carry(std::u16string_view from, std::u16string_view to);
+
+private:
+    CString directory;
+    SecurityBytes ofNewFiles;
+};
 
 // A directory with the attributes of another one, or the same link when that one is a link.
 unsigned MakeDirectoryLike(std::u16string_view model, std::u16string_view name);
