@@ -159,6 +159,7 @@ void PopFile(LineEditor& editor)
         request.lines.push_back(candidate.shown.empty() ? candidate.text : candidate.shown);
         request.notes.push_back(candidate.hint);
     }
+    editor.Show();
     const auto pick = editor.world.Pick(editor.console, request);
     if (pick && pick->chosen < request.lines.size())
         Put(editor, pick->chosen);

@@ -140,6 +140,7 @@ void Pick(LineEditor& editor, bool directory)
                               {},
                               start,
                               CString(directory ? u"" : TypedFilter(editor))};
+    editor.Show();
     const auto pick = editor.world.Pick(editor.console, request);
     if (!pick)
         return;
@@ -292,6 +293,7 @@ void HistWinOpen(LineEditor& editor) { Pick(editor, false); }
 
 void XHistWinOpen(LineEditor& editor)
 {
+    editor.Show();
     const auto pick = editor.request->command ? editor.world.PickExtended(editor.console, TypedFilter(editor))
                                               : std::nullopt;
     if (!pick) {

@@ -73,6 +73,8 @@ public:
     void LeaveLine();
     void ReturnToLine();
     void Redraw();
+    // For those that open a window: keys that came together have been taken, but not shown.
+    void Show();
 
     // What a completion is going through.
     struct Completing {
@@ -111,7 +113,6 @@ private:
     bool Accepts(char16_t unit) const;
     bool IsNormalKey(std::u16string_view name) const;
     bool EndsPasted(std::u16string_view key);
-    void Show();
     void Suggest();
     void ShowFinished();
 

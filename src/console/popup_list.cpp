@@ -145,10 +145,23 @@ private:
         area.columns = std::max(area.columns, std::min(24, extent.windowColumns));
         area.left = extent.left + std::clamp(request.place.left, 0, extent.windowColumns - area.columns);
         area.top = extent.top + std::clamp(request.place.top, 0, extent.windowRows - area.rows);
+        KeepOffCursor(extent);
         covered = console.ReadCells(area);
         console.ShapeCursor(0);
         console.WatchMouse(true);
         open = true;
+    }
+
+    // What is typed there stays in view if there is room below or above it.
+    void KeepOffCursor(const ScreenExtent& extent)
+    {
+        const int row = cursorBefore.row;
+        if (row < area.top || row >= area.top + area.rows)
+            return;
+        if (row + 1 + area.rows <= extent.top + extent.windowRows)
+            area.top = row + 1;
+        else if (row - area.rows >= extent.top)
+            area.top = row - area.rows;
     }
 
     void Close()

@@ -135,7 +135,10 @@ TEST_F(Editing, HistorySettingsAndChanges)
     world.pick = LinePick{0, u"three", true, {}, {}};
     EXPECT_EQ(Edit(u"<Ctrl-Shift-PgUp>s<Enter>").line, u"threes");
     settings.appendCommandLines = true;
+    console.drawsBetweenKeys = false;
     EXPECT_EQ(Edit(u"x <PgUp><Enter>").line, u"x one");
+    EXPECT_EQ(world.pickColumn, 3) << "the line is shown before the window";
+    console.drawsBetweenKeys = true;
     EXPECT_EQ(world.pickFilter, u"");
     world.pick.reset();
     EXPECT_EQ(Edit(u"x<Ctrl-Shift-PgUp><Enter>").line, u"x");

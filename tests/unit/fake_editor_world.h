@@ -15,6 +15,7 @@ public:
     std::vector<CString> names = {u"alpha.txt", u"alps.txt", u"beta.txt"};
     std::optional<LinePick> pick;
     CString pickFilter;
+    int pickColumn = -1; // of the cursor, when the window opened
     bool overstrike = false;
     KeyBindings bindings;
 
@@ -72,8 +73,9 @@ public:
                 offer.candidates.push_back({name, name, false, {}});
         return offer;
     }
-    std::optional<LinePick> Pick(EditorConsole&, const PickRequest& request) override
+    std::optional<LinePick> Pick(EditorConsole& console, const PickRequest& request) override
     {
+        pickColumn = console.Cursor().column;
         pickFilter = request.filter;
         return pick;
     }
