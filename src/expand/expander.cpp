@@ -257,8 +257,30 @@ int Expander::InsertDelayed(View reference, std::size_t length)
 }
 
 // In .bat and .cmd files what such a reference brings is text and nothing else: that is what authors use it
-// for. Signs that would part commands, redirect or name a variable are escaped where quotes do not protect
-// them.
+// for. Signs that would part commands or redirect are escaped where quotes do not protect them.
+CString Expander::Protected(View value, bool quoted) const
+{
+    CString text;
+    const char16_t escape = settings.syntax.escapeChar;
+    for (const char16_t& unit : value) {
+        quoted = quoted != (unit == u'"');
+        if (!quoted && (unit == escape || View(u"&|<>").find(unit) != View::npos))
+            text.Append(escape);
+        text.Append(unit);
+    }
+    return text;
+}
+
+// The value of a FOR variable, often the name of a file or a line of one.
+int Expander::InsertLoopValue(View value, std::size_t length)
+{
+    if (!settings.syntax.openQuotes)
+        return InsertValue(value, length);
+    // A piece of a line is a name or an argument, in which escapes would stay.
+    return Insert(topLevel && settings.syntax.escapes ? Protected(value, inQuotes) : CString(value), length,
+                  Scan::Past);
+}
+
 int Expander::InsertDelayedText(View reference, std::size_t length, bool& quoted)
 {
     CString name(reference);
@@ -270,14 +292,12 @@ int Expander::InsertDelayedText(View reference, std::size_t length, bool& quoted
         return code;
     line.Drop(length);
     changed = true;
-    const char16_t escape = settings.syntax.escapeChar;
-    for (const char16_t& unit : value.view()) {
+    const CString text = Protected(value, quoted);
+    for (const char16_t& unit : text.view()) {
         quoted = quoted != (unit == u'"');
-        if (unit == u'%')
-            line.Add(u"%");
-        else if (!quoted && (unit == escape || View(u"&|<>").find(unit) != View::npos))
-            line.Add(View(&escape, 1));
         line.Add(View(&unit, 1));
+        if (unit == u'%') // the line's own pass comes later
+            line.Add(u"%");
     }
     return line.Length() > longestExpansion ? Fail(errors::lineTooLong, Shown(line.Done())) : 0;
 }

@@ -67,6 +67,8 @@ private:
     int InsertDelayedText(View reference, std::size_t length, bool& quoted);
     int Insert(View value, std::size_t length, Scan scan);
     int InsertValue(View value, std::size_t length); // scanned again unless the mask says otherwise
+    int InsertLoopValue(View value, std::size_t length);
+    CString Protected(View value, bool quoted) const;
     int Keep(std::size_t units);
     int ExpandNested(CString& text, bool quoted);
     int ExpandFirstWord();

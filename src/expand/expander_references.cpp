@@ -32,10 +32,10 @@ int Expander::ReadDoublePercent()
         const View text = behind.substr(1);
         if (ReadPathModifiers(
                 text, [&](std::size_t at) { return world.LoopVariable(text[at], value); }, modifiers)) {
-            return InsertValue(ApplyPathModifiers(value, modifiers, world), 3 + modifiers.target + 1);
+            return InsertLoopValue(ApplyPathModifiers(value, modifiers, world), 3 + modifiers.target + 1);
         }
     } else if (!behind.empty() && !IsSpace(behind[0]) && world.LoopVariable(behind[0], value)) {
-        return InsertValue(value, 3);
+        return InsertLoopValue(value, 3);
     }
     line.Drop(1);
     changed = true;
@@ -180,8 +180,10 @@ bool Expander::ReadTilde(int& code)
     CString value;
     std::size_t digits = 1;
     PathModifiers modifiers;
+    bool ofLoop = false;
     const auto isTarget = [&](std::size_t at) {
-        if (batch && IsDigit(text[at])) {
+        ofLoop = !batch || !IsDigit(text[at]);
+        if (!ofLoop) {
             value = current.Entry(ReadParameterNumber(text.substr(at), digits));
             return true;
         }
@@ -192,7 +194,8 @@ bool Expander::ReadTilde(int& code)
         return false;
     const std::size_t end = modifiers.target + digits;
     const std::size_t closing = batch ? ClosingPercent(text.substr(end), settings.syntax) : 0;
-    code = InsertValue(ApplyPathModifiers(value, modifiers, world), 2 + end + closing);
+    value = ApplyPathModifiers(value, modifiers, world);
+    code = ofLoop ? InsertLoopValue(value, 2 + end) : InsertValue(value, 2 + end + closing);
     return true;
 }
 
@@ -268,11 +271,11 @@ int Expander::ReadVariable()
     const char16_t next = text.size() > 1 ? text[1] : u' ';
     if (letter && !IsNameUnit(next) && !(next == u'%' && Exists(text.substr(0, 1))) &&
         world.LoopVariable(text[0], value))
-        return InsertValue(value, 2);
+        return InsertLoopValue(value, 2);
     const NameReference read = ReadName(text, settings.cmdVariables, settings.syntax, *this);
     const bool found = read.length != 0 && Lookup(read.name, value);
     if (!found && !read.closed && letter && world.LoopVariable(text[0], value))
-        return InsertValue(value, 2);
+        return InsertLoopValue(value, 2);
     if (read.length == 0)
         return Keep(1);
     if (found && !read.modifier.empty()) {

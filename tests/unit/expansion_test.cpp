@@ -470,6 +470,13 @@ TEST(Expansion, LoopVariables)
     CheckAll(world, cases);
     world.settings.cmdVariables = true;
     Check(world, {u"echo %i.txt", u"echo C:\\x\\y.z.txt"});
+    // Everyday scripts take such values for text, whatever signs are in it.
+    world.settings.cmdVariables = false;
+    world.settings.syntax.openQuotes = true;
+    world.loops[u's'] = u"50%a & \"b & c\".txt";
+    Check(world, {u"%%s%%n %%~xs", u"50%a ^& \"b & c\".txt%a .txt"});
+    Check(world, {u"\"%%s", u"\"50%a & \"b ^& c\".txt"});
+    Check(world, {u"%%s", u"50%a & \"b & c\".txt"}, true);
 }
 
 TEST(Expansion, SubroutineParametersComeFirst)
