@@ -41,9 +41,12 @@ std::optional<ChecksumEntry> ReadChecksumLine(View line)
     const std::size_t end = line.find_first_of(u" \t");
     if (end == View::npos || !IsChecksum(line.substr(0, end)))
         return std::nullopt;
+    // Two characters part them: a blank, and a blank or "*". A name may begin with more blanks.
     View name = line.substr(end);
-    name.remove_prefix(std::min(name.find_first_not_of(u" \t"), name.size()));
-    name.remove_prefix(name.starts_with(u'*') ? 1 : 0);
+    if (name.starts_with(u"  ") || name.starts_with(u" *"))
+        name.remove_prefix(2);
+    else
+        name.remove_prefix(std::min(name.find_first_not_of(u" \t"), name.size()));
     return ChecksumEntry{line.substr(0, end), name, std::nullopt};
 }
 

@@ -11,6 +11,7 @@
 #include "files/search_names.h"
 #include "files/text_reader.h"
 #include "platform/file_facts.h"
+#include "text/compare.h"
 #include "text/path_names.h"
 #include "text/words.h"
 
@@ -100,8 +101,12 @@ private:
 
     void AddLine(CString line)
     {
-        line.Trim(u" \t\r\n");
-        if (!line.empty())
+        line.TrimRight(u" \t\r\n");
+        // A file's name may begin with blanks or hold the sign that parts names.
+        const bool doubtful = line.Find(u';') != CString::npos || (!line.empty() && IsBlank(line.front()));
+        if (doubtful && ReadFileAttributes(line))
+            line.Insert(0, u"\"").Append(u'"');
+        if (!line.TrimLeft(u" \t").empty())
             AddNames(line);
     }
 
