@@ -10,6 +10,7 @@
 #include "commands/search_switches.h"
 #include "console/progress.h"
 #include "core/command_switches.h"
+#include "engine/console_entry.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -98,7 +99,7 @@ int ReadOptions(CString& arguments, DedupeOptions& options)
     options.search.attributes.forbidden |= file_attribute::directory;
     const bool changes = options.treatment != Treatment::List && !options.work.pretends;
     options.work.asks = changes && ((flags & 8) == 0 || options.work.asks);
-    return options.work.asks && !IsConsole(0) ? MVError(errors::dedupeUnattended) : result::success;
+    return options.work.asks && !MayAsk() ? MVError(errors::dedupeUnattended) : result::success;
 }
 
 // A hard link in the place of a file: at no time is there nothing under its name.

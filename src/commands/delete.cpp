@@ -86,7 +86,7 @@ private:
         const bool isDirectory = !HasWildcards(name) && QueryIsDirectory(name);
         if (!isDirectory && pattern != u"*" && pattern != u"*.*")
             return true;
-        if (!IsConsole(0)) {
+        if (!MayAsk()) {
             work.Failed(errors::needsYes, name);
             return false;
         }

@@ -93,7 +93,7 @@ private:
         const CString shown = Format(u"%s (%u)", FileNamePart(ProgramPathOf(process)), process);
         if (process == GetCurrentProcessId())
             return MVError(errors::ownProcess, shown);
-        if (!options.unasked && !IsConsole(0))
+        if (!options.unasked && !MayAsk())
             return MVError(errors::endNeedsYes, shown);
         if (!options.unasked && QueryInputChar(message::askEndProcess, shown, u"YN", u'N') != u'Y')
             return result::error;

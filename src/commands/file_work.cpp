@@ -11,6 +11,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/known_directories.h"
+#include "lang/file_messages.h"
 #include "platform/file_facts.h"
 #include "text/path_names.h"
 #include "text/words.h"
@@ -102,6 +103,10 @@ bool FileWork::ForEachFile(FILESEARCH& search, const CString& argument, const st
 
 bool FileWork::Wants(unsigned question, std::u16string_view name)
 {
+    if (options.asks && !stopped && !MayAsk()) {
+        Failed(errors::nobodyToAsk, name);
+        stopped = true;
+    }
     return Confirms(options.asks, question, name);
 }
 

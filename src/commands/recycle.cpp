@@ -93,7 +93,7 @@ int Empty(const std::vector<CString>& names, bool unasked)
         }
         if (totals->items == 0)
             continue;
-        if (!unasked && !IsConsole(0))
+        if (!unasked && !MayAsk())
             return MVError(errors::needsYes, root);
         if (!unasked && QueryInputChar(message::askEmptyBin, root, u"YN", u'N') != u'Y')
             continue;

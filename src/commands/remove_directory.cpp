@@ -68,7 +68,7 @@ private:
     {
         if (!asksForTree)
             return true;
-        if (!IsConsole(0)) {
+        if (!MayAsk()) {
             work.Failed(errors::needsQuiet, name);
             return false;
         }

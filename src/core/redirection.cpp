@@ -56,8 +56,10 @@ RedirectionRecord::~RedirectionRecord()
 void RedirectionRecord::Install(int number, HANDLE handle, HandleKind kind)
 {
     StandardHandleKind& known = Tls().handleKinds[number];
-    if (!saved[number].replaced)
+    if (!saved[number].replaced) {
         saved[number] = {true, StandardHandle(number), known};
+        Tls().inputRedirections += number == 0;
+    }
     SetStandardHandle(number, handle);
     known =
         kind == HandleKind::None ? StandardHandleKind() : StandardHandleKind{handle, static_cast<int>(kind)};
@@ -76,6 +78,7 @@ void RedirectionRecord::Restore()
             continue;
         SetStandardHandle(number, saved[number].handle);
         Tls().handleKinds[number] = saved[number].kind;
+        Tls().inputRedirections -= number == 0;
         saved[number].replaced = false;
     }
     opened.clear();

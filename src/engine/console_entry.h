@@ -50,8 +50,12 @@ bool ReadInputCharacter(CString& character);
 // Whether redirected standard input has something, or its end, to read within the time. Files always have.
 bool AwaitInput(std::optional<std::uint64_t> milliseconds);
 
+// Whether there is somebody, or something, to answer a question: a person at the console, or the pipe or file
+// that a command has for its standard input ("echo y| del *.*"). The lines that the shell itself is given are
+// no answers.
+bool MayAsk();
 // Asks with message `number` (its %1 replaced by `text`) and answers the upper-case letter pressed, one of
-// `answers`; without a console the answer is `unattended`.
+// `answers`, or the first such letter that begins a line of the input; else the answer is `unattended`.
 char16_t QueryInputChar(unsigned number, std::u16string_view text, std::u16string_view answers,
                         char16_t unattended);
 

@@ -195,6 +195,7 @@ struct TLS_VARIABLES {
     bool lineNotSaved = false;    // the line typed next stays out of the histories
     bool lineRecalled = false;    // it stands in the command history already
     bool pipeChild = false;       // this shell is the right side of a pipe
+    int inputRedirections = 0;    // of the commands that run, one inside the other
     BlockState blocks;
     std::vector<LoopVariable> loopVariables; // innermost last
     LoopSignal loopSignal = LoopSignal::None;
