@@ -20,29 +20,6 @@ const CommandHelp colorHelp = {
 
 namespace {
 
-int HexDigit(char16_t unit)
-{
-    const char16_t digit = UpperCase(unit);
-    if (IsDigit(digit))
-        return digit - u'0';
-    return digit >= u'A' && digit <= u'F' ? digit - u'A' + 10 : -1;
-}
-
-// "1F" is bright white on blue, "F" the same on black.
-std::optional<unsigned> ParseDigits(std::u16string_view text)
-{
-    if (text.empty() || text.size() > 2)
-        return std::nullopt;
-    unsigned attributes = 0;
-    for (const char16_t unit : text) {
-        const int digit = HexDigit(unit);
-        if (digit < 0)
-            return std::nullopt;
-        attributes = attributes * 16 + static_cast<unsigned>(digit);
-    }
-    return attributes;
-}
-
 std::optional<unsigned> ParseForeground(std::u16string_view text)
 {
     std::size_t at = 0;
@@ -55,7 +32,7 @@ std::optional<unsigned> ParseForeground(std::u16string_view text)
 
 std::optional<unsigned> ParseColors(std::u16string_view text)
 {
-    std::optional<unsigned> colors = ParseDigits(text);
+    std::optional<unsigned> colors = ParseColorDigits(text);
     if (!colors)
         colors = ParseColorPair(text);
     if (!colors)
@@ -73,7 +50,7 @@ int Color_Command(CString& arguments)
     const std::optional<unsigned> colors = arguments.empty() ? usual : ParseColors(arguments);
     if (!colors) {
         // Scripts write "color 00", which no screen can show, for an error level that nobody sees.
-        const bool quiet = CurrentSyntax().openQuotes && ParseDigits(arguments);
+        const bool quiet = CurrentSyntax().openQuotes && ParseColorDigits(arguments);
         return quiet ? Tls().errorLevel = result::error : MVError(errors::invalidColor, arguments);
     }
     // There is nothing to colour without a console, which is no fault of the script.

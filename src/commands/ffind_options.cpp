@@ -14,12 +14,6 @@
 
 namespace {
 
-int HexValue(char16_t unit)
-{
-    const char16_t upper = UpperCase(unit);
-    return IsDigit(unit) ? unit - u'0' : upper >= u'A' && upper <= u'F' ? upper - u'A' + 10 : -1;
-}
-
 // "4D 5A90": pairs of digits, with blanks where anybody wants them.
 int ReadHexBytes(std::u16string_view text, std::optional<ByteSearch>& search)
 {
@@ -27,8 +21,8 @@ int ReadHexBytes(std::u16string_view text, std::optional<ByteSearch>& search)
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (IsBlank(text[i]))
             continue;
-        const int high = HexValue(text[i]);
-        const int low = i + 1 < text.size() ? HexValue(text[i + 1]) : -1;
+        const int high = HexDigit(text[i]);
+        const int low = i + 1 < text.size() ? HexDigit(text[i + 1]) : -1;
         if (high < 0 || low < 0)
             return MVError(errors::invalidNumber, text);
         bytes.push_back(static_cast<char>(high * 16 + low));

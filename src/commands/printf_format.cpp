@@ -23,14 +23,6 @@ struct Refusal {
     CString culprit;
 };
 
-int HexDigit(char16_t unit)
-{
-    const char16_t letter = UpperCase(unit);
-    if (letter >= u'A' && letter <= u'F')
-        return letter - u'A' + 10;
-    return IsDigit(unit) ? unit - u'0' : -1;
-}
-
 // The character of up to `most` digits of this base at the start of the text, which are taken off.
 char16_t TakeCode(View& text, int base, std::size_t most)
 {

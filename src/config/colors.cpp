@@ -115,3 +115,17 @@ std::optional<unsigned> ParseColorPair(std::u16string_view text)
         return std::nullopt;
     return pair;
 }
+
+std::optional<unsigned> ParseColorDigits(std::u16string_view text)
+{
+    if (text.empty() || text.size() > 2)
+        return std::nullopt;
+    unsigned attributes = 0;
+    for (const char16_t unit : text) {
+        const int digit = HexDigit(unit);
+        if (digit < 0)
+            return std::nullopt;
+        attributes = attributes * 16 + static_cast<unsigned>(digit);
+    }
+    return attributes;
+}

@@ -27,3 +27,6 @@ std::optional<unsigned> ReadColorPair(std::u16string_view text, std::size_t& at)
 
 // The whole text as one pair.
 std::optional<unsigned> ParseColorPair(std::u16string_view text);
+
+// The whole text as one or two hexadecimal digits: "1F" is bright white on blue, "F" the same on black.
+std::optional<unsigned> ParseColorDigits(std::u16string_view text);

@@ -9,14 +9,6 @@ namespace {
 
 bool IsSpace(char16_t unit) { return unit == u' ' || (unit >= u'\t' && unit <= u'\r'); }
 
-int DigitValue(char16_t unit)
-{
-    if (IsDigit(unit))
-        return unit - u'0';
-    const char16_t upper = UpperCase(unit);
-    return upper >= u'A' && upper <= u'F' ? upper - u'A' + 10 : 99;
-}
-
 [[noreturn]] void SyntaxError() { throw DecimalError{errors::syntax}; }
 
 } // namespace
@@ -49,12 +41,12 @@ bool ExpressionReader::TakePrefixed(Decimal& value)
     at += 2;
     std::uint64_t bits = 0;
     const std::size_t first = at;
-    for (; at < text.size() && DigitValue(text[at]) < base; ++at) {
+    for (; at < text.size() && IsDigitOf(text[at], base); ++at) {
         // 64 bits are all there are.
-        if (bits > (~std::uint64_t{0} - static_cast<std::uint64_t>(DigitValue(text[at]))) /
+        if (bits > (~std::uint64_t{0} - static_cast<std::uint64_t>(HexDigit(text[at]))) /
                        static_cast<unsigned>(base))
             throw DecimalError{errors::numberTooLarge};
-        bits = bits * static_cast<unsigned>(base) + static_cast<unsigned>(DigitValue(text[at]));
+        bits = bits * static_cast<unsigned>(base) + static_cast<unsigned>(HexDigit(text[at]));
     }
     if (at == first)
         SyntaxError();

@@ -22,10 +22,7 @@ bool IsPunctuation(char16_t unit) { return IsPrintable(unit) && !IsSpace(unit) &
 bool IsLower(char16_t unit) { return UpperCase(unit) != unit; }
 bool IsUpper(char16_t unit) { return LowerCase(unit) != unit; }
 bool IsDigitUnit(char16_t unit) { return IsDigit(unit); }
-bool IsHexDigit(char16_t unit)
-{
-    return IsDigit(unit) || (UpperCase(unit) >= u'A' && UpperCase(unit) <= u'F');
-}
+bool IsHexDigit(char16_t unit) { return HexDigit(unit) >= 0; }
 
 // 1 when the text is not empty and all of its characters are of the class.
 int AnswerAll(FunctionCall& call, Predicate is)

@@ -74,7 +74,8 @@ int ReadStartOptions(const char16_t* commandLine, START_OPTIONS* options)
     if (!read.refused.empty())
         return MVError(errors::invalidSwitch, read.refused);
     // The right side of a pipe is passed on as it stands.
-    aTexts.startCommand = IsInEnvironment(u"MOVAPIPE") ? read.commands : UnquoteCommands(read.commands);
+    aTexts.startCommand =
+        IsInEnvironment(u"MOVAPIPE") ? read.commands : UnquoteCommands(read.commands, read.stripsQuotes);
     aTexts.startIniFile = read.iniFile;
     options->mode = static_cast<int>(read.mode);
     options->commands = aTexts.startCommand.empty() ? nullptr : aTexts.startCommand.c_str();

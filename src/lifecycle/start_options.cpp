@@ -1,7 +1,9 @@
 #include "lifecycle/start_options.h"
 
+#include "config/colors.h"
 #include "expand/list_keeper.h"
 #include "text/compare.h"
+#include "text/format.h"
 #include "text/words.h"
 
 namespace {
@@ -91,7 +93,7 @@ private:
     bool ReadSwitch(const CString& word)
     {
         const char16_t letter = UpperCase(word[1]);
-        if (letter == u'C')
+        if (letter == u'C' || letter == u'R')
             return TakeCommands(at + 2, StartOptions::Mode::RunAndExit);
         if (letter == u'K')
             return TakeCommands(at + 2, StartOptions::Mode::RunAndStay);
@@ -116,7 +118,22 @@ private:
         else if (BeginsNoCase(name, u"E:"))
             options.directives.emplace_back(EndsNoCase(name, u":OFF") ? u"//CMDExtensions=No"
                                                                       : u"//CMDExtensions=Yes");
-        else if (!EqualNoCase(name, u"S") && options.refused.empty())
+        else if (EqualNoCase(name, u"S"))
+            options.stripsQuotes = true;
+        else if (BeginsNoCase(name, u"T:"))
+            return TakeColors(name.substr(2), word);
+        // Switches completion of names on or off elsewhere; it is always there.
+        else if (!BeginsNoCase(name, u"F:") && options.refused.empty())
+            options.refused = word;
+        return true;
+    }
+
+    bool TakeColors(std::u16string_view digits, const CString& word)
+    {
+        const std::optional<unsigned> colors = ParseColorDigits(digits);
+        if (colors && (*colors & 15) != *colors >> 4)
+            options.directives.push_back(Format(u"//StdColors=%s", ColorText(*colors)));
+        else if (options.refused.empty())
             options.refused = word;
         return true;
     }
@@ -141,14 +158,19 @@ private:
 
 StartOptions ParseStartOptions(std::u16string_view commandLine) { return OptionReader(commandLine).Run(); }
 
-CString UnquoteCommands(std::u16string_view text)
+CString UnquoteCommands(std::u16string_view text, bool stripsQuotes)
 {
+    const std::size_t last = text.rfind(u'"');
+    if (text.empty() || text.front() != u'"' || last == 0)
+        return CString(text);
+    const CString stripped = CString(text.substr(1, last - 1)) + text.substr(last + 1);
+    if (stripsQuotes)
+        return stripped;
     CString argument;
     if (ReadQuotedArgument(text, argument))
         return argument;
-    const bool outer = text.size() >= 2 && text.front() == u'"' && text.back() == u'"';
-    const bool only = outer && text.substr(1, text.size() - 2).find(u'"') == npos;
-    if (only || (outer && text[1] == u'"'))
-        return CString(text.substr(1, text.size() - 2));
-    return CString(text);
+    // A quote that opens inside stands behind a blank, and what it quotes follows it at once.
+    const std::size_t next = text.find(u'"', 1);
+    const bool isAround = last == text.size() - 1 && (next == last || !IsBlank(text[next + 1]));
+    return isAround ? stripped : CString(text);
 }

@@ -19,11 +19,14 @@ struct StartOptions {
     bool noAutoRun = false;
     bool unicodeOutput = false;
     bool echoOff = false;
+    bool stripsQuotes = false; // /S: the outer quotes of the commands go, whatever stands between them
 };
 
 // `commandLine` includes the program's name.
 StartOptions ParseStartOptions(std::u16string_view commandLine);
 
 // What is meant by the text behind /C: one argument quoted for a program ("echo \"x\" & ver") is unquoted,
-// and so is text between two outer quotes; anything else stands as it is.
-CString UnquoteCommands(std::u16string_view text);
+// and so is text with quotes put around it ("echo "a b""), as programs do that run a command line in a shell.
+// The quoted name of a program with arguments behind it ("my program" "a b") stands as it is; /S always
+// removes the first quote and the last.
+CString UnquoteCommands(std::u16string_view text, bool stripsQuotes);

@@ -57,7 +57,7 @@ int LoadConfiguration(std::u16string_view iniName)
     if (!iniName.empty() && ProcessINI(iniName) != 0)
         return MVError(GetLastError(), iniName);
     for (const CString& directive : aTexts.startDirectives)
-        SetINIDirective(directive, SettingOrigin::CommandLine);
+        ObeyIniLine(directive.view().substr(2), SettingOrigin::CommandLine);
     return result::success;
 }
 

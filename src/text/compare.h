@@ -28,6 +28,17 @@ constexpr bool IsAsciiLetter(char16_t unit) noexcept
 {
     return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
 }
+// 0 to 15; -1 for what is no hexadecimal digit.
+constexpr int HexDigit(char16_t unit) noexcept
+{
+    const char16_t lower = unit | 0x20;
+    return IsDigit(unit) ? unit - u'0' : lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
+}
+// Bases up to 16.
+constexpr bool IsDigitOf(char16_t unit, int base) noexcept
+{
+    return HexDigit(unit) >= 0 && HexDigit(unit) < base;
+}
 // A letter of any script that has case or stands above ASCII as a letter usually does.
 bool IsLetter(char16_t unit) noexcept;
 inline bool IsLetterOrDigit(char16_t unit) noexcept { return IsDigit(unit) || IsLetter(unit); }

@@ -6,14 +6,6 @@
 
 namespace {
 
-int DigitValue(char16_t unit)
-{
-    if (IsDigit(unit))
-        return unit - u'0';
-    const char16_t upper = UpperCase(unit);
-    return upper >= u'A' && upper <= u'F' ? upper - u'A' + 10 : 99;
-}
-
 std::optional<std::int64_t> Read(std::u16string_view text, bool prefixes, std::size_t* used)
 {
     std::size_t at = 0;
@@ -27,14 +19,14 @@ std::optional<std::int64_t> Read(std::u16string_view text, bool prefixes, std::s
     unsigned base = 10;
     if (prefixes && at < text.size() && text[at] == u'0') {
         const bool hexadecimal =
-            at + 2 < text.size() && UpperCase(text[at + 1]) == u'X' && DigitValue(text[at + 2]) < 16;
+            at + 2 < text.size() && UpperCase(text[at + 1]) == u'X' && HexDigit(text[at + 2]) >= 0;
         base = hexadecimal ? 16 : 8;
         at += hexadecimal ? 2 : 0;
     }
     const std::size_t firstDigit = at;
     std::uint64_t value = 0;
-    for (; at < text.size() && DigitValue(text[at]) < static_cast<int>(base); ++at) {
-        const unsigned digit = static_cast<unsigned>(DigitValue(text[at]));
+    for (; at < text.size() && IsDigitOf(text[at], static_cast<int>(base)); ++at) {
+        const unsigned digit = static_cast<unsigned>(HexDigit(text[at]));
         value = value > (limit - digit) / base ? limit : value * base + digit;
     }
     if (at == firstDigit)

@@ -15,14 +15,6 @@ bool EndsGroup(std::size_t bytes)
     return false;
 }
 
-int HexDigit(char16_t unit)
-{
-    const char16_t letter = UpperCase(unit);
-    if (letter >= u'A' && letter <= u'F')
-        return letter - u'A' + 10;
-    return IsDigit(unit) ? unit - u'0' : -1;
-}
-
 std::uint8_t ByteOf(std::uint64_t number, int n) { return static_cast<std::uint8_t>(number >> (8 * n)); }
 
 } // namespace

@@ -12,14 +12,6 @@ namespace {
 
 using View = std::u16string_view;
 
-int HexDigit(char16_t unit)
-{
-    if (IsDigit(unit))
-        return unit - u'0';
-    const char16_t letter = UpperCase(unit);
-    return letter >= u'A' && letter <= u'F' ? letter - u'A' + 10 : -1;
-}
-
 bool IsUnreserved(char unit)
 {
     const auto wide = static_cast<char16_t>(static_cast<unsigned char>(unit));

@@ -88,11 +88,15 @@ TEST(StartOptions, TextBehindC)
         {u"\"a b\" \"c d\"", "\"a b\" \"c d\""},
         {u"\"\"c:\\a b\\p\" \"x\"\"", "\"c:\\a b\\p\" \"x\""},
         {u"\"echo a\\\\b\"", "echo a\\\\b"},
+        {u"\"echo \"x y\"\"", "echo \"x y\""},
+        {u"\"echo a|find \"a\"\"", "echo a|find \"a\""},
+        {u"\"a b\" c", "\"a b\" c"},
         {u"\"", "\""},
         {u"", ""},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(Narrow(UnquoteCommands(c.text)), c.commands) << Narrow(c.text);
+        EXPECT_EQ(Narrow(UnquoteCommands(c.text, false)), c.commands) << Narrow(c.text);
+    EXPECT_EQ(Narrow(UnquoteCommands(u"\"\"c:\\p\" \\\"x\\\"\"", true)), "\"c:\\p\" \\\"x\\\"");
 }
 
 TEST(StartOptions, CommandLines)
@@ -115,6 +119,8 @@ TEST(StartOptions, CommandLines)
     EXPECT_EQ(ParseStartOptions(u"orv").mode, StartOptions::Mode::Interactive);
     EXPECT_EQ(Narrow(ParseStartOptions(u"orv /Cver").commands), "ver");
     EXPECT_EQ(ParseStartOptions(u"orv /L /C x").localLists, 15u);
+    EXPECT_EQ(Narrow(ParseStartOptions(u"orv /d /t:1f /f:on /s /r x").directives.at(0)),
+              "//StdColors=Bright White on Blue");
 }
 
 } // namespace
