@@ -13,7 +13,9 @@
 #include "files/directory_source.h"
 #include "files/file_search.h"
 #include "files/name_pattern.h"
+#include "files/regex.h"
 #include "lang/file_messages.h"
+#include "lang/function_messages.h"
 #include "platform/directory.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"
@@ -191,10 +193,13 @@ int ReadOptions(CString& arguments, EverythingOptions& options, FfindOptions& sh
     return options.query.text.empty() ? UsageError() : result::success;
 }
 
-// Names that hold the text, or match it, on all fixed drives.
-void SearchDrives(const EverythingOptions& options, FileFinding& finding)
+// Names that hold the text, or match it, on all fixed drives. 0, or the result of a reported error.
+int SearchDrives(const EverythingOptions& options, FileFinding& finding)
 {
     CString pattern = options.query.text;
+    const auto syntax = static_cast<RegexSyntax>(aIniFile.RegularExpressions);
+    if (options.query.isRegex && !Regex(pattern, syntax, RegexMatch::Whole, RegexCase::Ignore).IsValid())
+        return MVError(errors::invalidRegex, pattern);
     if (options.query.isRegex)
         pattern = u"::" + pattern;
     else if (!HasWildcards(pattern))
@@ -202,6 +207,7 @@ void SearchDrives(const EverythingOptions& options, FileFinding& finding)
     for (const char16_t letter : AllDrives())
         if (DriveKind(Format(u"%c:\\", letter)) == DRIVE_FIXED && !finding.IsStopped())
             finding.FindIn(Format(u"%c:\\%s", letter, pattern));
+    return result::success;
 }
 
 } // namespace
@@ -246,7 +252,8 @@ int Everything_Command(CString& arguments)
     if (answer == ServiceAnswer::NoService) {
         if (!options.walks)
             PrintError(LoadMessage(message::noSearchService) + u"\r\n");
-        SearchDrives(options, finding);
+        if (const int code = SearchDrives(options, finding))
+            return code;
     }
     for (const CString& name : names)
         if (const std::optional<FoundFile> file = ReadFoundFile(name); file && !finding.IsStopped())

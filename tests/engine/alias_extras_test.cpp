@@ -36,11 +36,6 @@ protected:
         CString result;
         return PromptAliases(text, result) == result::success ? result : CString(u"failed");
     }
-    static CString Directory(std::u16string_view text)
-    {
-        CString result;
-        return CDAliases(text, result) == result::success ? result : CString(u"failed");
-    }
 };
 
 TEST_F(AliasExtras, PromptsThatAreNames)
@@ -54,17 +49,6 @@ TEST_F(AliasExtras, PromptsThatAreNames)
     EXPECT_EQ(Prompt(u"shortp"), u"other");
     aGlobals.expansionMask = expansion_mask::noAliases;
     EXPECT_EQ(Prompt(u"shortp"), u"shortp");
-}
-
-TEST_F(AliasExtras, Directories)
-{
-    EXPECT_EQ(Directory(u"docs:"), u"c:\\my docs\\");
-    EXPECT_EQ(Directory(u"docs:sub"), u"c:\\my docs\\sub");
-    EXPECT_EQ(Directory(u"DOCS:\\sub\\x"), u"c:\\my docs\\sub\\x");
-    EXPECT_EQ(Directory(u"up:x"), u"c:\\my docs\\..\\x");
-    EXPECT_EQ(Directory(u"docs://x"), u"docs://x");
-    EXPECT_EQ(Directory(u"docs"), u"docs");
-    EXPECT_EQ(Directory(u"c:docs:"), u"c:docs:");
 }
 
 TEST_F(AliasExtras, Keys)
