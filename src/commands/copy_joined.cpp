@@ -207,13 +207,19 @@ private:
             return false;
         }
         bool written = true;
-        const Sink sink = [&](std::string_view bytes) { return written = WriteBytes(file.Get(), bytes); };
+        std::uint64_t done = 0; // of the present piece
+        const Sink sink = [&](std::string_view bytes) {
+            transfer.progress.At(done += bytes.size());
+            return written = WriteBytes(file.Get(), bytes);
+        };
         for (const JoinedPiece& piece : pieces) {
             transfer.progress.Begin(piece.shown);
+            done = 0;
             if (const unsigned failed = PourPiece(piece, sink)) {
                 transfer.Failed(failed, written ? piece.shown : target.Text());
                 return false;
             }
+            transfer.progress.End(done);
         }
         if (targetContents == Contents::Text && !sink(std::string_view(&endOfText, 1))) {
             transfer.Failed(GetLastError(), target.Text());

@@ -12,6 +12,8 @@ namespace {
 constexpr std::uint64_t patience = 1000; // milliseconds
 constexpr std::uint64_t interval = 200;
 
+thread_local Progress* visible = nullptr;
+
 } // namespace
 
 Progress::Progress(bool atOnce)
@@ -58,6 +60,7 @@ void Progress::Show(std::uint64_t bytesOfFile)
     if (length < shown)
         line.Append(CString(std::min(shown, width) - std::min(length, width), u' '));
     shown = length;
+    visible = this;
     WriteToConsole(CString(u"\r") + line);
 }
 
@@ -67,4 +70,11 @@ void Progress::Hide()
         return;
     WriteToConsole(CString(u"\r") + CString(shown, u' ') + u"\r");
     shown = 0;
+    visible = nullptr;
+}
+
+void HideProgress()
+{
+    if (visible)
+        visible->Hide();
 }

@@ -43,3 +43,6 @@ private:
     std::uint64_t due;     // in ticks: when the line is to be written next
     std::size_t shown = 0; // units of the line that stands there
 };
+
+// Wipes the line that this thread shows, if any: for whatever else writes to the console meanwhile.
+void HideProgress();

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "console/progress.h"
 #include "engine/break.h"
 #include "engine/state.h"
 #include "platform/clock.h"
@@ -110,6 +111,7 @@ void BreakHandler(unsigned event)
         aGlobals.exitRequested = 1;
     else {
         DropTypedKeys(); // the rest of what was pasted, say
+        HideProgress();
         WriteToConsole(u"^C\r\n");
     }
     if (!tls.Frame())

@@ -26,6 +26,7 @@ unsigned Outcome(BOOL done) { return done ? 0u : unsigned{GetLastError()}; }
 // What the system's copying calls back. An exception must not pass through the system's frames.
 struct Watch {
     const ByteWatcher& watch;
+    bool restartable;
     std::exception_ptr thrown;
 };
 
@@ -38,7 +39,7 @@ DWORD CALLBACK OnProgress(LARGE_INTEGER, LARGE_INTEGER done, LARGE_INTEGER, LARG
         return PROGRESS_CONTINUE;
     } catch (...) {
         watch.thrown = std::current_exception();
-        return PROGRESS_CANCEL;
+        return watch.restartable ? PROGRESS_STOP : PROGRESS_CANCEL; // the latter removes what is there
     }
 }
 
@@ -92,7 +93,7 @@ unsigned CopyFileTo(std::u16string_view from, std::u16string_view to, const Copy
     DWORD flags = manner.restartable ? COPY_FILE_RESTARTABLE : COPY_FILE_FAIL_IF_EXISTS;
     flags |= manner.decrypted ? COPY_FILE_ALLOW_DECRYPTED_DESTINATION : 0;
     flags |= manner.links ? COPY_FILE_COPY_SYMLINK : 0;
-    Watch watched{watch, nullptr};
+    Watch watched{watch, manner.restartable, nullptr};
     const unsigned failed = Outcome(CopyFileExW(SystemPath(from).w(), SystemPath(to).w(),
                                                 watch ? OnProgress : nullptr, &watched, nullptr, flags));
     if (watched.thrown)

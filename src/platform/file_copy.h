@@ -22,7 +22,8 @@ struct CopyManner {
 using ByteWatcher = std::function<void(std::uint64_t bytes)>;
 
 // Data, streams, attributes and the time of the last change. A target that exists is an error, unless it is
-// to be gone on with. What `watch` threw is thrown on when the target has been removed.
+// to be gone on with. What `watch` threw is thrown on; the target has been removed then, unless it is to be
+// gone on with.
 unsigned CopyFileTo(std::u16string_view from, std::u16string_view to, const CopyManner& manner,
                     const ByteWatcher& watch);
 
