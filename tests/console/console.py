@@ -135,10 +135,6 @@ class Console:
         state = "#{pane_dead} #{pane_dead_status}"
         self.wait(lambda: self.facts(state) == f"1 {code}", [f"exit {code}"], lambda: [self.facts(state), *self.rows()])
 
-    def hang_up(self):
-        """The window goes away under the shell."""
-        self.tmux("kill-session")
-
     def close(self):
         self.tmux("kill-server")
 
