@@ -224,7 +224,6 @@ void LineEditor::ShapeCursor()
 
 void LineEditor::Suggest()
 {
-    suggestion.Clear();
     const bool shown = settings.syntaxColors && request->command && !request->hidden && !outcome;
     if (!shown || !text.AtEnd() || text.HasSelection())
         return;
@@ -237,10 +236,12 @@ void LineEditor::Suggest()
         suggestion = found->Substr(text.Size());
 }
 
-void LineEditor::Show()
+void LineEditor::Show(bool suggests)
 {
     TakeTyped();
-    Suggest();
+    suggestion.Clear();
+    if (suggests)
+        Suggest();
     PictureRequest look;
     painter.Complete(look);
     look.text = text.View();
@@ -280,8 +281,7 @@ void LineEditor::ShowFinished()
 
 void LineEditor::LeaveLine()
 {
-    TakeTyped();
-    suggestion.Clear();
+    Show(false);
     painter.MoveBehind(picture.endsInEmptyRow);
     console.WriteText(u"\r\n");
     console.Lend(true);

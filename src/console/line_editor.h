@@ -74,7 +74,7 @@ public:
     void ReturnToLine();
     void Redraw();
     // For those that open a window: keys that came together have been taken, but not shown.
-    void Show();
+    void Show(bool suggests = true);
 
     // What a completion is going through.
     struct Completing {

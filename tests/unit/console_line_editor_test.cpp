@@ -274,6 +274,18 @@ TEST_F(Editing, ShownAnewAtANewSize)
     }
 }
 
+TEST_F(Editing, TheLineThatIsLeftIsWhole)
+{
+    settings.syntaxColors = console.drawsBetweenKeys = true;
+    world.history = {u"echo old"};
+    Edit(u"ec<Ctrl-P><Enter>");
+    EXPECT_EQ(console.Row(0), u">ec");
+    console.drawsBetweenKeys = false;
+    console.cursor = {4, 0};
+    Edit(u"x<Ctrl-P><Enter>");
+    EXPECT_EQ(console.Row(4), u">x");
+}
+
 TEST_F(Editing, ColorsAndSuggestions)
 {
     settings.syntaxColors = true;
