@@ -29,7 +29,8 @@ const CommandHelp copyHelp = {
     u"/K  copies of read-only files are read-only\n"
     u"/L  of symbolic links copy the links, not what they lead to\n"
     u"/MD make the target directory without asking\n"
-    u"/S  in all subdirectories too, which are made at the target; /Sn in n levels of them\n"
+    u"/S  in all subdirectories too; those that files come from are made at the target, empty ones are not "
+    u"(COPYDIR makes them). /Sn in n levels of them\n"
     u"/V  compare each copy with its source\n"
     u"/W  delete files of the target directory that match the name and are not in the source\n"
     u"/X  clear the archive attribute of the sources\n" //

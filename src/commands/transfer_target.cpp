@@ -119,6 +119,9 @@ TransferName TransferTarget::DirectoryBelow(std::u16string_view below) const
 void TransferMatches(Transfer& transfer, FILESEARCH& search, const CString& argument,
                      const TransferTarget& target)
 {
+    if (transfer.work.IsStopped())
+        return;
+    const std::int64_t errorsBefore = transfer.work.Errors();
     TransferName place;
     target.Place(u"", u"x", place);
     const CString ownPlace = place.directory;
@@ -161,4 +164,7 @@ void TransferMatches(Transfer& transfer, FILESEARCH& search, const CString& argu
         if (transfer.switches.mirrors && directory.found.error == 0)
             RemoveExtraFiles(transfer, argument, directory.found.name, target.DirectoryBelow(below));
     });
+    // The search tells its errors itself.
+    if (transfer.switches.firstErrorEnds && transfer.work.Errors() > errorsBefore)
+        transfer.work.Stop();
 }
