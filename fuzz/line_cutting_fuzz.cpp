@@ -88,7 +88,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     line = text;
     UnixAFStoWindows(line, syntax);
     Require(line.size() == text.size());
-    UnquoteCommands(text);
+    UnquoteCommands(text, false);
+    UnquoteCommands(text, true);
     ParseStartOptions(text);
     return 0;
 }
