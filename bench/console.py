@@ -12,6 +12,9 @@ ROWS, COLUMNS = 25, 80
 PATIENCE = 30.0
 
 
+SETTLING = 0.2  # seconds; what the contestant leaves behind ends meanwhile, at nobody else's cost
+
+
 class ShownJob(list):
     """Arguments of a program that is timed from its start until this text is on the screen, and then ended."""
 
@@ -36,4 +39,5 @@ def seconds_until_shown(job, command, environment, folder):
     os.kill(process, signal.SIGKILL)
     os.close(terminal)
     os.waitpid(process, 0)
+    time.sleep(SETTLING)
     return elapsed
