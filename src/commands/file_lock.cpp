@@ -112,9 +112,7 @@ int Filelock_Command(CString& arguments)
     constexpr std::u16string_view letters = u"BCFSY";
     FILESEARCH search;
     search.attributes = AttributeMasks::Everything();
-    if (const int code = GetRange(arguments, &search.ranges, 0))
-        return code;
-    if (const int code = TakeAttributeSwitches(arguments, search.attributes))
+    if (const int code = TakeSelection(arguments, search))
         return code;
     std::uint64_t flags = 0;
     if (const int code = ReadSwitches(arguments, letters, flags))

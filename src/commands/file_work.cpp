@@ -35,9 +35,7 @@ int ReadWorkSwitches(CString& arguments, std::u16string_view own, FileWorkOption
 int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search, FileWorkOptions& options,
                  std::uint64_t& ownFlags)
 {
-    if (const int code = GetRange(arguments, &search.ranges, 0))
-        return code;
-    if (const int code = TakeAttributeSwitches(arguments, search.attributes))
+    if (const int code = TakeSelection(arguments, search))
         return code;
     return ReadWorkSwitches(arguments, own, options, ownFlags);
 }

@@ -87,9 +87,7 @@ int Links_Command(CString& arguments)
 {
     FILESEARCH search;
     search.attributes = AttributeMasks::Everything();
-    if (const int code = GetRange(arguments, &search.ranges, 0))
-        return code;
-    if (const int code = TakeAttributeSwitches(arguments, search.attributes))
+    if (const int code = TakeSelection(arguments, search))
         return code;
     std::uint64_t flags = 0;
     if (const int code = ReadSwitches(arguments, u"BS", flags))

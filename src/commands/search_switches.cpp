@@ -23,6 +23,12 @@ int TakeAttributeSwitches(CString& arguments, AttributeMasks& masks)
     return result::success;
 }
 
+int TakeSelection(CString& arguments, FILESEARCH& search)
+{
+    const int code = GetRange(arguments, &search.ranges, 0);
+    return code ? code : TakeAttributeSwitches(arguments, search.attributes);
+}
+
 int TakeDepthSwitch(CString& arguments, int& deepest)
 {
     CString text;
