@@ -66,41 +66,39 @@ CString WithThousands(std::uint64_t number)
     return text;
 }
 
-int ShowTotals(const std::vector<CString>& names)
+// A drive without a bin is reported. The result of the last that went wrong.
+int ForEachBin(const std::vector<CString>& names, int (*visit)(const CString& root, const BinTotals& totals))
 {
     int code = result::success;
     for (const CString& root : Roots(names)) {
         const std::optional<BinTotals> totals = ReadBinTotals(root);
-        if (!totals) {
-            code = MVError(errors::noRecycleBin, root);
-            continue;
-        }
-        PrintLine(Format(u"%s %12s %s %18s %s", root, WithThousands(totals->items),
-                         LoadMessage(message::binItems), WithThousands(totals->bytes),
-                         LoadMessage(message::byteCount)));
+        if (const int one = totals ? visit(root, *totals) : MVError(errors::noRecycleBin, root))
+            code = one;
     }
     return code;
 }
 
-int Empty(const std::vector<CString>& names, bool unasked)
+int ShowTotals(const CString& root, const BinTotals& totals)
 {
-    int code = result::success;
-    for (const CString& root : Roots(names)) {
-        const std::optional<BinTotals> totals = ReadBinTotals(root);
-        if (!totals) {
-            code = MVError(errors::noRecycleBin, root);
-            continue;
-        }
-        if (totals->items == 0)
-            continue;
-        if (!unasked && !MayAsk())
-            return MVError(errors::needsYes, root);
-        if (!unasked && QueryInputChar(message::askEmptyBin, root, u"YN", u'N') != u'Y')
-            continue;
-        if (const unsigned failed = EmptyBin(root))
-            code = MVError(failed, root);
-    }
-    return code;
+    PrintLine(Format(u"%s %12s %s %18s %s", root, WithThousands(totals.items), LoadMessage(message::binItems),
+                     WithThousands(totals.bytes), LoadMessage(message::byteCount)));
+    return result::success;
+}
+
+int EmptyUnasked(const CString& root, const BinTotals& totals)
+{
+    const unsigned failed = totals.items == 0 ? 0 : EmptyBin(root);
+    return failed ? MVError(failed, root) : result::success;
+}
+
+int EmptyIfWanted(const CString& root, const BinTotals& totals)
+{
+    if (totals.items == 0)
+        return result::success;
+    if (!MayAsk())
+        return MVError(errors::needsYes, root);
+    const bool wanted = QueryInputChar(message::askEmptyBin, root, u"YN", u'N') == u'Y';
+    return wanted ? EmptyUnasked(root, totals) : result::success;
 }
 
 CString FullName(const RecycledItem& item) { return JoinPath(item.folder, item.name); }
@@ -180,9 +178,9 @@ int Recycle_Command(CString& arguments)
     if (has(u'L') + has(u'R') + has(u'X') > 1 || (has(u'R') && names.empty()))
         return UsageError();
     if (has(u'X'))
-        return Empty(names, has(u'Y'));
+        return ForEachBin(names, has(u'Y') ? EmptyUnasked : EmptyIfWanted);
     if (!has(u'L') && !has(u'R'))
-        return ShowTotals(names);
+        return ForEachBin(names, ShowTotals);
     RecycleBin bin;
     if (!bin.IsOpen())
         return MVError(errors::noRecycleBin);
