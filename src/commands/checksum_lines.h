@@ -12,7 +12,9 @@ struct ChecksumEntry {
     std::optional<DigestKind> kind; // when the line tells
 };
 
-// "digits  name", "digits *name" or "algorithm (name) = digits"; nothing for any other line.
+// "digits  name", "digits *name", "algorithm (name) = digits" or, with eight digits, "name digits"; nothing
+// for any other line. In the first three a backslash before it all says that backslashes in the name are
+// doubled.
 std::optional<ChecksumEntry> ReadChecksumLine(std::u16string_view line);
 
 // Where the switch "/T" begins that is followed by a text; npos when there is none.

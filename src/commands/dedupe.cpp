@@ -1,6 +1,9 @@
 #include "commands/dedupe.h"
 
 #include <algorithm>
+#include <map>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include <windows.h>
@@ -46,9 +49,10 @@ const CommandHelp dedupeHelp = {
     u"/Z  empty files too, which are all equal\n"
     u"Without /D and /L equal files are listed, the one to be kept first. Files are equal when all their "
     u"bytes are, whatever their names, dates and attributes. Names of one file (hard links) are no "
-    u"duplicates. Before a file is deleted or replaced its bytes are compared once more with those of the "
-    u"file that is kept; the last copy is never deleted. Links stand on one volume only, and are one file: "
-    u"what is written to it is seen under all its names. The result counters are %_dedupe_files, the "
+    u"duplicates of each other, but all of them are of another file. Before a file is deleted or replaced its bytes are compared once more with those of the "
+    u"file that is kept; the last copy is never deleted. A name that is a "
+    u"directory stands for all files in it; /D and /L never go through links to directories. Hard links stand on one volume "
+    u"only, and are one file: what is written to it is seen under all its names. The result counters are %_dedupe_files, the "
     u"duplicates found or removed, and %_dedupe_errors.",
     u"dedupe /s *.jpg\n"
     u"dedupe /s /d /k:oldest c:\\photos\\*\n"
@@ -97,6 +101,8 @@ int ReadOptions(CString& arguments, DedupeOptions& options)
     options.usesBin = (flags & 4) != 0;
     options.emptyFiles = (flags & 16) != 0;
     options.search.attributes.forbidden |= file_attribute::directory;
+    options.search.intoDirectories = true;
+    options.search.avoidsLinks = options.treatment != Treatment::List;
     const bool changes = options.treatment != Treatment::List && !options.work.pretends;
     options.work.asks = changes && ((flags & 8) == 0 || options.work.asks);
     return options.work.asks && !MayAsk() ? MVError(errors::dedupeUnattended) : result::success;
@@ -132,19 +138,24 @@ public:
 
 private:
     void Treat(std::vector<DuplicateFile>& group);
+    // The file that is kept comes first, without its other names.
     void PutKeptFirst(std::vector<DuplicateFile>& group) const;
+    void CountRemoved(const DuplicateFile& duplicate);
     void List(const std::vector<DuplicateFile>& group);
     void Remove(const DuplicateFile& kept, const DuplicateFile& duplicate);
     unsigned Change(const DuplicateFile& kept, const DuplicateFile& duplicate) const;
     // 0 when the two are still what they were and equal, else an error's code.
     static unsigned Verify(const DuplicateFile& kept, const DuplicateFile& duplicate);
     void ShowTotals() const;
+    bool OnlyTells() const { return options.treatment == Treatment::List || options.work.pretends; }
 
     FileWork work;
     DedupeOptions& options;
     FileTexts texts;
     bool shows = true;
     std::vector<DuplicateFile> files;
+    std::unordered_set<CString, NoCaseHash, NoCaseEqual> known;                 // their full names
+    std::map<std::pair<std::uint64_t, std::uint64_t>, std::uint32_t> namesGone; // by volume and file
     std::size_t groups = 0;
     std::uint64_t duplicates = 0;
     std::uint64_t bytes = 0;
@@ -159,8 +170,10 @@ void Deduping::Collect(const CString& argument)
         // A link's own name is not the file's.
         if ((search.file.facts.attributes & file_attribute::reparsePoint) != 0)
             return;
-        files.push_back(
-            {search.name, search.fullName, search.file.facts.size, search.file.facts.written, files.size()});
+        if (!known.insert(search.fullName).second)
+            return; // of two arguments
+        files.push_back({search.name, search.fullName, search.file.facts.size, search.file.facts.written,
+                         files.size(), FileIdentity()});
     });
     if (!any)
         work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(argument));
@@ -178,6 +191,20 @@ void Deduping::PutKeptFirst(std::vector<DuplicateFile>& group) const
     };
     const auto kept = std::min_element(group.begin(), group.end(), better);
     std::rotate(group.begin(), kept, kept + 1);
+    const auto isKept = [first = group.front()](const DuplicateFile& file) {
+        return IsSameFile(file, first);
+    };
+    group.erase(std::remove_if(group.begin() + 1, group.end(), isKept), group.end());
+}
+
+// A file counts once, and its room is free only when its last name is gone.
+void Deduping::CountRemoved(const DuplicateFile& duplicate)
+{
+    ++duplicates;
+    const FileIdentity& identity = duplicate.identity;
+    const std::uint32_t names = OnlyTells() ? 1 : identity.links;
+    if (++namesGone[{identity.volume, identity.file}] == names)
+        bytes += duplicate.size;
 }
 
 void Deduping::List(const std::vector<DuplicateFile>& group)
@@ -204,7 +231,7 @@ unsigned Deduping::Verify(const DuplicateFile& kept, const DuplicateFile& duplic
 
 unsigned Deduping::Change(const DuplicateFile& kept, const DuplicateFile& duplicate) const
 {
-    if (options.treatment == Treatment::Link && kept.volume != duplicate.volume)
+    if (options.treatment == Treatment::Link && kept.identity.volume != duplicate.identity.volume)
         return errors::otherVolume;
     if (const unsigned code = Verify(kept, duplicate))
         return code;
@@ -222,8 +249,7 @@ void Deduping::Remove(const DuplicateFile& kept, const DuplicateFile& duplicate)
         work.Failed(code, duplicate.shown);
         return;
     }
-    ++duplicates;
-    bytes += duplicate.size;
+    CountRemoved(duplicate);
     work.Did(links ? message::dedupeLinked : message::dedupeDeleted, duplicate.shown, kept.shown);
     if (!work.Pretends())
         NotifyOfChange(links ? FolderChange::FileUpdated : FolderChange::FileDeleted, duplicate.full);
@@ -235,10 +261,10 @@ void Deduping::Treat(std::vector<DuplicateFile>& group)
     PutKeptFirst(group);
     if (options.treatment == Treatment::List) {
         List(group);
-        duplicates += group.size() - 1;
-        bytes += group.front().size * (group.size() - 1);
-        for (std::size_t i = 1; i < group.size(); ++i)
+        for (std::size_t i = 1; i < group.size(); ++i) {
+            CountRemoved(group[i]);
             work.Count();
+        }
         return;
     }
     for (std::size_t i = 1; i < group.size() && !work.IsStopped(); ++i)
@@ -249,11 +275,10 @@ void Deduping::ShowTotals() const
 {
     if (options.work.quiet)
         return;
-    const bool lists = options.treatment == Treatment::List || options.work.pretends;
     PrintLine(Format(u"%16s %s %s %s", texts.Number(duplicates), LoadMessage(message::duplicatesFound),
                      texts.Number(groups), LoadMessage(message::groupsOfFiles)));
     PrintLine(Format(u"%16s %s", texts.Number(bytes),
-                     LoadMessage(lists ? message::bytesDoubled : message::bytesFreed)));
+                     LoadMessage(OnlyTells() ? message::bytesDoubled : message::bytesFreed)));
 }
 
 int Deduping::Run()

@@ -33,10 +33,12 @@ const CommandHelp hashHelp = {
     u"/S  in subdirectories too, n levels deep\n"
     u"/T  the checksum of the text behind the switch, in UTF-8\n"
     u"/U  in upper case\n"
-    u"/V  checks the files that are listed in these files, as HASH prints them\n"
+    u"/V  checks the files that are listed in these files, as HASH and similar tools print them, or as \"name CRC32\"\n"
     u"Names may hold wildcards, and ranges pick files as in DIR. With one algorithm a line is the checksum, "
-    u"two blanks and the name; with several it is \"algorithm (name) = checksum\". The result is 0 when "
-    u"every file could be read and every checksum was right.",
+    u"two blanks and the name; with several it is \"algorithm (name) = checksum\". A name that is a "
+    u"directory stands for all files in it. In lists in files letters that the code page does not have "
+    u"need the setting UTF8Output. The result is 0 when every file could be read and every checksum was "
+    u"right.",
     u"hash setup.exe\n"
     u"hash /a:md5+sha1 *.zip\n"
     u"hash /c:900150983cd24fb0d6963f7d28e17f72 abc.txt\n"
@@ -98,6 +100,8 @@ int ReadTexts(CString& arguments, HashOptions& options)
             return code;
     }
     if (TakeSwitchText(arguments, u"C", options.wanted)) {
+        if (options.wanted.empty())
+            return UsageError();
         const auto kind = KindOfLength(options.wanted.size());
         if (!kind)
             return MVError(errors::unknownAlgorithm, options.wanted);
@@ -195,6 +199,7 @@ int HashFiles(const CString& name, const HashOptions& options)
     search.attributes = options.attributes;
     search.ranges = options.ranges;
     search.deepest = options.deepest;
+    search.intoDirectories = true;
     int code = result::success;
     bool found = false;
     for (bool more = FindFiles(search, name); more; more = FindFiles(search)) {

@@ -12,7 +12,6 @@
 #include "files/file_comparison.h"
 #include "files/file_digest.h"
 #include "platform/byte_files.h"
-#include "platform/file_details.h"
 
 namespace {
 
@@ -73,24 +72,6 @@ bool DigestOf(const DuplicateFile& one, std::string& digest)
     return true;
 }
 
-// One name of each file on the disk.
-Group WithoutLinks(const Group& group, const DuplicateFailure& failed)
-{
-    Group kept;
-    std::set<std::pair<std::uint64_t, std::uint64_t>> seen;
-    for (DuplicateFile file : group) {
-        const std::optional<FileIdentity> identity = IdentifyFile(file.full);
-        if (!identity) {
-            failed(GetLastError(), file.shown);
-            continue;
-        }
-        file.volume = identity->volume;
-        if (seen.emplace(identity->volume, identity->file).second)
-            kept.push_back(std::move(file));
-    }
-    return kept;
-}
-
 class Finder {
 public:
     Finder(const DuplicateFailure& report, const DuplicateWatch& watching) : failed(report), watch(watching)
@@ -98,28 +79,73 @@ public:
 
     void FindIn(const Group& sameSize)
     {
-        const Group group = WithoutLinks(sameSize, failed);
-        std::vector<Group> alike;
-        PartBy(group, alike, [this](const DuplicateFile& file, std::string& key) {
-            watch(file.shown);
-            return EdgesOf(file, key) || Report(file);
-        });
-        for (const Group& one : alike) {
-            if (one.front().size <= 2 * edge)
-                groups.push_back(one); // the edges are all there is
-            else if (one.size() == 2)
-                AddPair(one);
-            else
-                PartBy(one, groups, [this](const DuplicateFile& file, std::string& key) {
-                    watch(file.shown);
-                    return DigestOf(file, key) || Report(file);
-                });
+        std::vector<Group> found;
+        FindAmong(FirstNames(sameSize), found);
+        for (Group& group : found) {
+            AddOtherNames(group);
+            groups.push_back(std::move(group));
         }
     }
 
     std::vector<Group> groups;
 
 private:
+    using FileNumber = std::pair<std::uint64_t, std::uint64_t>; // of its volume, and there
+    static FileNumber NumberOf(const DuplicateFile& file)
+    {
+        return {file.identity.volume, file.identity.file};
+    }
+
+    // One name of each file on the disk; the others are kept for later.
+    Group FirstNames(const Group& group)
+    {
+        Group firsts;
+        std::set<FileNumber> seen;
+        otherNames.clear();
+        for (DuplicateFile file : group) {
+            const std::optional<FileIdentity> identity = IdentifyFile(file.full);
+            if (!identity) {
+                Report(file);
+                continue;
+            }
+            file.identity = *identity;
+            if (seen.insert(NumberOf(file)).second)
+                firsts.push_back(std::move(file));
+            else
+                otherNames[NumberOf(file)].push_back(std::move(file));
+        }
+        return firsts;
+    }
+
+    void AddOtherNames(Group& group)
+    {
+        for (std::size_t i = group.size(); i-- > 0;)
+            if (const auto more = otherNames.find(NumberOf(group[i])); more != otherNames.end())
+                group.insert(group.end(), more->second.begin(), more->second.end());
+        std::sort(group.begin(), group.end(),
+                  [](const DuplicateFile& a, const DuplicateFile& b) { return a.place < b.place; });
+    }
+
+    void FindAmong(const Group& firsts, std::vector<Group>& found)
+    {
+        std::vector<Group> alike;
+        PartBy(firsts, alike, [this](const DuplicateFile& file, std::string& key) {
+            watch(file.shown);
+            return EdgesOf(file, key) || Report(file);
+        });
+        for (const Group& one : alike) {
+            if (one.front().size <= 2 * edge)
+                found.push_back(one); // the edges are all there is
+            else if (one.size() == 2)
+                AddPair(one, found);
+            else
+                PartBy(one, found, [this](const DuplicateFile& file, std::string& key) {
+                    watch(file.shown);
+                    return DigestOf(file, key) || Report(file);
+                });
+        }
+    }
+
     bool Report(const DuplicateFile& file)
     {
         failed(GetLastError(), file.shown);
@@ -127,18 +153,19 @@ private:
     }
 
     // Comparing two files costs less than two checksums, and ends at the first difference.
-    void AddPair(const Group& pair)
+    void AddPair(const Group& pair, std::vector<Group>& found)
     {
         watch(pair[1].shown);
         const FileComparison comparison = CompareFiles(pair[0].full, pair[1].full);
         if (comparison.error)
             failed(comparison.error, comparison.failed);
         else if (comparison.same)
-            groups.push_back(pair);
+            found.push_back(pair);
     }
 
     const DuplicateFailure& failed;
     const DuplicateWatch& watch;
+    std::map<FileNumber, Group> otherNames;
 };
 
 } // namespace
