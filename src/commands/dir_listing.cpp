@@ -10,6 +10,7 @@
 #include "files/directory_name.h"
 #include "lang/file_messages.h"
 #include "platform/link_target.h"
+#include "text/cell_width.h"
 #include "text/compare.h"
 #include "text/path_names.h"
 
@@ -233,26 +234,27 @@ void DirListing::WriteLong(const SearchedDirectory& directory)
 // As many columns of one width as the screen holds.
 void DirListing::WriteColumns(const SearchedDirectory& directory)
 {
-    constexpr std::size_t gap = 2;
+    constexpr int gap = 2;
     std::vector<CString> names;
-    std::size_t longest = 0;
+    int longest = 0; // in cells of the console, as all widths here
     for (const FoundFile& file : directory.found.files) {
         names.push_back(file.facts.IsDirectory() ? Format(u"[%s]", ShownName(file)) : ShownName(file));
-        longest = std::max(longest, names.back().size());
+        longest = std::max(longest, TextWidth(names.back()));
     }
-    const std::size_t width = static_cast<std::size_t>(std::max(1, OutputSize().columns - 1));
-    const std::size_t fitting = std::max<std::size_t>(1, (width + gap) / (longest + gap));
+    const int width = std::max(1, OutputSize().columns - 1);
+    const std::size_t fitting = std::max(1, (width + gap) / (longest + gap));
     const std::size_t columns = options.columns > 0 ? options.columns : fitting;
     const std::size_t rows = (names.size() + columns - 1) / columns;
     for (std::size_t row = 0; row < rows; ++row) {
         PaintedText line;
+        int missing = 0;
         for (std::size_t column = 0; column < columns; ++column) {
             const std::size_t at =
                 options.layout == DirLayout::Down ? column * rows + row : row * columns + column;
             if (at >= names.size())
                 break;
-            line.Append(CString(column * (longest + gap) - line.text.size(), u' '));
-            line.Append(names[at], ColorOf(directory.found.files[at]));
+            line.Append(CString(missing, u' ')).Append(names[at], ColorOf(directory.found.files[at]));
+            missing = longest + gap - TextWidth(names[at]);
         }
         output.Line(line);
     }

@@ -20,6 +20,7 @@
 #include "lang/file_messages.h"
 #include "platform/file_details.h"
 #include "platform/link_target.h"
+#include "text/cell_width.h"
 #include "text/format.h"
 #include "text/path_names.h"
 #include "text/words.h"
@@ -240,8 +241,8 @@ CString FormattedListing::LineOf(const CString& directory, const FoundFile& file
     for (const PdirField& field : options.format) {
         const CString value = ValueOf(field, directory, file);
         const bool right = IsNumber(field.letter) && field.width >= 0;
-        const int width = std::abs(field.width);
-        line.Append(right ? Format(u"%*s", width, value) : Format(u"%-*s", width, value));
+        const CString padding(std::max(0, std::abs(field.width) - TextWidth(value)), u' ');
+        right ? line.Append(padding).Append(value) : line.Append(value).Append(padding);
     }
     return line;
 }

@@ -198,12 +198,11 @@ FILESEARCH::~FILESEARCH() = default;
 
 int GetRange(CString& arguments, RANGES* ranges, int onlyLeading)
 {
-    const CString given = arguments;
     SystemRangeClock clock;
     const RangeReading reading{clock, CurrentSyntax(), Country().dateOrder, SyntaxOfRegexes(),
                                [](CString& text) { return VariableExpansion(text); }};
     const int code = TakeRanges(arguments, *ranges, onlyLeading != 0, reading);
-    return code == 0 || code == result::error ? code : error(code, given);
+    return code == 0 || code == result::error ? code : error(code, arguments);
 }
 
 void StartSearch(FILESEARCH& search, std::u16string_view name)

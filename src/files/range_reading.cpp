@@ -389,16 +389,17 @@ int TakeRanges(CString& arguments, RANGES& ranges, bool onlyLeading, const Range
             from = word.end();
             continue;
         }
-        if (place.unclosed)
-            return invalidParameter;
         CString text = arguments.Substr(place.textStart, place.textLength);
         if (const int code = reading.expand ? reading.expand(text) : 0)
             return code;
-        CutSwitch(arguments, place.start, place.length);
-        const int code = place.description ? reader.ReadDescription(text, place.regex, place.negated)
-                                           : reader.Read(text, place.negated);
-        if (code != 0)
+        const int code = place.unclosed      ? invalidParameter
+                         : place.description ? reader.ReadDescription(text, place.regex, place.negated)
+                                             : reader.Read(text, place.negated);
+        if (code != 0) {
+            arguments = arguments.Substr(place.start, place.length);
             return code;
+        }
+        CutSwitch(arguments, place.start, place.length);
         from = word.start;
     }
 }

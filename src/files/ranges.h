@@ -94,8 +94,9 @@ struct RangeReading {
 };
 
 // Takes every range out of a command's argument text. 0, an error code that is not reported (errors::
-// invalidDate, invalidTime, unbuiltDialog, or 87 for an invalid parameter), or what `expand` answered.
-// `onlyLeading` stops at the first word that is no switch.
+// invalidDate, invalidTime, unbuiltDialog, or 87 for an invalid parameter; the argument text is then the
+// range that it is about), or what `expand` answered. `onlyLeading` stops at the first word that is no
+// switch.
 int TakeRanges(CString& arguments, RANGES& ranges, bool onlyLeading, const RangeReading& reading);
 
 // Questions about one file that cost something, asked only when a range needs the answer.
