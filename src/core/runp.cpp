@@ -129,6 +129,17 @@ int TakeResult(int code, unsigned flags)
     return code;
 }
 
+// Text that found no room in its file is an error of the command, of those too that do not look.
+int TakeOutputError(int code)
+{
+    TLS_VARIABLES& tls = Tls();
+    const unsigned failed = std::exchange(tls.outputError, 0u);
+    if (failed == 0 || EndsLine(code))
+        return code;
+    const bool told = code != result::success && code != result::handled && code != result::keepErrorLevel;
+    return tls.errorLevel = told ? code : MVError(failed);
+}
+
 } // namespace
 
 int RunInternalCommand(const BUILTIN& row, CString& arguments)
@@ -143,7 +154,7 @@ int RunInternalCommand(const BUILTIN& row, CString& arguments)
         return tls.errorLevel = MVError(errors::batchOnly, row.name);
     if (!IsEcho(row))
         arguments.TrimLeft();
-    return TakeResult(row.handler(arguments), flags);
+    return TakeResult(TakeOutputError(row.handler(arguments)), flags);
 }
 
 int Runp(CString& command, bool)

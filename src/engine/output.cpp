@@ -24,9 +24,16 @@ bool Write(int number, std::u16string_view text)
     if (aIniFile.LogAll)
         LogOutput(text);
     const HANDLE handle = StandardHandle(number);
-    if (KindOf(number, handle) == HandleKind::Console)
+    const HandleKind kind = KindOf(number, handle);
+    if (kind == HandleKind::Console)
         return WriteTextToConsole(handle, text);
-    return WriteTextToFile(handle, text, CurrentOutputEncoding());
+    const bool done = WriteTextToFile(handle, text, CurrentOutputEncoding());
+    if (!done && number == 1 && kind == HandleKind::File) {
+        const DWORD reason = GetLastError();
+        Tls().outputError = reason;
+        SetLastError(reason);
+    }
+    return done;
 }
 
 } // namespace

@@ -227,6 +227,7 @@ struct TLS_VARIABLES {
     bool protectedOperation = false;     // an operation that a break must not cut
     StandardHandleKind handleKinds[3];
     StandardInputEncoding inputEncoding;
+    unsigned outputError = 0;        // why the file of standard output took no more from the present command
     std::uint64_t nextYield = 0;     // Ticks() when queued calls get their next turn
     void* runningProcesses[2] = {};  // handles of the children started for the current command
     bool titleHeld = false;          // commands leave the window title alone
