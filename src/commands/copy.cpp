@@ -73,9 +73,12 @@ public:
         if (arguments.joins || target.GetKind() == TransferTarget::Kind::Device || FromDevice())
             return Join(target);
         if (!isFile) {
-            if (target.Prepare(transfer))
-                for (const CopySource& source : arguments.sources)
-                    TransferMatches(transfer, search, source.text, target);
+            if (!target.Prepare(transfer))
+                return;
+            for (const CopySource& source : arguments.sources)
+                ExpectMatches(transfer, search, source.text);
+            for (const CopySource& source : arguments.sources)
+                TransferMatches(transfer, search, source.text, target);
             return;
         }
         if (arguments.sources.size() > 1 || QueryIsDirectory(WithoutQuotes(arguments.sources[0].text)))

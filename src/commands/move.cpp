@@ -1,5 +1,7 @@
 #include "commands/move.h"
 
+#include <unordered_set>
+
 #include <windows.h>
 
 #include "commands/transfer.h"
@@ -11,6 +13,7 @@
 #include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
+#include "text/compare.h"
 #include "text/path_names.h"
 #include "text/words.h"
 
@@ -20,8 +23,8 @@ const CommandHelp moveHelp = {
     u"/A  files with attributes, as DIR /A tells\n"
     u"/D  the target is a directory\n"
     u"/MD make the target directory without asking\n"
-    u"/S  in all subdirectories too, which are made at the target; those that are empty then go. /Sn in n "
-    u"levels of them\n"
+    u"/S  in all subdirectories too, which are made at the target; those emptied by it then go. The name of a "
+    u"directory means all in it. /Sn in n levels of them\n"
     u"/V  accepted for older habits: what leaves its volume is always compared\n"
     u"/W  write over the contents of what leaves its volume, /Wn n times\n" //
     TRANSFER_SWITCHES                                                       //
@@ -54,11 +57,15 @@ public:
             return;
         for (const CString& source : sources) {
             search.attributes = MasksFor(source, search, masks);
+            ExpectMatches(transfer, search, source);
+        }
+        for (const CString& source : sources) {
+            search.attributes = MasksFor(source, search, masks);
             if (target.GetKind() == TransferTarget::Kind::File &&
                 (sources.size() > 1 || MeansSeveral(source)))
                 return transfer.Failed(errors::targetNoDirectory, target.Text());
             TransferMatches(transfer, search, source, target);
-            if (search.deepest > 0 && !transfer.work.Pretends())
+            if (search.deepest > 0)
                 RemoveEmptied(source);
         }
     }
@@ -75,16 +82,25 @@ private:
         return count > 1;
     }
 
-    // The subdirectories in which nothing is left; never the one that the search began in.
+    // The subdirectories that files came from, or directories that went, and in which nothing is left; of the
+    // directory that the search began in only one that was named itself.
     void RemoveEmptied(const CString& source)
     {
-        std::vector<CString> below;
+        std::unordered_set<CString, NoCaseHash, NoCaseEqual> left;
+        for (const CString& from : transfer.TakeMovedFrom())
+            for (CString directory = from; left.insert(directory).second;)
+                directory = CString(DirectoryPart(WithoutEndSeparators(directory)));
+        if (left.empty())
+            return;
+        const CString name = WithoutQuotes(source);
+        const int highest = !HasWildcards(name) && QueryIsDirectory(name) ? 0 : 1;
+        std::vector<CString> emptied;
         StartSearch(search, source);
         SearchedDirectory directory;
         while (NextDirectory(search, directory))
-            if (directory.found.depth > 0)
-                below.push_back(directory.found.name);
-        for (auto one = below.rbegin(); one != below.rend(); ++one)
+            if (directory.found.depth >= highest && left.contains(directory.found.name))
+                emptied.push_back(directory.found.name);
+        for (auto one = emptied.rbegin(); one != emptied.rend(); ++one)
             if (RemoveEmptyDirectory(WithoutEndSeparators(*one)) == 0)
                 NotifyOfChange(FolderChange::DirectoryDeleted, WithoutEndSeparators(*one));
     }
@@ -110,6 +126,8 @@ int Move_Command(CString& arguments)
         names.pop_back();
     }
     search.avoidsLinks = true;
+    search.intoDirectories =
+        search.deepest > 0 && (search.attributes.required & file_attribute::directory) == 0;
     Moving moving(search, switches);
     return moving.transfer.Run([&] { moving.MoveAll(names, target); }, message::filesMoved);
 }

@@ -222,10 +222,12 @@ private:
         const bool isNew = !first.file || !second.file;
         const TransferName& made = first.file ? below2 : below1;
         if (isNew && !counts) {
+            const TransferName& from = first.file ? one : other;
+            if (!QueryIsDirectory(from.Full()))
+                return transfer.Failed(ERROR_PATH_NOT_FOUND, from.shown); // removed meanwhile
             if (!transfer.MakeDirectoryFor(made.directory, made.shown))
                 return;
-            first.file ? transfer.DidDirectory(one.shown, other.shown)
-                       : transfer.DidDirectory(other.shown, one.shown);
+            transfer.DidDirectory(from.shown, first.file ? other.shown : one.shown);
         }
         ++depth;
         SyncDirectory(below1, below2);

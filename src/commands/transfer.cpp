@@ -282,25 +282,31 @@ void Transfer::Do(const TransferName& from, const EntryFacts& facts, const Trans
     if (IsPartialFileName(from.name))
         return;
     TransferItem item{from.Full(), facts, to.Full(), false};
-    const auto there = ReadFileFacts(item.to);
-    if (there && there->IsDirectory())
-        return Failed(errors::targetIsDirectory, to.shown);
-    if (IsReservedName(to.directory + to.name))
-        return Failed(errors::reservedTarget, to.shown);
-    if (!IsNeeded(facts, there)) {
-        work.Passed();
+    if (!IsToBeDone(item, from, to))
+        return progress.Skip(facts.size);
+    if (!work.Pretends() && !Perform(item, from, to))
         return;
+    Did(from.shown, to.shown);
+}
+
+bool Transfer::IsToBeDone(TransferItem& item, const TransferName& from, const TransferName& to)
+{
+    const auto there = ReadFileFacts(item.to);
+    const bool isDirectory = there && there->IsDirectory();
+    if (isDirectory || IsReservedName(to.directory + to.name)) {
+        Failed(isDirectory ? errors::targetIsDirectory : errors::reservedTarget, to.shown);
+        return false;
+    }
+    if (!IsNeeded(item.facts, there)) {
+        work.Passed();
+        return false;
     }
     if (switches.work.asks)
         progress.Hide();
     if (!work.Wants(kind == Kind::Copy ? message::askCopy : message::askMove, from.shown))
-        return;
+        return false;
     item.replaces = there.has_value();
-    if (there && !MayReplace(item.from, item.to, *there, to.shown))
-        return;
-    if (!work.Pretends() && !Perform(item, from, to))
-        return;
-    Did(from.shown, to.shown);
+    return !there || MayReplace(item.from, item.to, *there, to.shown);
 }
 
 bool Transfer::Perform(const TransferItem& item, const TransferName& from, const TransferName& to)
@@ -323,6 +329,8 @@ bool Transfer::Perform(const TransferItem& item, const TransferName& from, const
         return false;
     }
     Carry(from, to);
+    if (Moves())
+        NoteMovedFrom(from.directory);
     if (kind == Kind::Copy && switches.clearsArchive && (item.facts.attributes & FILE_ATTRIBUTE_ARCHIVE) != 0)
         ChangeAttributes(item.from, item.facts.attributes & ~std::uint32_t{FILE_ATTRIBUTE_ARCHIVE});
     if (kind == Kind::Move)
@@ -346,4 +354,10 @@ void Transfer::Carry(const TransferName& from, const TransferName& to)
         here->targetTexts->Set(to.name, text);
         here->sourceTexts.Remove(from.name);
     }
+}
+
+void Transfer::NoteMovedFrom(const CString& directory)
+{
+    if (movedFrom.empty() || movedFrom.back() != directory)
+        movedFrom.push_back(directory);
 }

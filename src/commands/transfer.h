@@ -4,6 +4,8 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "commands/file_work.h"
 #include "console/progress.h"
@@ -79,6 +81,9 @@ public:
     void Deleted(std::u16string_view name, bool isDirectory);
     // The description goes along with the file or directory.
     void Carry(const TransferName& from, const TransferName& to);
+    // Directories (full, with a separator at the end) that something was moved from, since the last call.
+    std::vector<CString> TakeMovedFrom() { return std::exchange(movedFrom, {}); }
+    void NoteMovedFrom(const CString& directory);
 
     // Runs the command's work and answers its result. When it is broken off, what was done is told.
     int Run(const std::function<void()>& body, unsigned totals);
@@ -101,6 +106,7 @@ private:
     };
 
     bool IsNeeded(const EntryFacts& facts, const std::optional<FileFacts>& there) const;
+    bool IsToBeDone(TransferItem& item, const TransferName& from, const TransferName& to);
     bool Perform(const TransferItem& item, const TransferName& from, const TransferName& to);
     void Enter(const CString& source, const CString& target);
     void Leave();
@@ -110,4 +116,5 @@ private:
     FileTransfer transfer;
     std::optional<Here> here;
     CString madeLast; // directory that is known to be there
+    std::vector<CString> movedFrom;
 };

@@ -23,14 +23,6 @@ bool IsDirectoryByForm(std::u16string_view name)
     return last.empty() || last == u"." || last == u"..";
 }
 
-void Announce(Progress& progress, const std::vector<FoundFile>& files)
-{
-    std::uint64_t bytes = 0;
-    for (const FoundFile& file : files)
-        bytes += file.facts.size;
-    progress.Expect(files.size(), bytes);
-}
-
 CString WithSeparator(CString name)
 {
     if (!name.empty() && !IsPathSeparator(name.back()))
@@ -116,6 +108,23 @@ TransferName TransferTarget::DirectoryBelow(std::u16string_view below) const
     return {directory + below, {}, shownDirectory + below};
 }
 
+void ExpectMatches(Transfer& transfer, FILESEARCH& search, const CString& argument)
+{
+    if (!transfer.progress.IsWatched() || transfer.work.Pretends())
+        return;
+    std::uint64_t files = 0;
+    std::uint64_t bytes = 0;
+    StartSearch(search, argument);
+    SearchedDirectory directory;
+    while (NextDirectory(search, directory))
+        for (const FoundFile& file : directory.found.files)
+            if (directory.literal || !IsPassedOver(file.name)) {
+                ++files;
+                bytes += file.facts.size;
+            }
+    transfer.progress.Expect(files, bytes);
+}
+
 void TransferMatches(Transfer& transfer, FILESEARCH& search, const CString& argument,
                      const TransferTarget& target)
 {
@@ -143,8 +152,6 @@ void TransferMatches(Transfer& transfer, FILESEARCH& search, const CString& argu
         } else if (!realTarget.empty() && BeginsNoCase(RealDirectory(directory.found.name), realTarget)) {
             return;
         }
-        if (search.deepest == 0 && transfer.progress.IsWatched())
-            Announce(transfer.progress, directory.found.files);
         const std::u16string_view below = directory.found.name.view().substr(rootLength);
         for (const FoundFile& file : directory.found.files) {
             if (transfer.work.IsStopped())

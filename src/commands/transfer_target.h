@@ -34,6 +34,9 @@ private:
     CString pattern;        // of names; "" in a directory
 };
 
+// Tells the progress, where somebody looks, what TransferMatches would have to do.
+void ExpectMatches(Transfer& transfer, FILESEARCH& search, const CString& argument);
+
 // Takes the files that a source argument stands for to the target, directory by directory. Those within the
 // target itself are left out when it stands in the source.
 void TransferMatches(Transfer& transfer, FILESEARCH& search, const CString& argument,

@@ -52,6 +52,7 @@ private:
         CString source;
         CString target;
         EntryFacts facts;
+        CString shown[2] = {}; // as told, source and target, when it is told that it was moved
     };
 
     // Neither may stand in the other's way.
@@ -119,14 +120,18 @@ private:
         const CString made = to.Full() + u"\\";
         if (IsReservedName(to.directory + to.name))
             return transfer.Failed(errors::reservedTarget, to.shown);
+        if (!QueryIsDirectory(from.Full()))
+            return transfer.Failed(ERROR_PATH_NOT_FOUND, from.shown); // removed meanwhile
         const bool isNew = !QueryIsDirectory(to.Full());
         if (!transfer.MakeDirectoryFor(made, to.shown))
             return;
-        if (isNew)
-            transfer.DidDirectory(from.shown, to.shown);
+        passed.push_back({from.Full() + u"\\", made, facts});
         if (!transfer.work.Pretends())
             transfer.Carry(from, to);
-        passed.push_back({from.Full() + u"\\", made, facts});
+        if (isNew && (!transfer.Moves() || transfer.work.Pretends()))
+            return transfer.DidDirectory(from.shown, to.shown);
+        if (isNew)
+            passed.back().shown[0] = from.shown, passed.back().shown[1] = to.shown;
     }
 
     void TakeLink(const TransferName& from, const TransferName& to)
@@ -168,7 +173,14 @@ private:
     }
 
     // One that still holds something was not moved as a whole, which is either wanted or told already.
-    static void RemoveSource(const Passed& one)
+    void RemoveSource(const Passed& one)
+    {
+        RemoveEmptied(one);
+        if (!one.shown[0].empty() && !ReadFileAttributes(WithoutEndSeparators(one.source)))
+            transfer.DidDirectory(one.shown[0], one.shown[1]);
+    }
+
+    static void RemoveEmptied(const Passed& one)
     {
         const std::u16string_view name = WithoutEndSeparators(one.source);
         unsigned failed = RemoveEmptyDirectory(name);
@@ -305,6 +317,7 @@ void MoveDirectory(Transfer& transfer, const TransferName& from, const EntryFact
         if (failed != 0)
             return transfer.Failed(failed, from.shown);
         transfer.Carry(from, to);
+        transfer.NoteMovedFrom(from.directory);
         NotifyOfChange(FolderChange::FileRenamed, from.Full(), to.Full());
     }
     transfer.DidDirectory(from.shown, to.shown);

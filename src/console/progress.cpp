@@ -26,6 +26,12 @@ void Progress::Expect(std::uint64_t files, std::uint64_t bytes)
     facts.allBytes += bytes;
 }
 
+void Progress::Skip(std::uint64_t bytes)
+{
+    facts.allFiles -= std::min<std::uint64_t>(facts.allFiles, 1);
+    facts.allBytes -= std::min(facts.allBytes, bytes);
+}
+
 void Progress::Begin(std::u16string_view fileName)
 {
     if (!watched)

@@ -27,6 +27,8 @@ public:
     bool IsWatched() const { return watched; }
 
     void Expect(std::uint64_t files, std::uint64_t bytes);
+    // One of the expected files is not worked on.
+    void Skip(std::uint64_t bytes);
     void Begin(std::u16string_view name);
     void At(std::uint64_t bytes);
     void End(std::uint64_t bytes);
