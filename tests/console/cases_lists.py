@@ -1,4 +1,4 @@
-"""Lists in the console: @select and SELECT; F1 on the command line."""
+"""Lists in the console: @select and SELECT."""
 
 from registry import case
 
@@ -34,18 +34,3 @@ def select_command(console):
         folder = "C:\\t\\console\\"
         answers = answers or (" ".join((folder + "one.txt", folder + "three.txt", f'"{folder}two words.txt"')),)
         console.shows(*answers, ">")
-
-
-@case("F1 shows the help for the command or function at the cursor and runs nothing")
-def help_word(console):
-    console.start()
-    console.shows(">")
-    console.text("echo no&popd x")
-    console.shows(">echo no&popd x")
-    console.keys("F1")
-    console.ends_with("Examples", "  popd", "  popd *", ">echo no&popd x")
-    console.keys("Escape")
-    console.text("echo %@len[%@left[2,x] b")
-    console.keys("F1")
-    console.row_with("  %@len[text]")
-    console.ends_with(">echo %@len[%@left[2,x] b")

@@ -36,10 +36,6 @@ def pause(console):
     console.ends_with("Press any key when ready...")
     console.keys("F5")
     console.ends_with("Press any key when ready...", "after", ">")
-    console.line("pause Now? & echo after")
-    console.ends_with("Now?")
-    console.keys("C-c")
-    console.ends_with("Now?^C", ">")
 
 
 @case("DELAY /B ends with a key, which is not kept for the prompt")

@@ -1,6 +1,7 @@
 """A real console around the shell: a tmux pane of fixed size. README.md tells how cases use it."""
 
 import os
+import re
 import shutil
 import subprocess
 import termios
@@ -13,8 +14,19 @@ START_PATIENCE = 10.0  # a console opens in a fraction of a second, or not at al
 STARTS = 3
 
 
+# What tmux sends for these the emulated console takes for other keys.
+SEQUENCES = {"Home": "\x1b[H", "End": "\x1b[F"}
+
+
 class Failure(Exception):
     """The case did not see what it waited for."""
+
+
+class Seen(tuple):
+    """Parts of one row, which may stand anywhere on the screen."""
+
+    def __new__(cls, *parts):
+        return super().__new__(cls, parts)
 
 
 class Console:
@@ -77,7 +89,27 @@ class Console:
 
     def keys(self, *names):
         self.before_keys = self.rows()
-        self.tmux("send-keys", *names)
+        for name in names:
+            self.tmux("send-keys", *(["-l", SEQUENCES[name]] if name in SEQUENCES else [name]))
+
+    def step(self, told, keys, *rows):
+        """Types `keys`, names of keys in braces among them, and waits until the screen ends with the rows. The
+        first may be `Seen`."""
+        before = self.rows()
+        try:
+            for text, name in re.findall(r"([^{}]+)|\{([^}]+)\}", keys):
+                self.keys(name) if name else self.text(text)
+                if keys.startswith("{Escape}") and name == "Escape" and keys != "{Escape}":
+                    self.ends_with(">")  # a character that follows at once would count as pressed with Alt
+            self.before_keys = before
+            if isinstance(rows[0], Seen):
+                self.needs_change(rows[0], rows[0] if self.has_row(rows[0], before) else [])
+                self.row_with(*rows[0])
+                rows = rows[1:]
+            if rows:
+                self.ends_with(*rows)
+        except Failure as failure:
+            raise Failure(f"{told}: {keys}\n{failure}") from None
 
     def line(self, text):
         self.text(text)
@@ -123,7 +155,11 @@ class Console:
         self.wait(lambda: self.rows()[-len(rows) :] == list(rows), ["...", *rows], self.rows)
 
     def row_with(self, *parts):
-        self.wait(lambda: any(all(part in row for part in parts) for row in self.rows()), parts, self.rows)
+        self.wait(lambda: self.has_row(parts, self.rows()), parts, self.rows)
+
+    @staticmethod
+    def has_row(parts, rows):
+        return any(all(part in row for part in parts) for row in rows)
 
     def has_title(self, title):
         self.wait(lambda: self.facts("#{pane_title}") == title, [title], lambda: [self.facts("#{pane_title}")])
