@@ -4,11 +4,9 @@
 #include "batch/frames.h"
 #include "batch/label_search.h"
 #include "core/command_switches.h"
-#include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "lang/messages.h"
-#include "text/compare.h"
 #include "text/numbers.h"
 #include "text/words.h"
 
@@ -124,16 +122,14 @@ int Defer_Command(CString& arguments)
 
 int Loadbtm_Command(CString& arguments)
 {
-    const CString word = GetNthArgument(arguments, 0, CurrentSyntax());
-    if (EqualNoCase(word, u"ON"))
-        return LoadBatchIntoMemory();
-    if (EqualNoCase(word, u"OFF")) {
-        UnloadBatchFromMemory();
-        return result::success;
-    }
-    if (!word.empty())
-        return UsageError();
     const bool loaded = Tls().Frame()->file == batchFileInMemory;
-    PrintLine(LoadMessage(message::loadbtmState, LoadMessage(loaded ? message::on : message::off)));
+    bool wanted = loaded;
+    if (const int code = ShowOrSwitch(arguments, wanted, message::loadbtmState))
+        return code;
+    if (wanted == loaded)
+        return result::success;
+    if (wanted)
+        return LoadBatchIntoMemory();
+    UnloadBatchFromMemory();
     return result::success;
 }

@@ -43,16 +43,19 @@ constexpr SystemSound systemSounds[] = {
     {u"OK", MB_OK},
 };
 
-bool PlaySystemSound(std::u16string_view name)
+// A system sound, or a tone.
+struct Sound {
+    const SystemSound* system = nullptr;
+    std::int64_t frequency = 0;
+    std::int64_t ticks = 0;
+};
+
+const SystemSound* FindSystemSound(std::u16string_view name)
 {
-    static LazyFunction<decltype(MessageBeep)> messageBeep(libraries::user32, "MessageBeep");
-    for (const SystemSound& row : systemSounds) {
-        if (!EqualNoCase(name, row.name))
-            continue;
-        messageBeep(row.sound);
-        return true;
-    }
-    return false;
+    for (const SystemSound& row : systemSounds)
+        if (EqualNoCase(name, row.name))
+            return &row;
+    return nullptr;
 }
 
 void PlayTone(std::int64_t frequency, std::int64_t ticks)
@@ -72,27 +75,46 @@ std::optional<std::int64_t> WholeNumber(std::u16string_view text)
     return used == text.size() ? number : std::nullopt;
 }
 
+int ReadSounds(const std::vector<CString>& words, std::vector<Sound>& sounds)
+{
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (const SystemSound* system = FindSystemSound(words[i])) {
+            sounds.push_back({system});
+            continue;
+        }
+        const std::optional<std::int64_t> frequency = WholeNumber(words[i]);
+        if (!frequency || *frequency > highestFrequency || (*frequency != 0 && *frequency < lowestFrequency))
+            return MVError(errors::invalidNumber, words[i]);
+        std::optional<std::int64_t> ticks = aIniFile.BeepLength;
+        if (i + 1 < words.size() && !FindSystemSound(words[i + 1]))
+            ticks = WholeNumber(words[++i]);
+        if (!ticks || *ticks < 0 || *ticks > longestDuration)
+            return MVError(errors::invalidNumber, words[i]);
+        sounds.push_back({nullptr, *frequency, *ticks});
+    }
+    return result::success;
+}
+
+void Play(const Sound& sound)
+{
+    static LazyFunction<decltype(MessageBeep)> messageBeep(libraries::user32, "MessageBeep");
+    if (sound.system)
+        messageBeep(sound.system->sound);
+    else
+        PlayTone(sound.frequency, sound.ticks);
+}
+
 } // namespace
 
 int Beep_Command(CString& arguments)
 {
     const std::vector<CString> words = SplitArguments(arguments, false, CurrentSyntax());
+    std::vector<Sound> sounds;
+    if (const int code = ReadSounds(words, sounds))
+        return code;
     if (words.empty())
-        PlayTone(aIniFile.BeepFreq, aIniFile.BeepLength);
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        if (PlaySystemSound(words[i]))
-            continue;
-        const std::optional<std::int64_t> frequency = WholeNumber(words[i]);
-        if (!frequency || *frequency > highestFrequency || (*frequency != 0 && *frequency < lowestFrequency))
-            return MVError(errors::invalidNumber, words[i]);
-        std::int64_t ticks = aIniFile.BeepLength;
-        if (i + 1 < words.size()) {
-            const std::optional<std::int64_t> duration = WholeNumber(words[++i]);
-            if (!duration || *duration < 0 || *duration > longestDuration)
-                return MVError(errors::invalidNumber, words[i]);
-            ticks = *duration;
-        }
-        PlayTone(*frequency, ticks);
-    }
+        sounds.push_back({nullptr, aIniFile.BeepFreq, aIniFile.BeepLength});
+    for (const Sound& sound : sounds)
+        Play(sound);
     return result::success;
 }

@@ -1,11 +1,9 @@
 #include "commands/break.h"
 
 #include "core/command_switches.h"
-#include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "lang/messages.h"
-#include "text/compare.h"
 
 const CommandHelp breakHelp = {
     u"Shows or changes whether Ctrl+C breaks commands and batch files.",
@@ -20,15 +18,10 @@ const CommandHelp breakHelp = {
 int Break_Command(CString& arguments)
 {
     arguments.Trim();
-    if (arguments.empty()) {
-        const CString state = LoadMessage(aGlobals.breakOff ? message::off : message::on);
-        return CurrentSyntax().openQuotes || PrintLine(LoadMessage(message::breakState, state))
-                   ? result::success
-                   : MVError(0);
-    }
-    const bool on = EqualNoCase(arguments, u"ON");
-    if (!on && !EqualNoCase(arguments, u"OFF"))
-        return UsageError();
+    if (arguments.empty() && CurrentSyntax().openQuotes)
+        return result::success;
+    bool on = aGlobals.breakOff == 0;
+    const int code = ShowOrSwitch(arguments, on, message::breakState);
     aGlobals.breakOff = on ? 0 : 1;
-    return result::success;
+    return code;
 }

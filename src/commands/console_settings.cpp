@@ -277,21 +277,6 @@ bool Flash(const ScreenFacts& screen, std::uint64_t milliseconds)
     return write(before);
 }
 
-// Without an argument the state is told.
-int SwitchOnOrOff(CString& arguments, int& state, unsigned stateMessage)
-{
-    arguments.Trim();
-    if (arguments.empty())
-        return PrintLine(LoadMessage(stateMessage, LoadMessage(state ? message::on : message::off)))
-                   ? result::success
-                   : MVError(0);
-    const bool on = EqualNoCase(arguments, u"on");
-    if (!on && !EqualNoCase(arguments, u"off"))
-        return UsageError();
-    state = on;
-    return result::success;
-}
-
 } // namespace
 
 int Font_Command(CString& arguments)
@@ -372,18 +357,18 @@ int Saveconsole_Command(CString& arguments)
 
 int Statusbar_Command(CString& arguments)
 {
-    int shown = aIniFile.StatusBar;
+    bool shown = aIniFile.StatusBar != 0;
     const bool tells = arguments.Trim().empty();
-    const int code = SwitchOnOrOff(arguments, shown, message::statusbarState);
+    const int code = ShowOrSwitch(arguments, shown, message::statusbarState);
     aIniFile.StatusBar = static_cast<SettingChoice>(shown);
     return code != result::success || tells ? code : MVError(errors::noStatusBar);
 }
 
 int Transient_Command(CString& arguments)
 {
-    int transient = aGlobals.transient;
-    const int code = SwitchOnOrOff(arguments, transient, message::transientState);
-    aGlobals.transient = transient != 0;
+    bool transient = aGlobals.transient != 0;
+    const int code = ShowOrSwitch(arguments, transient, message::transientState);
+    aGlobals.transient = transient;
     return code;
 }
 

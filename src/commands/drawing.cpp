@@ -282,9 +282,12 @@ int PlaceBox(const ScreenFacts& screen, const BoxRequest& box, DrawnArea& area)
             return code;
     area.rows = bottom - area.row + 1;
     area.columns = right - area.column + 1;
-    const bool fits = bottom < screen.windowTop + screen.windowRows && area.rows > 0 && area.columns > 0 &&
-                      right < screen.windowLeft + screen.windowColumns;
-    return fits ? result::success : MVError(errors::offScreen, Format(u"%d %d", bottom, right));
+    const CString size = Format(u"%d %d", box.opposite.row.value, box.opposite.column.value);
+    if (area.rows <= 0 || area.columns <= 0)
+        return MVError(errors::boxCorners, size);
+    const bool fits =
+        bottom < screen.windowTop + screen.windowRows && right < screen.windowLeft + screen.windowColumns;
+    return fits ? result::success : MVError(errors::offScreen, size);
 }
 
 // A box within the cells that have been read for it.

@@ -1,5 +1,6 @@
 #include "commands/echo.h"
 
+#include "core/command_switches.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -94,13 +95,10 @@ bool IsStateWord(std::u16string_view arguments)
 {
     if (arguments.empty() || wordDelimiters.find(arguments.front()) == std::u16string_view::npos)
         return false;
-    CString word(arguments);
-    word.Trim(wordDelimiters);
-    const bool on = EqualNoCase(word, u"ON");
-    if (!on && !EqualNoCase(word, u"OFF"))
-        return false;
-    SetEcho(on);
-    return true;
+    const auto on = ReadOnOff(CString(arguments).Trim(wordDelimiters));
+    if (on)
+        SetEcho(*on);
+    return on.has_value();
 }
 
 int Write(Writer write, std::u16string_view arguments, bool newline)
@@ -116,8 +114,8 @@ int Write(Writer write, std::u16string_view arguments, bool newline)
 int Echo_Command(CString& arguments)
 {
     if (IsAllBlank(arguments)) {
-        const CString state = LoadMessage(QueryEcho() ? message::on : message::off);
-        return PrintLine(LoadMessage(message::echoState, state)) ? result::success : MVError(0);
+        return PrintLine(LoadMessage(message::echoState, OnOffText(QueryEcho()))) ? result::success
+                                                                                  : MVError(0);
     }
     return IsStateWord(arguments) ? result::success : Write(Print, arguments, true);
 }

@@ -7,7 +7,7 @@ namespace {
 using std::size_t;
 constexpr size_t npos = std::u16string_view::npos;
 
-constexpr size_t narrowest = 20; // a console narrower than this gets its lines as they are
+constexpr size_t narrowest = 10; // a console narrower than this gets its lines as they are
 
 // Where the words of a line hang: behind the first gap of two blanks ("/A  all"), else at the margin.
 size_t HangingIndent(std::u16string_view line, size_t margin)

@@ -83,9 +83,10 @@ bool TakeLength(std::u16string_view text, std::size_t& longest)
 bool TakeKeys(std::u16string_view list, std::vector<CString>& accepted)
 {
     const auto codes = ReadKeyList(WithoutOuterQuotes(list));
-    if (codes)
-        accepted.insert(accepted.end(), codes->begin(), codes->end());
-    return codes.has_value();
+    if (!codes || codes->empty())
+        return false;
+    accepted.insert(accepted.end(), codes->begin(), codes->end());
+    return true;
 }
 
 bool TakeSwitch(Request& request, char16_t letter, std::u16string_view value)

@@ -7,7 +7,6 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/wildcards.h"
-#include "lang/messages.h"
 #include "text/compare.h"
 #include "text/words.h"
 
@@ -45,8 +44,7 @@ int Apply(std::u16string_view pattern, std::uint64_t change)
             EnableInternalCommand(row.name);
         else if (change == disable && !EqualNoCase(row.name, itself))
             DisableInternalCommand(row.name);
-        else if (change == 0 && !PrintFormat(u"%-16s%s\r\n", row.name,
-                                             LoadMessage(IsCommandEnabled(row) ? message::on : message::off)))
+        else if (change == 0 && !PrintFormat(u"%-16s%s\r\n", row.name, OnOffText(IsCommandEnabled(row))))
             return MVError(0);
     }
     return found ? result::success : MVError(errors::unknownCommand, pattern);

@@ -1,5 +1,8 @@
 #include "commands/keyboard.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include <windows.h>
 
 #include "batch/window_tests.h"
@@ -90,13 +93,11 @@ constexpr LockKey lockKeys[] = {
     {u'S', VK_SCROLL, message::scrollLock},
 };
 
-CString OnOrOff(bool on) { return LoadMessage(on ? message::on : message::off); }
-
 int ShowLockKeys()
 {
     for (const LockKey& key : lockKeys)
         if (!PrintLine(LoadMessage(message::keyState, LoadMessage(key.name)) +
-                       OnOrOff(IsKeyOn(key.virtualKey))))
+                       OnOffText(IsKeyOn(key.virtualKey))))
             return MVError(0);
     return result::success;
 }
@@ -151,13 +152,24 @@ int ShowKey(std::u16string_view word)
 int BindKeys(std::u16string_view name, std::u16string_view keys)
 {
     const int function = KeyBindings::Find(CString(name).Trim());
+    if (CString(name).Trim().empty())
+        return UsageError();
     if (function < 0)
         return MVError(errors::unknownKeyFunction, name);
+    // Where a line is edited such a key types its character, whatever it is bound to.
+    const bool typed =
+        (aKeyFunctions[static_cast<std::size_t>(function)].category & key_category::lineEditor) != 0;
     CString spelled;
+    std::vector<CString> bound;
     for (Word word = NextBlankWord(keys, 0); word.length > 0; word = NextBlankWord(keys, word.end())) {
         const CString key = KeyName(keys.substr(word.start, word.length));
         if (key.empty())
             return MVError(errors::unknownKey, keys.substr(word.start, word.length));
+        if (typed && IsTypingKey(key))
+            return MVError(errors::invalidKey, key);
+        if (std::find(bound.begin(), bound.end(), key) != bound.end())
+            continue;
+        bound.push_back(key);
         spelled.Append(spelled.empty() ? u"" : u" ").Append(key);
     }
     aKeyBindings.SetKeys(function, spelled);
@@ -168,13 +180,10 @@ int BindKeys(std::u16string_view name, std::u16string_view keys)
 std::optional<int> SwitchEditor(std::u16string_view argument)
 {
     if (argument.empty())
-        return PrintLine(LoadMessage(message::keysState, OnOrOff(!aIniFile.ReadConsole))) ? result::success
-                                                                                          : MVError(0);
-    if (EqualNoCase(argument, u"on"))
-        return ChangeSetting(u"ReadConsole", u"No");
-    if (EqualNoCase(argument, u"off"))
-        return ChangeSetting(u"ReadConsole", u"Yes");
-    return std::nullopt;
+        return PrintLine(LoadMessage(message::keysState, OnOffText(!aIniFile.ReadConsole))) ? result::success
+                                                                                            : MVError(0);
+    const auto on = ReadOnOff(argument);
+    return on ? std::optional(ChangeSetting(u"ReadConsole", *on ? u"No" : u"Yes")) : std::nullopt;
 }
 
 // KEYSTACK
@@ -285,23 +294,23 @@ int SendToWindow(const KeyScript& script)
 
 int Keybd_Command(CString& arguments)
 {
+    std::vector<std::pair<int, bool>> wanted; // keys and their states
     CString one;
-    bool any = false;
     while (TakeLeadingSwitch(arguments, one)) {
         const bool valid = one.size() == 2 && (one[1] == u'0' || one[1] == u'1');
-        bool known = false;
-        for (const LockKey& key : lockKeys)
-            if (valid && UpperCase(one[0]) == key.letter) {
-                known = any = true;
-                if (!SetLockKey(key.virtualKey, one[1] == u'1'))
-                    return MVError(0);
-            }
-        if (!known)
+        const auto* const key =
+            std::find_if(std::begin(lockKeys), std::end(lockKeys),
+                         [&](const LockKey& row) { return valid && UpperCase(one[0]) == row.letter; });
+        if (key == std::end(lockKeys))
             return RefuseSwitch(one);
+        wanted.emplace_back(key->virtualKey, one[1] == u'1');
     }
     if (!arguments.empty())
         return UsageError();
-    return any ? result::success : ShowLockKeys();
+    for (const auto& [key, on] : wanted)
+        if (!SetLockKey(key, on))
+            return MVError(0);
+    return wanted.empty() ? ShowLockKeys() : result::success;
 }
 
 int Keys_Command(CString& arguments)
@@ -311,7 +320,7 @@ int Keys_Command(CString& arguments)
     if (const std::size_t equals = arguments.Find(u'='); equals != CString::npos && arguments.front() != u'/')
         return BindKeys(arguments.Substr(0, equals), arguments.Substr(equals + 1));
     if (TakeSwitchText(arguments, u"K", key))
-        return arguments.Trim().empty() ? ShowKey(key) : UsageError();
+        return !key.empty() && arguments.Trim().empty() ? ShowKey(key) : UsageError();
     if (const int code = ReadSwitches(arguments, u"R", reset))
         return code;
     arguments.Trim();

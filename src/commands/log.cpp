@@ -7,7 +7,6 @@
 #include "engine/results.h"
 #include "lang/messages.h"
 #include "platform/file_facts.h"
-#include "text/compare.h"
 #include "text/words.h"
 
 const CommandHelp logHelp = {
@@ -89,7 +88,7 @@ int WriteTo(const LogChoice& choice, std::u16string_view name)
 int ShowState(const LogChoice& choice)
 {
     const bool on = IsLogOn(choice.log);
-    const CString state = LoadMessage(choice.stateMessage, LoadMessage(on ? message::on : message::off));
+    const CString state = LoadMessage(choice.stateMessage, OnOffText(on));
     const CString file = on ? Format(u" (%s)", LogFileName(choice.log)) : CString();
     return PrintLine(state + file) ? result::success : MVError(0);
 }
@@ -109,8 +108,7 @@ int Log_Command(CString& arguments)
         return WriteTo(*choice, arguments);
     if (arguments.empty())
         return ShowState(*choice);
-    for (const bool on : {true, false})
-        if (EqualNoCase(arguments, on ? u"ON" : u"OFF"))
-            return Switch(*choice, on);
+    if (const auto on = ReadOnOff(arguments))
+        return Switch(*choice, *on);
     return WriteLogLine(choice->log, arguments) ? result::success : result::error;
 }

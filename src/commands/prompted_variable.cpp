@@ -11,7 +11,7 @@ int TakePromptAndVariable(CString& text, CString& prompt, CString& variable)
     if (name.front() != u'%')
         return UsageError();
     name.Erase(0, 1).TrimRight(u"%");
-    if (name.empty())
+    if (name.empty() || name.Find(u'=') != CString::npos)
         return UsageError();
     variable = name;
     prompt = text.Substr(0, at);

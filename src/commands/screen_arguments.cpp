@@ -18,6 +18,13 @@ constexpr std::size_t shortestWord = 3;
 
 bool IsParting(char16_t unit) { return IsBlank(unit) || unit == u','; }
 
+// As it was typed.
+CString Spelled(const PlaceArgument& place)
+{
+    const bool plus = place.kind == PlaceArgument::Kind::FromCursor && place.value >= 0;
+    return Format(plus ? u"+%d" : u"%d", place.value);
+}
+
 int Resolve(const PlaceArgument& place, int cursor, int first, int size, int length, int& at)
 {
     switch (place.kind) {
@@ -27,7 +34,7 @@ int Resolve(const PlaceArgument& place, int cursor, int first, int size, int len
     }
     if (at >= first && at < first + size)
         return result::success;
-    return MVError(errors::offScreen, Format(u"%d", at - first));
+    return MVError(errors::offScreen, Spelled(place));
 }
 
 } // namespace
@@ -98,7 +105,7 @@ int ScreenArguments::TakeColor(std::optional<unsigned>& color)
     std::size_t at = 0;
     color = ReadColor(text, at);
     if (!color)
-        return MVError(errors::invalidColor, Text());
+        return AtEnd() ? UsageError() : MVError(errors::invalidColor, Text());
     text.remove_prefix(at);
     return result::success;
 }
@@ -113,7 +120,11 @@ bool ScreenArguments::TakeWord(std::u16string_view word)
     return true;
 }
 
-CString ScreenArguments::Text() const { return WithoutOuterQuotes(CString(text).TrimLeft()); }
+CString ScreenArguments::Text() const
+{
+    // "1,2,text": a comma right behind a number parts it from the text.
+    return WithoutOuterQuotes(CString(text.substr(text.starts_with(u',') ? 1 : 0)).TrimLeft());
+}
 
 bool ScreenArguments::AtEnd() const
 {

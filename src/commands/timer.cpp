@@ -7,7 +7,6 @@
 #include "internals/clock_texts.h"
 #include "lang/messages.h"
 #include "platform/clock.h"
-#include "text/compare.h"
 #include "text/format.h"
 #include "text/numbers.h"
 
@@ -73,14 +72,12 @@ int Timer_Command(CString& arguments)
     std::uint64_t flags = 0;
     if (const int code = ReadSwitches(arguments, u"QS", flags))
         return code;
-    arguments.Trim();
-    const bool on = EqualNoCase(arguments, u"ON");
-    const bool off = EqualNoCase(arguments, u"OFF");
-    if ((!on && !off && !arguments.empty()) || ((on || off) && (flags & split) != 0))
+    const auto wanted = ReadOnOff(arguments);
+    if ((!wanted && !arguments.Trim().empty()) || (wanted && (flags & split) != 0))
         return UsageError();
     const bool silent = (flags & quiet) != 0;
     if ((flags & split) != 0)
         return StopOrSplit(timer, false, false);
     const bool runs = aGlobals.timers[timer - 1] != 0;
-    return on || (!off && !runs) ? Start(timer, silent) : StopOrSplit(timer, true, silent);
+    return wanted.value_or(!runs) ? Start(timer, silent) : StopOrSplit(timer, true, silent);
 }

@@ -1,12 +1,10 @@
 #include "commands/verify.h"
 
 #include "core/command_switches.h"
-#include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "lang/file_messages.h"
 #include "lang/messages.h"
-#include "text/compare.h"
 
 const CommandHelp verifyHelp = {
     u"Shows or changes whether commands that copy files read back what they have written.",
@@ -19,14 +17,8 @@ const CommandHelp verifyHelp = {
 
 int Verify_Command(CString& arguments)
 {
-    arguments.Trim();
-    if (arguments.empty()) {
-        const CString state = LoadMessage(aGlobals.verifyCopies ? message::on : message::off);
-        return PrintLine(LoadMessage(message::verifyState, state)) ? result::success : MVError(0);
-    }
-    const bool on = EqualNoCase(arguments, u"ON");
-    if (!on && !EqualNoCase(arguments, u"OFF"))
-        return UsageError();
+    bool on = aGlobals.verifyCopies != 0;
+    const int code = ShowOrSwitch(arguments, on, message::verifyState);
     aGlobals.verifyCopies = on ? 1 : 0;
-    return result::success;
+    return code;
 }

@@ -1,10 +1,13 @@
 #include "core/command_switches.h"
 
+#include <algorithm>
+
 #include "core/command_lookup.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "lang/messages.h"
+#include "text/compare.h"
 
 int ReadSwitches(CString& arguments, std::u16string_view letters, std::uint64_t& flags, SwitchPlace place)
 {
@@ -45,16 +48,52 @@ int RefuseSwitch(std::u16string_view one)
     return MVError(errors::invalidSwitch, CString(1, CurrentSyntax().switchChar) + one);
 }
 
+namespace {
+
+// The forms of the command, a line each: the lines of its usage that begin with its name. What else stands
+// there are the lines of a block.
+CString UsageForms(std::u16string_view usage)
+{
+    constexpr std::u16string_view nextForm = u"\r\n       "; // below the first one
+    const std::u16string_view name = usage.substr(0, usage.find_first_of(u" \n"));
+    CString forms;
+    while (!usage.empty()) {
+        const std::size_t end = std::min(usage.find(u'\n'), usage.size());
+        const std::u16string_view line = usage.substr(0, end);
+        if (line.substr(0, line.find(u' ')) == name)
+            forms.Append(forms.empty() ? std::u16string_view() : nextForm).Append(line);
+        usage.remove_prefix(std::min(end + 1, usage.size()));
+    }
+    return forms;
+}
+
+} // namespace
+
 int UsageError()
 {
     const BUILTIN* row = nullptr;
     if (FindInternalCommand(Tls().commandName, true, &row) < 0 || !row->help)
         return MVError(errors::syntax, Tls().commandName);
-    // The first line tells the form; /? shows the rest.
-    const std::u16string_view usage(row->help->usage);
-    CString text = LoadMessage(message::usage);
-    const std::size_t place = text.Find(u"%1");
-    text.Replace(place, place == CString::npos ? 0 : 2, usage.substr(0, usage.find(u'\n')));
-    PrintError(text.Append(u"\r\n"));
+    PrintError(LoadMessage(message::usage, UsageForms(row->help->usage)).Append(u"\r\n"));
     return result::error;
+}
+
+std::optional<bool> ReadOnOff(std::u16string_view text)
+{
+    const CString word = CString(text).Trim();
+    const bool on = EqualNoCase(word, u"ON");
+    return on || EqualNoCase(word, u"OFF") ? std::optional(on) : std::nullopt;
+}
+
+CString OnOffText(bool on) { return LoadMessage(on ? message::on : message::off); }
+
+int ShowOrSwitch(std::u16string_view arguments, bool& state, unsigned stateMessage)
+{
+    if (CString(arguments).Trim().empty())
+        return PrintLine(LoadMessage(stateMessage, OnOffText(state))) ? result::success : MVError(0);
+    const auto wanted = ReadOnOff(arguments);
+    if (!wanted)
+        return UsageError();
+    state = *wanted;
+    return result::success;
 }

@@ -1,7 +1,9 @@
-// Reading switches in a command's handler, refusals reported. The rules are those of text/switches.h.
+// Reading switches, and ON and OFF, in a command's handler, refusals reported. The rules of switches are
+// those of text/switches.h.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "text/cstring.h"
@@ -21,3 +23,9 @@ int RefuseSwitch(std::u16string_view one);
 
 // Reports the usage of the command that runs and answers result::error.
 int UsageError();
+
+// Whether the text is ON or OFF, in either case and with blanks around it; nothing when it is neither.
+std::optional<bool> ReadOnOff(std::u16string_view text);
+CString OnOffText(bool on);
+// The whole of commands that take ON, OFF or nothing: changes the state, or tells it in the message.
+int ShowOrSwitch(std::u16string_view arguments, bool& state, unsigned stateMessage);

@@ -1,4 +1,5 @@
-// Codes and texts of the line editor, completion, lists, windows and the screen: 4030 to 4199.
+// Codes and texts of the line editor, completion, lists, windows and the screen: 4030 to 4199 and 4350 to
+// 4379.
 #pragma once
 
 namespace errors {
@@ -12,6 +13,7 @@ constexpr unsigned unknownKey = 0x20000464;          // 4124
 constexpr unsigned unknownButtons = 0x20000465;      // 4125
 constexpr unsigned cannotPlay = 0x20000466;          // 4126
 constexpr unsigned unknownWindowAction = 0x20000467; // 4127
+constexpr unsigned boxCorners = 0x20000546;          // 4350
 constexpr unsigned noDesktop = 0x20000468;           // 4128
 constexpr unsigned consoleFont = 0x20000469;         // 4129
 constexpr unsigned screenMode = 0x2000046E;          // 4134
