@@ -61,7 +61,7 @@ bool AsksByHabit()
     return TakeSwitchWord(habit, u"-Y") && !yes;
 }
 
-// Whether both names lead to one file. Its identity is asked for last: that may cost more than a small copy.
+// Whether both names lead to one file. That may cost more to find out than a small copy.
 bool IsSameFile(const CString& from, const CString& to, const FileFacts& toFacts)
 {
     const auto facts = ReadFileFacts(from);
@@ -69,10 +69,11 @@ bool IsSameFile(const CString& from, const CString& to, const FileFacts& toFacts
         (facts->size != toFacts.size || FileTimeNumber(facts->written) != FileTimeNumber(toFacts.written) ||
          FileTimeNumber(facts->created) != FileTimeNumber(toFacts.created)))
         return false;
-    const auto source = IdentifyFile(from);
-    const auto target = IdentifyFile(to);
-    return source && target && source->volume == target->volume && source->file == target->file;
+    return IsOneFile(from, to);
 }
+
+// Whether a name that was to be new is there.
+bool IsTaken(unsigned code) { return code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS; }
 
 // Whether the error is about the target, as far as the number tells.
 bool IsAboutTarget(unsigned code)
@@ -81,11 +82,9 @@ bool IsAboutTarget(unsigned code)
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
     case ERROR_WRITE_PROTECT:
-    case ERROR_ALREADY_EXISTS:
-    case ERROR_FILE_EXISTS:
     case ERROR_INVALID_NAME:
     case ERROR_PATH_NOT_FOUND: return true;
-    default: return false;
+    default: return IsTaken(code);
     }
 }
 
@@ -291,7 +290,7 @@ void Transfer::Do(const TransferName& from, const EntryFacts& facts, const Trans
 
 bool Transfer::IsToBeDone(TransferItem& item, const TransferName& from, const TransferName& to)
 {
-    const auto there = ReadFileFacts(item.to);
+    const auto there = FactsOf(to, item.to);
     const bool isDirectory = there && there->IsDirectory();
     if (isDirectory || IsReservedName(to.directory + to.name)) {
         Failed(isDirectory ? errors::targetIsDirectory : errors::reservedTarget, to.shown);
@@ -309,6 +308,16 @@ bool Transfer::IsToBeDone(TransferItem& item, const TransferName& from, const Tr
     return !there || MayReplace(item.from, item.to, *there, to.shown);
 }
 
+std::optional<FileFacts> Transfer::FactsOf(const TransferName& target, const CString& full)
+{
+    if (!work.Pretends() && newNames.Has(target.directory, target.name))
+        return std::nullopt; // else putting the file in place fails
+    auto facts = ReadFileFacts(full);
+    if (!facts)
+        newNames.NoteMissing();
+    return facts;
+}
+
 bool Transfer::Perform(const TransferItem& item, const TransferName& from, const TransferName& to)
 {
     if (!MakeDirectoryFor(to.directory, to.shown))
@@ -316,6 +325,10 @@ bool Transfer::Perform(const TransferItem& item, const TransferName& from, const
     Enter(from.directory, to.directory);
     progress.Begin(from.shown);
     const TransferOutcome outcome = kind == Kind::Copy ? transfer.Copy(item) : transfer.Move(item);
+    if (!item.replaces && IsTaken(outcome.failed) && newNames.Forget()) {
+        Do(from, item.facts, to);
+        return false;
+    }
     progress.End(item.facts.size);
     if (outcome.failed != 0) {
         const bool either = item.replaces && (outcome.failed == ERROR_ACCESS_DENIED ||
@@ -328,6 +341,7 @@ bool Transfer::Perform(const TransferItem& item, const TransferName& from, const
             Failed(outcome.failed, IsAboutTarget(outcome.failed) ? to.shown : from.shown);
         return false;
     }
+    newNames.NoteMade(to.name);
     Carry(from, to);
     if (Moves())
         NoteMovedFrom(from.directory);

@@ -12,6 +12,7 @@
 #include "engine/tables.h"
 #include "files/description_changes.h"
 #include "files/file_transfer.h"
+#include "files/new_names.h"
 #include "platform/file_facts.h"
 #include "text/path_names.h"
 
@@ -107,6 +108,7 @@ private:
 
     bool IsNeeded(const EntryFacts& facts, const std::optional<FileFacts>& there) const;
     bool IsToBeDone(TransferItem& item, const TransferName& from, const TransferName& to);
+    std::optional<FileFacts> FactsOf(const TransferName& target, const CString& full);
     bool Perform(const TransferItem& item, const TransferName& from, const TransferName& to);
     void Enter(const CString& source, const CString& target);
     void Leave();
@@ -115,6 +117,7 @@ private:
     bool answersOnly = false;
     FileTransfer transfer;
     std::optional<Here> here;
+    NewNames newNames;
     CString madeLast; // directory that is known to be there
     std::vector<CString> movedFrom;
 };

@@ -31,6 +31,22 @@ std::uint64_t Number(DWORD high, DWORD low) { return (static_cast<std::uint64_t>
 
 const char16_t* Units(const wchar_t* text) { return reinterpret_cast<const char16_t*>(text); }
 
+OwnedHandle OpenForFacts(std::u16string_view name)
+{
+    return OwnedHandle(CreateFileW(SystemPath(name).w(), FILE_READ_ATTRIBUTES,
+                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                   OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+std::optional<FileIdentity> Identify(const OwnedHandle& file)
+{
+    BY_HANDLE_FILE_INFORMATION facts;
+    if (!file || !GetFileInformationByHandle(file.Get(), &facts))
+        return std::nullopt;
+    return FileIdentity{facts.dwVolumeSerialNumber, Number(facts.nFileIndexHigh, facts.nFileIndexLow),
+                        facts.nNumberOfLinks};
+}
+
 // The volume's root for a directory of it; "" when there is none.
 CString VolumeRoot(std::u16string_view directory)
 {
@@ -100,16 +116,22 @@ std::optional<std::uint64_t> CompressedFileSize(std::u16string_view name)
     return Number(high, low);
 }
 
-std::optional<FileIdentity> IdentifyFile(std::u16string_view name)
+std::optional<FileIdentity> IdentifyFile(std::u16string_view name) { return Identify(OpenForFacts(name)); }
+
+bool IsOneFile(std::u16string_view name, std::u16string_view other)
 {
-    const OwnedHandle file(CreateFileW(SystemPath(name).w(), FILE_READ_ATTRIBUTES,
-                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-    BY_HANDLE_FILE_INFORMATION facts;
-    if (!file || !GetFileInformationByHandle(file.Get(), &facts))
-        return std::nullopt;
-    return FileIdentity{facts.dwVolumeSerialNumber, Number(facts.nFileIndexHigh, facts.nFileIndexLow),
-                        facts.nNumberOfLinks};
+    const OwnedHandle first = OpenForFacts(name);
+    const OwnedHandle second = OpenForFacts(other);
+    // What the system knows without asking for the volume tells most files apart.
+    FILE_BASIC_INFO facts;
+    FILE_BASIC_INFO otherFacts;
+    if (GetFileInformationByHandleEx(first.Get(), FileBasicInfo, &facts, sizeof facts) &&
+        GetFileInformationByHandleEx(second.Get(), FileBasicInfo, &otherFacts, sizeof otherFacts) &&
+        facts.ChangeTime.QuadPart != otherFacts.ChangeTime.QuadPart)
+        return false;
+    const auto one = Identify(first);
+    const auto two = Identify(second);
+    return one && two && one->volume == two->volume && one->file == two->file;
 }
 
 std::vector<FileStream> NamedStreams(std::u16string_view name)

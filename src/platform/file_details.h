@@ -45,6 +45,9 @@ struct FileIdentity {
 // Of what the name leads to: links are followed.
 std::optional<FileIdentity> IdentifyFile(std::u16string_view name);
 
+// Whether both names lead to one file.
+bool IsOneFile(std::u16string_view name, std::u16string_view other);
+
 struct FileStream {
     CString name; // ":name:$DATA"
     std::uint64_t size = 0;
