@@ -109,12 +109,12 @@ private:
         const CString shown = CString(directory.shown) + file.name;
         if (!work.Wants(message::askDelete, shown))
             return;
+        const CString name = PathOfEntry(directory.found.name, file.name);
+        if (const unsigned failed = DeleteFromDisk(name, file.facts.attributes)) {
+            work.Failed(failed, shown);
+            return;
+        }
         if (!work.Pretends()) {
-            const CString name = PathOfEntry(directory.found.name, file.name);
-            if (const unsigned failed = DeleteFromDisk(name, file.facts.attributes)) {
-                work.Failed(failed, shown);
-                return;
-            }
             descriptions.Remove(file.name);
             NotifyOfChange(FolderChange::FileDeleted, name);
         }
@@ -126,13 +126,15 @@ private:
         const bool readOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
         if (readOnly && !options.readOnly)
             return ERROR_ACCESS_DENIED;
+        const bool wipes = options.wipePasses > 0 && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+        if (wipes && !options.recycle && HasOtherNames(name))
+            return errors::hasOtherNames;
+        if (work.Pretends())
+            return 0;
         if (usesBin && MoveToRecycleBin(name) == 0)
             return 0;
         if (options.recycle)
             return ERROR_NOT_SUPPORTED;
-        const bool wipes = options.wipePasses > 0 && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
-        if (wipes && HasOtherNames(name))
-            return errors::hasOtherNames;
         if (readOnly)
             if (const unsigned failed =
                     ChangeAttributes(name, attributes & ~std::uint32_t{FILE_ATTRIBUTE_READONLY}))
@@ -165,8 +167,10 @@ private:
         for (auto directory = directories.rbegin(); directory != directories.rend() && !work.Pretends();
              ++directory) {
             const CString name(directory->view().substr(0, directory->size() - 1));
-            if (RemoveEmptyDirectory(name) == 0)
+            if (RemoveEmptyDirectory(name) == 0) {
                 work.DidDirectory(message::removedDirectory, name);
+                NotifyOfChange(FolderChange::DirectoryDeleted, name);
+            }
         }
     }
 

@@ -28,6 +28,19 @@ const CommandHelp makeDirectoryHelp = {
     u"md /d new project",
 };
 
+namespace {
+
+unsigned Make(const CString& name, bool pretends)
+{
+    if (IsReservedName(FullPathName(name)))
+        return errors::reservedTarget;
+    if (!pretends)
+        return MakeDirectoryWithParents(name, NoteNewDirectory);
+    return ReadFileAttributes(name) ? ERROR_ALREADY_EXISTS : 0;
+}
+
+} // namespace
+
 int MakeDirectory_Command(CString& arguments)
 {
     FileWorkOptions options;
@@ -44,18 +57,17 @@ int MakeDirectory_Command(CString& arguments)
         const CString name(WithoutEndSeparators(CleanDirectoryName(argument)));
         if (!work.Wants(message::askMakeDirectory, name))
             continue;
-        const unsigned failed = IsReservedName(FullPathName(name)) ? unsigned{errors::reservedTarget}
-                                : work.Pretends()                  ? 0u
-                                                  : MakeDirectoryWithParents(name, NoteNewDirectory);
-        if (failed != 0) {
+        if (const unsigned failed = Make(name, work.Pretends())) {
             work.Failed(failed, name);
             continue;
         }
         work.DidDirectory(message::madeDirectory, name);
+        if (work.Pretends())
+            continue;
         NotifyOfChange(FolderChange::DirectoryCreated, name);
         last = name;
     }
-    if ((flags & 1) != 0 && !last.empty() && !work.Pretends() && !MakeCurrent(last))
+    if ((flags & 1) != 0 && !last.empty() && !MakeCurrent(last))
         work.Failed(0, last);
     return work.Finish(0);
 }

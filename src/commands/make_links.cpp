@@ -64,6 +64,9 @@ unsigned MakeLink(Link kind, const CString& link, const CString& target)
     }
 }
 
+// All that a link could fail for that is known beforehand.
+unsigned AlreadyThere(const CString& link) { return ReadFileAttributes(link) ? ERROR_ALREADY_EXISTS : 0; }
+
 unsigned CreatedText(Link kind)
 {
     return kind == Link::Hard       ? message::madeHardLink
@@ -132,14 +135,13 @@ private:
         const CString link = place + FileNamePart(name);
         if (!work.Wants(message::askLink, shown))
             return;
-        if (!work.Pretends()) {
-            const unsigned failed =
-                Make(KindFor(file), CString(directory.found.name) + file.name, place, link);
-            if (failed) {
-                const bool aboutLink = failed == ERROR_ALREADY_EXISTS || failed == ERROR_PATH_NOT_FOUND;
-                work.Failed(failed, aboutLink ? link : shown);
-                return;
-            }
+        const unsigned failed =
+            work.Pretends() ? AlreadyThere(link)
+                            : Make(KindFor(file), PathOfEntry(directory.found.name, file.name), place, link);
+        if (failed) {
+            const bool aboutLink = failed == ERROR_ALREADY_EXISTS || failed == ERROR_PATH_NOT_FOUND;
+            work.Failed(failed, aboutLink ? link : shown);
+            return;
         }
         file.facts.IsDirectory() ? work.DidDirectory(message::nameAlone, shown, link)
                                  : work.Did(message::nameAlone, shown, link);
@@ -183,7 +185,7 @@ int Mklink_Command(CString& arguments)
     }
     FileWork work(u"mklink", options, BatchManners::TotalsOnly);
     if (work.Wants(message::askLink, link)) {
-        const unsigned failed = work.Pretends() ? 0 : MakeLink(kind, link, target);
+        const unsigned failed = work.Pretends() ? AlreadyThere(link) : MakeLink(kind, link, target);
         const bool aboutLink =
             failed == ERROR_ALREADY_EXISTS || kind == Link::Symbolic || kind == Link::SymbolicDirectory;
         if (failed)

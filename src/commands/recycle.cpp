@@ -17,6 +17,7 @@
 #include "files/wildcards.h"
 #include "lang/file_messages.h"
 #include "platform/directory.h"
+#include "platform/file_facts.h"
 #include "platform/recycle_bin.h"
 #include "platform/volumes.h"
 #include "text/path_names.h"
@@ -27,9 +28,9 @@ const CommandHelp recycleHelp = {
     u"RECYCLE [drive: ...]\n"
     u"RECYCLE /L [name ...]\n"
     u"RECYCLE /R [/N] [/P] [/Q] name ...\n"
-    u"RECYCLE /X [/Y] [drive: ...]",
+    u"RECYCLE /X [/N | /Y] [drive: ...]",
     u"/L  list what is in it: when it was deleted, how large it is, where it was\n"
-    u"/N  restore nothing, show only what would be\n"
+    u"/N  restore or delete nothing, show only what would be\n"
     u"/P  ask before each one\n"
     u"/Q  show neither names nor totals\n"
     u"/R  restore to where it was; of several under one name the one deleted last\n"
@@ -46,12 +47,20 @@ const CommandHelp recycleHelp = {
 
 namespace {
 
+// "c:", with or without a backslash. Anything else would empty a bin that nobody has named.
+bool NamesDrive(std::u16string_view name)
+{
+    return name.size() >= 2 && IsAsciiLetter(name[0]) && name[1] == u':' &&
+           (name.size() == 2 || (name.size() == 3 && IsPathSeparator(name[2]))) &&
+           QueryIsDirectory(DriveRoot(name));
+}
+
 // Drives with a bin, or those that are named.
 std::vector<CString> Roots(const std::vector<CString>& names)
 {
     std::vector<CString> roots;
     for (const CString& name : names)
-        roots.push_back(DriveRoot(WithoutQuotes(name)));
+        roots.push_back(DriveRoot(name));
     if (names.empty())
         for (const char16_t letter : AllDrives())
             if (CString root = DriveRoot(CString(1, letter)); ReadBinTotals(root))
@@ -69,6 +78,9 @@ CString WithThousands(std::uint64_t number)
 // A drive without a bin is reported. The result of the last that went wrong.
 int ForEachBin(const std::vector<CString>& names, int (*visit)(const CString& root, const BinTotals& totals))
 {
+    for (const CString& name : names)
+        if (!NamesDrive(name))
+            return MVError(ERROR_INVALID_DRIVE, name);
     int code = result::success;
     for (const CString& root : Roots(names)) {
         const std::optional<BinTotals> totals = ReadBinTotals(root);
@@ -127,9 +139,9 @@ int List(RecycleBin& bin, const std::vector<CString>& names)
     const NationalSettings country = Country();
     int code = result::success;
     for (const CString& name : names) {
-        const std::vector<const RecycledItem*> found = Find(items, WithoutQuotes(name));
+        const std::vector<const RecycledItem*> found = Find(items, name);
         if (found.empty() && name != u"*")
-            code = MVError(ERROR_FILE_NOT_FOUND, WithoutQuotes(name));
+            code = MVError(ERROR_FILE_NOT_FOUND, name);
         for (const RecycledItem* item : found)
             PrintLine(Format(u"%-17s %17s %s",
                              item->deleted ? FormatFileTime(item->deleted, country) : CString(),
@@ -144,9 +156,9 @@ int Restore(RecycleBin& bin, const std::vector<CString>& names, const FileWorkOp
     const std::vector<RecycledItem> items = bin.Items();
     std::vector<CString> restored;
     for (const CString& name : names) {
-        const std::vector<const RecycledItem*> found = Find(items, WithoutQuotes(name));
+        const std::vector<const RecycledItem*> found = Find(items, name);
         if (found.empty())
-            work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(name));
+            work.Failed(ERROR_FILE_NOT_FOUND, name);
         for (const RecycledItem* item : found) {
             const CString shown = FullName(*item);
             const bool again = std::any_of(restored.begin(), restored.end(),
@@ -175,9 +187,11 @@ int Recycle_Command(CString& arguments)
         return code;
     const auto has = [&](char16_t letter) { return (flags >> letters.find(letter) & 1) != 0; };
     std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
+    for (CString& name : names)
+        name = WithoutQuotes(name);
     if (has(u'L') + has(u'R') + has(u'X') > 1 || (has(u'R') && names.empty()))
         return UsageError();
-    if (has(u'X'))
+    if (has(u'X') && !has(u'N'))
         return ForEachBin(names, has(u'Y') ? EmptyUnasked : EmptyIfWanted);
     if (!has(u'L') && !has(u'R'))
         return ForEachBin(names, ShowTotals);

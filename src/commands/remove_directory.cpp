@@ -45,19 +45,21 @@ public:
     Removal(const FileWorkOptions& options, std::uint64_t flags)
         : work(u"rd", options, BatchManners::Silent), withTree((flags & withContents) != 0),
           asksForTree(withTree && !options.quiet && !options.asks && !options.pretends),
+          onlyIntoBin((flags & recycle) != 0),
           usesBin((flags & recycle) != 0 || (aIniFile.RecycleBin && (flags & keepNothing) == 0))
     {}
 
-    void Remove(const CString& name)
+    void Remove(const CString& name, const CString& shown)
     {
-        if (!work.Wants(message::askRemoveDirectory, name) || !IsTreeWanted(name))
+        if (!work.Wants(message::askRemoveDirectory, shown) || !IsTreeWanted(shown))
             return;
-        if (const unsigned failed = work.Pretends() ? 0 : RemoveFromDisk(name)) {
-            work.Failed(failed, name);
+        if (const unsigned failed = RemoveFromDisk(name)) {
+            work.Failed(failed, shown);
             return;
         }
-        work.DidDirectory(message::removedDirectory, name);
-        NotifyOfChange(FolderChange::DirectoryDeleted, name);
+        work.DidDirectory(message::removedDirectory, shown);
+        if (!work.Pretends())
+            NotifyOfChange(FolderChange::DirectoryDeleted, name);
     }
 
     FileWork work;
@@ -83,9 +85,17 @@ private:
         if ((*attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
             return ERROR_DIRECTORY;
         const bool isLink = (*attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-        if (usesBin && !isLink)
+        // The bin would take the contents as well.
+        if (!withTree && !isLink && (usesBin || work.Pretends()) && !IsEmptyDirectory(name))
+            return ERROR_DIR_NOT_EMPTY;
+        if (work.Pretends())
+            return 0;
+        if (usesBin && !isLink) {
             if (MoveToRecycleBin(name) == 0)
                 return 0;
+            if (onlyIntoBin)
+                return ERROR_NOT_SUPPORTED;
+        }
         if (withTree && !isLink)
             return RemoveTree(name, [this](unsigned code, const CString& part) { work.Failed(code, part); });
         return RemoveEmptyDirectory(name);
@@ -93,6 +103,7 @@ private:
 
     bool withTree;
     bool asksForTree;
+    bool onlyIntoBin;
     bool usesBin;
 };
 
@@ -113,13 +124,13 @@ int RemoveDirectory_Command(CString& arguments)
     for (const CString& argument : names) {
         const CString name(WithoutEndSeparators(CleanDirectoryName(argument)));
         if (!HasWildcards(name)) {
-            removal.Remove(name);
+            removal.Remove(name, name);
             continue;
         }
         bool any = false;
         for (bool found = FindFiles(search, name); found; found = FindFiles(search)) {
             any = true;
-            removal.Remove(search.name);
+            removal.Remove(search.fullName, search.name);
         }
         if (!any)
             removal.work.Failed(search.error ? search.error : ERROR_FILE_NOT_FOUND, name);

@@ -77,20 +77,28 @@ private:
             work.Failed(errors::reservedTarget, newName);
             return;
         }
+        if (const unsigned failed = work.Pretends() ? WhyNot(from, to) : RenameFile(from, to, false)) {
+            // Which of the two names is the trouble is not told by the number.
+            const bool aboutNewName = failed == ERROR_ALREADY_EXISTS || failed == ERROR_FILE_EXISTS ||
+                                      failed == ERROR_INVALID_NAME || failed == ERROR_PATH_NOT_FOUND;
+            work.Failed(failed, aboutNewName ? newName : shown);
+            return;
+        }
         if (!work.Pretends()) {
-            if (const unsigned failed = RenameFile(from, to, false)) {
-                // Which of the two names is the trouble is not told by the number.
-                const bool aboutNewName = failed == ERROR_ALREADY_EXISTS || failed == ERROR_FILE_EXISTS ||
-                                          failed == ERROR_INVALID_NAME || failed == ERROR_PATH_NOT_FOUND;
-                work.Failed(failed, aboutNewName ? newName : shown);
-                return;
-            }
             CarryDescription(directory, file, to, descriptions);
             NotifyOfChange(FolderChange::FileRenamed, from, to);
         }
         const bool isDirectory = file.facts.IsDirectory();
         isDirectory ? work.DidDirectory(message::nameAlone, shown, newName)
                     : work.Did(message::nameAlone, shown, newName);
+    }
+
+    // What can be known of a renaming that is not done; 0: nothing against it.
+    static unsigned WhyNot(const CString& from, const CString& to)
+    {
+        if (!QueryIsDirectory(DirectoryPart(to)))
+            return ERROR_PATH_NOT_FOUND;
+        return ReadFileAttributes(to) && !EqualNoCase(from, to) ? ERROR_ALREADY_EXISTS : 0;
     }
 
     static void CarryDescription(const SearchedDirectory& directory, const FoundFile& file, const CString& to,

@@ -183,22 +183,25 @@ private:
                const NewFileTimes& times)
     {
         const bool isDirectory = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        if (const unsigned failed = work.Pretends() ? 0 : Change(fullName, attributes, times)) {
+        if (const unsigned failed = Change(fullName, attributes, times)) {
             work.Failed(failed, shown);
             return;
         }
         isDirectory ? work.DidDirectory(message::nameAlone, shown) : work.Did(message::nameAlone, shown);
-        NotifyOfChange(FolderChange::FileUpdated, fullName);
+        if (!work.Pretends())
+            NotifyOfChange(FolderChange::FileUpdated, fullName);
     }
 
     unsigned Change(const CString& name, std::uint32_t attributes, const NewFileTimes& times)
     {
         constexpr std::uint32_t readOnly = FILE_ATTRIBUTE_READONLY;
         const bool isProtected = (attributes & readOnly) != 0 && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+        if (isProtected && !options.readOnly)
+            return ERROR_ACCESS_DENIED;
+        if (work.Pretends())
+            return 0;
         if (!isProtected)
             return ChangeFileTimes(name, times);
-        if (!options.readOnly)
-            return ERROR_ACCESS_DENIED;
         if (const unsigned failed = ChangeAttributes(name, attributes & ~readOnly))
             return failed;
         const unsigned failed = ChangeFileTimes(name, times);

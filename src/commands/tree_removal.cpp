@@ -74,3 +74,12 @@ unsigned RemoveTree(const CString& directory, const std::function<void(unsigned,
     }
     return left;
 }
+
+bool IsEmptyDirectory(const CString& directory)
+{
+    SystemDirectories source(false);
+    const CString full = JoinPath(FullPathName(directory), u"");
+    std::vector<Entry> entries;
+    Contents contents(full, entries);
+    return source.Read(full, u"*", contents) == 0 && entries.empty();
+}

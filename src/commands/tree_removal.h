@@ -9,3 +9,6 @@
 // told to `failed` (a Windows error number and the name) and the rest goes on. 0, or the error number of what
 // is left: then the directory still stands. Throws Break between two files.
 unsigned RemoveTree(const CString& directory, const std::function<void(unsigned, const CString&)>& failed);
+
+// Whether nothing is in the directory; not so when it cannot be read.
+bool IsEmptyDirectory(const CString& directory);
