@@ -101,11 +101,9 @@ bool FileWork::ForEachFile(FILESEARCH& search, const CString& argument, const st
 
 bool FileWork::Wants(unsigned question, std::u16string_view name)
 {
-    if (options.asks && !stopped && !MayAsk()) {
-        Failed(errors::nobodyToAsk, name);
-        stopped = true;
-    }
-    return Confirms(options.asks, question, name);
+    const bool wanted = Confirms(options.asks, question, name);
+    stopped = stopped || (!wanted && !MayAsk()); // once is enough
+    return wanted;
 }
 
 bool FileWork::Confirms(bool& asks, unsigned question, std::u16string_view name)
@@ -113,6 +111,10 @@ bool FileWork::Confirms(bool& asks, unsigned question, std::u16string_view name)
     ThrowIfBroken();
     if (stopped || !asks)
         return !stopped;
+    if (!MayAsk()) {
+        Failed(errors::nobodyToAsk, name);
+        return false;
+    }
     switch (QueryInputChar(question, name, u"YNRQ", u'Q')) {
     case u'Y': return true;
     case u'R': asks = false; return true;

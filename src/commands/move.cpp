@@ -55,6 +55,8 @@ public:
             return transfer.Failed(errors::reservedTarget, targetName);
         if (!target.Prepare(transfer))
             return;
+        if (sources.size() > 1)
+            transfer.WatchForCollisions();
         for (const CString& source : sources) {
             search.attributes = MasksFor(source, search, masks);
             ExpectMatches(transfer, search, source);

@@ -51,9 +51,15 @@ public:
 
     void Remove(const CString& name, const CString& shown)
     {
-        if (!work.Wants(message::askRemoveDirectory, shown) || !IsTreeWanted(shown))
+        const std::optional<std::uint32_t> attributes = ReadFileAttributes(name);
+        unsigned failed = attributes ? 0 : GetLastError();
+        if (attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+            failed = ERROR_DIRECTORY;
+        if (failed == 0 && (!work.Wants(message::askRemoveDirectory, shown) || !IsTreeWanted(shown)))
             return;
-        if (const unsigned failed = RemoveFromDisk(name)) {
+        if (failed == 0)
+            failed = RemoveFromDisk(name, (*attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0);
+        if (failed != 0) {
             work.Failed(failed, shown);
             return;
         }
@@ -77,14 +83,8 @@ private:
         return QueryInputChar(message::askRemoveTree, name, u"YN", u'N') == u'Y';
     }
 
-    unsigned RemoveFromDisk(const CString& name)
+    unsigned RemoveFromDisk(const CString& name, bool isLink)
     {
-        const std::optional<std::uint32_t> attributes = ReadFileAttributes(name);
-        if (!attributes)
-            return GetLastError();
-        if ((*attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
-            return ERROR_DIRECTORY;
-        const bool isLink = (*attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
         // The bin would take the contents as well.
         if (!withTree && !isLink && (usesBin || work.Pretends()) && !IsEmptyDirectory(name))
             return ERROR_DIR_NOT_EMPTY;

@@ -281,11 +281,27 @@ void Transfer::Do(const TransferName& from, const EntryFacts& facts, const Trans
     if (IsPartialFileName(from.name))
         return;
     TransferItem item{from.Full(), facts, to.Full(), false};
-    if (!IsToBeDone(item, from, to))
+    const CString target = item.to;
+    if (IsMadeAlready(item, to) || !IsToBeDone(item, from, to))
         return progress.Skip(facts.size);
     if (!work.Pretends() && !Perform(item, from, to))
         return;
+    if (watchesCollisions)
+        made.emplace(target, item.from);
     Did(from.shown, to.shown);
+}
+
+// A file that two arguments mean is taken once.
+bool Transfer::IsMadeAlready(const TransferItem& item, const TransferName& to)
+{
+    const auto known = made.find(item.to);
+    if (known == made.end())
+        return false;
+    if (EqualNoCase(known->second, item.from))
+        work.Passed();
+    else
+        Failed(errors::madeByThis, to.shown);
+    return true;
 }
 
 bool Transfer::IsToBeDone(TransferItem& item, const TransferName& from, const TransferName& to)

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -14,6 +15,7 @@
 #include "files/file_transfer.h"
 #include "files/new_names.h"
 #include "platform/file_facts.h"
+#include "text/compare.h"
 #include "text/path_names.h"
 
 struct TransferSwitches {
@@ -86,6 +88,9 @@ public:
     std::vector<CString> TakeMovedFrom() { return std::exchange(movedFrom, {}); }
     void NoteMovedFrom(const CString& directory);
 
+    // Several files may get one name: what this command has made is then not replaced by it.
+    void WatchForCollisions() { watchesCollisions = true; }
+
     // Runs the command's work and answers its result. When it is broken off, what was done is told.
     int Run(const std::function<void()>& body, unsigned totals);
     // The contents of files are the command's output: no totals.
@@ -109,6 +114,7 @@ private:
     bool IsNeeded(const EntryFacts& facts, const std::optional<FileFacts>& there) const;
     bool IsToBeDone(TransferItem& item, const TransferName& from, const TransferName& to);
     std::optional<FileFacts> FactsOf(const TransferName& target, const CString& full);
+    bool IsMadeAlready(const TransferItem& item, const TransferName& to);
     bool Perform(const TransferItem& item, const TransferName& from, const TransferName& to);
     void Enter(const CString& source, const CString& target);
     void Leave();
@@ -120,4 +126,7 @@ private:
     NewNames newNames;
     CString madeLast; // directory that is known to be there
     std::vector<CString> movedFrom;
+    bool watchesCollisions = false;
+    std::unordered_map<CString, CString, NoCaseHash, NoCaseEqual>
+        made; // targets, and what they were made from
 };

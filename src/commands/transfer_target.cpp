@@ -9,6 +9,7 @@
 #include "engine/inifile.h"
 #include "files/descriptions.h"
 #include "files/directory_name.h"
+#include "files/search_names.h"
 #include "files/target_names.h"
 #include "lang/file_messages.h"
 #include "platform/file_facts.h"
@@ -130,6 +131,10 @@ void TransferMatches(Transfer& transfer, FILESEARCH& search, const CString& argu
 {
     if (transfer.work.IsStopped())
         return;
+    // Of what is copied over, the source is still there.
+    if (transfer.Moves() && (target.GetKind() == TransferTarget::Kind::Pattern || argument.front() == u'@' ||
+                             SplitSearchNames(argument).size() > 1))
+        transfer.WatchForCollisions();
     const std::int64_t errorsBefore = transfer.work.Errors();
     TransferName place;
     target.Place(u"", u"x", place);
