@@ -47,10 +47,14 @@ public:
         ThrowIfBroken();
         if (!quiet)
             PrintLine(Format(u"%-12s %s", AttributeLetters(before), search.fullName));
-        shown = true;
     }
 
-    int Finish() { return shows && shown ? result::success : work.Finish(message::filesChanged); }
+    int Finish()
+    {
+        if (shows && work.Errors() == 0)
+            return result::success;
+        return shows ? work.FinishQuietly() : work.Finish(message::filesChanged);
+    }
 
     FileWork work;
 
@@ -75,7 +79,6 @@ private:
     AttributeChange change;
     bool quiet;
     bool shows;
-    bool shown = false;
 };
 
 // Takes the words that begin with "+" or "-" out of the arguments. 0, or the result of a reported error.

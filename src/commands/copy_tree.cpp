@@ -11,6 +11,7 @@
 #include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
+#include "text/compare.h"
 #include "text/path_names.h"
 #include "text/words.h"
 
@@ -118,7 +119,8 @@ int MoveDirectory_Command(CString& arguments)
         [&] {
             const CString from(WithoutEndSeparators(trees.source.directory));
             const CString to(WithoutEndSeparators(trees.target.directory));
-            if (ReadFileAttributes(to) || !SelectsAll(search, switches))
+            const bool isThere = !EqualNoCase(from, to) && ReadFileAttributes(to);
+            if (isThere || !SelectsAll(search, switches))
                 return TransferTree(transfer, search, trees.source, trees.target);
             const auto name = [](const CString& full, const CString& shown) {
                 return TransferName{CString(DirectoryPart(full)), CString(FileNamePart(full)),

@@ -63,11 +63,11 @@ public:
     {
         if (!IsEverythingWanted(argument))
             return;
-        std::vector<CString> below;
+        std::vector<Emptied> below;
         work.ForEachDirectory(search, argument, [&](const SearchedDirectory& directory) {
             DeleteIn(directory);
             if (directory.found.depth > 0)
-                below.push_back(directory.found.name);
+                below.push_back({directory.found.name, directory.shown});
         });
         if (options.emptyDirectories)
             RemoveEmpty(below);
@@ -76,6 +76,11 @@ public:
     FileWork work;
 
 private:
+    struct Emptied {
+        CString name; // full, with a separator at the end
+        CString shown;
+    };
+
     // "Delete all files of this directory" is asked about once; without a person it takes a switch to say so.
     bool IsEverythingWanted(const CString& argument)
     {
@@ -162,13 +167,13 @@ private:
     }
 
     // Deepest first; those that still hold something stay without a word.
-    void RemoveEmpty(const std::vector<CString>& directories)
+    void RemoveEmpty(const std::vector<Emptied>& directories)
     {
         for (auto directory = directories.rbegin(); directory != directories.rend() && !work.Pretends();
              ++directory) {
-            const CString name(directory->view().substr(0, directory->size() - 1));
+            const std::u16string_view name = WithoutEndSeparators(directory->name);
             if (RemoveEmptyDirectory(name) == 0) {
-                work.DidDirectory(message::removedDirectory, name);
+                work.DidDirectory(message::removedDirectory, WithoutEndSeparators(directory->shown));
                 NotifyOfChange(FolderChange::DirectoryDeleted, name);
             }
         }

@@ -82,8 +82,12 @@ void FileWork::ForEachDirectory(FILESEARCH& search, const CString& argument,
         any = any || !directory.found.files.empty();
         visit(directory);
     }
-    if (!any && !stopped && search.error == 0)
-        Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(argument));
+    if (any || stopped || search.error != 0)
+        return;
+    const CString name = WithoutQuotes(argument);
+    // Not the directory is missing, but something in it.
+    const bool isDirectory = search.intoDirectories && !HasWildcards(name) && QueryIsDirectory(name);
+    Failed(ERROR_FILE_NOT_FOUND, isDirectory ? JoinPath(name, u"*") : name);
 }
 
 bool FileWork::ForEachFile(FILESEARCH& search, const CString& argument, const std::function<void()>& visit)

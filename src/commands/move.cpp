@@ -94,6 +94,7 @@ private:
                 directory = CString(DirectoryPart(WithoutEndSeparators(directory)));
         if (left.empty())
             return;
+        transfer.Leave();
         const CString name = WithoutQuotes(source);
         const int highest = !HasWildcards(name) && QueryIsDirectory(name) ? 0 : 1;
         std::vector<CString> emptied;

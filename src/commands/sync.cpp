@@ -193,7 +193,8 @@ private:
         if (!first.file)
             return OnlySecond(first, second);
         if (second.file && first.file->facts.IsDirectory() != second.file->facts.IsDirectory())
-            return Leave(errors::syncConflict, second.Named(any).shown);
+            return Leave(second.file->facts.IsDirectory() ? errors::targetIsDirectory : errors::targetIsFile,
+                         second.Named(any).shown);
         if (first.file->facts.IsDirectory())
             return Enter(first, second, any);
         second.file ? SyncFile(first, second) : Copy(first.Named(any), any.facts, second.Named(any));

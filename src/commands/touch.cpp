@@ -137,6 +137,8 @@ int TakeReference(CString& arguments, TouchOptions& options)
         return result::success;
     if (name.view().starts_with(u':'))
         name.Erase(0, 1);
+    if (name.empty())
+        return UsageError();
     options.reference = ReadFileFacts(WithoutQuotes(name));
     return options.reference ? result::success : MVError(0, name);
 }

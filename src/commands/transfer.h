@@ -84,6 +84,8 @@ public:
     void Deleted(std::u16string_view name, bool isDirectory);
     // The description goes along with the file or directory.
     void Carry(const TransferName& from, const TransferName& to);
+    // Writes the descriptions that went along, before directories that hold them go.
+    void Leave();
     // Directories (full, with a separator at the end) that something was moved from, since the last call.
     std::vector<CString> TakeMovedFrom() { return std::exchange(movedFrom, {}); }
     void NoteMovedFrom(const CString& directory);
@@ -117,7 +119,6 @@ private:
     bool IsMadeAlready(const TransferItem& item, const TransferName& to);
     bool Perform(const TransferItem& item, const TransferName& from, const TransferName& to);
     void Enter(const CString& source, const CString& target);
-    void Leave();
 
     Kind kind;
     bool answersOnly = false;

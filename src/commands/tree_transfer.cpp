@@ -149,6 +149,7 @@ private:
     // Deepest first: what is done in a directory changes its times.
     void Finish()
     {
+        transfer.Leave();
         for (auto one = passed.rbegin(); one != passed.rend(); ++one) {
             DressDirectory(one->target, one->facts);
             if (transfer.Moves())
