@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "commands/definition_text.h"
 #include "core/command_switches.h"
 #include "engine/output.h"
 #include "engine/results.h"
@@ -271,6 +272,7 @@ int Direnv_Command(CString& arguments)
             return RefuseSwitch(one);
     }
     arguments.Trim();
+    DropDefinitionQuotes(arguments);
     const CString directory(
         WithoutEndSeparators(given.empty() ? CurrentDirectory() : FullPathName(WithoutQuotes(given))));
     if (!QueryIsDirectory(directory) && !forgets)

@@ -1,6 +1,7 @@
 #include "commands/sync.h"
 
 #include <algorithm>
+#include <set>
 #include <vector>
 
 #include <windows.h>
@@ -32,7 +33,7 @@ const CommandHelp syncHelp = {
     u"/J  so that a copy that fails can be gone on with by the same command\n"
     u"/R  ask before a file is replaced (also /-Y; /Y takes it back)\n"
     u"/V  compare each copy with its source\n"
-    u"/W  delete from directory2 what directory1 has not (not with /2)\n"
+    u"/W  delete from directory2 what directory1 has not (not with /2); with ranges or /A files alone\n"
     u"/Z  replace and delete read-only files too\n"
     u"/ACL  with the rights and the owner that files have\n"
     u"Directory2 gets the files of directory1 that it lacks or has in an older state; subdirectories too, "
@@ -89,9 +90,16 @@ public:
     Transfer transfer;
 
 private:
+    struct Entry : FoundFile {
+        bool chosen = true; // by ranges and attributes; directories always are
+    };
+
     struct Side {
         TransferName directory;
-        const FoundFile* file = nullptr; // null: not there
+        const Entry* file = nullptr; // null: not there
+
+        // What is not chosen is there all the same: nothing is missing on its side, but it is not taken.
+        bool IsChosen() const { return file && file->chosen; }
 
         TransferName Named(const FoundFile& like) const
         {
@@ -111,12 +119,15 @@ private:
         transfer.progress.Expect(files, bytes);
     }
 
-    void Copy(const TransferName& from, const EntryFacts& facts, const TransferName& to)
+    void Copy(const Side& from, const Side& to)
     {
+        const Entry& file = *from.file;
+        if (!file.chosen)
+            return transfer.work.Passed();
         if (!counts)
-            return transfer.Do(from, facts, to);
+            return transfer.Do(from.Named(file), file.facts, to.Named(to.file ? *to.file : file));
         ++files;
-        bytes += facts.size;
+        bytes += file.facts.size;
     }
 
     bool IsSelective() const
@@ -127,12 +138,12 @@ private:
 
     // In the order of their names. False when the directory cannot be read, which has been told; one that is
     // not there is empty.
-    bool Read(const TransferName& directory, std::vector<FoundFile>& entries)
+    bool Read(const TransferName& directory, std::vector<Entry>& entries)
     {
         if (!QueryIsDirectory(directory.directory))
             return true;
         const AttributeMasks asked = search.attributes;
-        std::vector<FoundFile> chosen;
+        std::vector<Entry> chosen;
         if (IsSelective() && !ReadOnce(directory, chosen))
             return false;
         search.attributes = AttributeMasks::Everything();
@@ -140,15 +151,17 @@ private:
         const bool read = ReadOnce(directory, entries);
         search.attributes = asked;
         search.ranges = ranges;
-        if (read && IsSelective())
-            std::erase_if(entries, [&](const FoundFile& entry) {
-                const auto same = [&](const FoundFile& one) { return one.name == entry.name; };
-                return !entry.facts.IsDirectory() && std::none_of(chosen.begin(), chosen.end(), same);
-            });
-        return read;
+        if (!read || !IsSelective())
+            return read;
+        std::set<std::u16string_view> names;
+        for (const Entry& entry : chosen)
+            names.insert(entry.name);
+        for (Entry& entry : entries)
+            entry.chosen = entry.facts.IsDirectory() || names.contains(entry.name);
+        return true;
     }
 
-    bool ReadOnce(const TransferName& directory, std::vector<FoundFile>& entries)
+    bool ReadOnce(const TransferName& directory, std::vector<Entry>& entries)
     {
         StartSearch(search, CString(u"\"") + directory.directory + u"*\"");
         SearchedDirectory found;
@@ -160,15 +173,15 @@ private:
             }
             for (FoundFile& file : found.found.files)
                 if (!IsPassedOver(file.name))
-                    entries.push_back(std::move(file));
+                    entries.push_back({std::move(file)});
         }
         return true;
     }
 
     void SyncDirectory(const TransferName& first, const TransferName& second)
     {
-        std::vector<FoundFile> ours;
-        std::vector<FoundFile> theirs;
+        std::vector<Entry> ours;
+        std::vector<Entry> theirs;
         // Without both sides nothing is known to be missing.
         if (!Read(first, ours) || !Read(second, theirs))
             return;
@@ -190,6 +203,8 @@ private:
         const FoundFile& any = first.file ? *first.file : *second.file;
         if ((first.file && IsDirectoryLink(*first.file)) || (second.file && IsDirectoryLink(*second.file)))
             return;
+        if (!first.IsChosen() && !second.IsChosen())
+            return transfer.work.Passed();
         if (!first.file)
             return OnlySecond(first, second);
         if (second.file && first.file->facts.IsDirectory() != second.file->facts.IsDirectory())
@@ -197,7 +212,7 @@ private:
                          second.Named(any).shown);
         if (first.file->facts.IsDirectory())
             return Enter(first, second, any);
-        second.file ? SyncFile(first, second) : Copy(first.Named(any), any.facts, second.Named(any));
+        second.file ? SyncFile(first, second) : Copy(first, second);
     }
 
     static bool IsDirectoryLink(const FoundFile& file)
@@ -250,7 +265,6 @@ private:
 
     void SyncFile(const Side& first, const Side& second)
     {
-        const TransferName one = first.Named(*first.file);
         const TransferName other = second.Named(*second.file);
         const int later = Later(first.file->facts.written, second.file->facts.written);
         if (later == 0 && first.file->facts.size == second.file->facts.size)
@@ -258,9 +272,9 @@ private:
         if (later == 0)
             return Leave(errors::syncConflict, other.shown);
         if (later == 1 || force)
-            return Copy(one, first.file->facts, other);
+            return Copy(first, second);
         if (transfer.switches.both)
-            return Copy(other, second.file->facts, one);
+            return Copy(second, first);
         Leave(errors::newerThere, other.shown);
     }
 
@@ -268,9 +282,9 @@ private:
     {
         const FoundFile& file = *second.file;
         if (transfer.switches.both)
-            return file.facts.IsDirectory() ? Enter(first, second, file)
-                                            : Copy(second.Named(file), file.facts, first.Named(file));
-        if (!transfer.switches.mirrors)
+            return file.facts.IsDirectory() ? Enter(first, second, file) : Copy(second, first);
+        // Of what is in a directory that goes, some may not be chosen.
+        if (!transfer.switches.mirrors || (file.facts.IsDirectory() && IsSelective()))
             return transfer.work.Passed();
         const auto source = ReadFileFacts(WithoutEndSeparators(first.directory.directory));
         if (!source || counts)
