@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/cell_width.h"
+
 namespace {
 
 using std::size_t;
@@ -22,11 +24,11 @@ void AppendWrapped(CString& text, std::u16string_view line, size_t margin, size_
 {
     size_t indent = margin;
     const size_t hanging = HangingIndent(line, margin);
-    while (width >= narrowest && indent + line.size() > width) {
-        size_t cut = line.rfind(u' ', width - indent);
-        if (cut == npos || line.find_first_not_of(u' ') > cut)
+    while (width >= narrowest) {
+        const size_t cut = WordsThatFit(line, static_cast<int>(width - indent));
+        if (cut == line.size())
             break;
-        text.Append(CString(indent, u' ')).Append(line.substr(0, cut)).TrimRight(u" ").Append(u"\r\n");
+        text.Append(CString(indent, u' ')).Append(line.substr(0, cut)).Append(u"\r\n");
         line.remove_prefix(std::min(line.find_first_not_of(u' ', cut), line.size()));
         indent = hanging < width / 2 ? hanging : margin;
     }

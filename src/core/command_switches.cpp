@@ -74,7 +74,8 @@ int UsageError()
     const BUILTIN* row = nullptr;
     if (FindInternalCommand(Tls().commandName, true, &row) < 0 || !row->help)
         return MVError(errors::syntax, Tls().commandName);
-    PrintError(LoadMessage(message::usage, UsageForms(row->help->usage)).Append(u"\r\n"));
+    constexpr int behindName = 9; // columns
+    ShowMessage(LoadMessage(message::usage, UsageForms(row->help->usage)), behindName);
     return result::error;
 }
 

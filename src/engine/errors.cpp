@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <windows.h>
 
 #include "engine/inifile.h"
@@ -7,6 +9,7 @@
 #include "engine/state.h"
 #include "platform/console.h"
 #include "platform/lazy_library.h"
+#include "text/cell_width.h"
 #include "text/format.h"
 
 namespace {
@@ -88,17 +91,28 @@ bool TellBatchFile(BATCH_FRAME* frame)
 }
 
 // The line end keeps the screen's own colours: a background would run on into the next line.
-void ShowError(const CString& line)
+void ShowRow(std::u16string_view row)
 {
-    if (!aIniFile.ErrorColors || !IsConsole(2)) {
-        PrintError(line + u"\r\n");
-        return;
-    }
     {
         const PassingColors colors(aIniFile.ErrorColors);
-        PrintError(line);
+        PrintError(row);
     }
     PrintError(u"\r\n");
+}
+
+void ShowLine(std::u16string_view line, int column, int columns, int hanging)
+{
+    constexpr int narrowest = 20; // below that words hardly fit
+    CString indent;
+    for (int room = columns - 1 - column; columns > narrowest; room = columns - 1 - hanging) {
+        const std::size_t end = WordsThatFit(line, room); // a row that is full would end twice
+        if (end == line.size())
+            break;
+        ShowRow(indent + line.substr(0, end));
+        line.remove_prefix(std::min(line.find_first_not_of(u' ', end), line.size()));
+        indent = CString(static_cast<std::size_t>(hanging), u' ');
+    }
+    ShowRow(indent + line);
 }
 
 } // namespace
@@ -109,6 +123,22 @@ CString ErrorText(unsigned code)
         return SystemText(code);
     CString text = LoadMessage(MessageNumber(code));
     return text.empty() ? Format(u"Error %u", MessageNumber(code)) : text;
+}
+
+void ShowMessage(std::u16string_view message, int hanging)
+{
+    const auto screen = IsConsole(2) ? ReadScreenFacts() : std::nullopt;
+    if (!screen) {
+        PrintError(CString(message).Append(u"\r\n"));
+        return;
+    }
+    int column = screen->cursorColumn;
+    while (!message.empty()) {
+        const std::size_t end = std::min(message.find(u"\r\n"), message.size());
+        ShowLine(message.substr(0, end), column, screen->columns, hanging);
+        message.remove_prefix(std::min(end + 2, message.size()));
+        column = 0;
+    }
 }
 
 int MVError(unsigned code, std::u16string_view argument)
@@ -124,7 +154,7 @@ int MVError(unsigned code, std::u16string_view argument)
     line.TrimRight(u"\r\n");
     WriteLogLine(Log::Errors, line);
     if (!TellBatchFile(Tls().Frame()))
-        ShowError(line);
+        ShowMessage(line);
     return result::error;
 }
 

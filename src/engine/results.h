@@ -38,6 +38,9 @@ constexpr int ResultOfExitCode(unsigned exitCode)
 // own; others are Windows error numbers, and a code below 1 stands for the thread's last error. The argument
 // takes the place of "%1" in the text, or follows it in quotes.
 int MVError(unsigned code, std::u16string_view argument = {});
+// A message on standard error, as MVError shows it: on a console in ErrorColors, and broken between words.
+// Rows that go on with a line begin in column `hanging`.
+void ShowMessage(std::u16string_view message, int hanging = 0);
 // The same for a mistake in how the text of a batch file hangs together: inside one, its name and the line
 // are told as well.
 int BatchTextError(unsigned code, std::u16string_view argument, unsigned line);

@@ -154,3 +154,17 @@ int TextWidth(std::u16string_view text)
         width += CellWidth(CodePointAt(text, at));
     return width;
 }
+
+std::size_t WordsThatFit(std::u16string_view text, int columns)
+{
+    int width = 0;
+    std::size_t fits = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (at > 0 && text[at] == u' ' && text[at - 1] != u' ' && (width <= columns || fits == 0))
+            fits = at;
+        if (width > columns && fits > 0)
+            return fits;
+        width += CellWidth(CodePointAt(text, at));
+    }
+    return width <= columns || fits == 0 ? text.size() : fits;
+}

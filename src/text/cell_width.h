@@ -10,6 +10,9 @@
 // count as 1.
 int CellWidth(std::uint32_t code);
 int TextWidth(std::u16string_view text);
+// Units of the words that a row of so many cells has room for, without the blanks behind them; at least one
+// word.
+std::size_t WordsThatFit(std::u16string_view text, int columns);
 
 // Where the character behind the one at `at` begins, and the one before it; the ends of the text at its ends.
 std::size_t NextCharacter(std::u16string_view text, std::size_t at);

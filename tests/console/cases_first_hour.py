@@ -40,6 +40,8 @@ HOUR = (
     ("Esc empties the line", "echo something else", ">echo something else"),
     ("so that it is as before", "{Escape}", ">"),
     ("a mistake is told, and the next line is a fresh one", "ecko one{Enter}", 'Unknown command "ecko"', ">"),
+    ("what was left out, too, and rows break between words", "ren a{Enter}",
+     "Usage: REN [range ...] [/A[:]attributes] [/E] [/N] [/P] [/Q] [/S] [/T] name ...", "         newname", ">"),
     # Names
     ("Tab completes a command", "hist{Tab}", ">history"),
     ("Esc takes it away", "{Escape}", ">"),
