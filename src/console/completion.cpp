@@ -64,14 +64,10 @@ private:
     {
         if (mayRepeat)
             RemoveEqual();
-        if (word.mayBeTitle && word.place == WordPlace::Command)
-            for (CompletionCandidate& candidate : candidates)
-                if (candidate.text.front() == u'"')
-                    candidate.text.Insert(0, u"\"\" ");
         if (word.touchesNext)
             for (CompletionCandidate& candidate : candidates)
                 candidate.text += u' ';
-        return {word.start, word.end, std::move(candidates)};
+        return {word.start, word.end, std::move(candidates), word.quoteAt, word.forQuotes};
     }
 
     void RemoveEqual()

@@ -28,6 +28,10 @@ struct CompletionOffer {
     std::size_t from = 0;
     std::size_t to = 0;
     std::vector<CompletionCandidate> candidates; // in the order in which they are to be tried
+    // At or in front of `from`: what is to be put in with the first candidate in quotes, which would not be
+    // taken for a name without it.
+    std::size_t quoteAt = CString::npos;
+    CString forQuotes;
 };
 
 class CompletionSource {

@@ -189,7 +189,6 @@ public:
         : text(before), at(start.at), wantsReferences(references), syntax(syntaxInForce), known(commands)
     {
         word.startsFile = start.anyFile;
-        word.mayBeTitle = start.mayBeTitle;
         while (at < text.size() && (text[at] == u'@' || text[at] == u'*'))
             ++at;
     }
@@ -416,6 +415,34 @@ std::size_t FindWordEnd(std::u16string_view line, std::size_t cursor, const Comp
     return end;
 }
 
+// In the set of FOR /F a name in quotes is a text, unless the options say "usebackq".
+void ReadForOptions(std::u16string_view text, std::size_t command, const Syntax& syntax, CompletionWord& word)
+{
+    WholeWords words(text.substr(0, word.start), command, syntax);
+    if (!words.Next())
+        return;
+    bool parses = false;
+    while (words.Next() && words.word[0] == syntax.switchChar)
+        parses = EqualNoCase(words.word.substr(1), u"F");
+    CString forQuotes(u"\"usebackq\" ");
+    std::size_t at = words.start;
+    if (words.word[0] == u'"') {
+        if (FindNoCase(words.word, u"usebackq") != npos)
+            return;
+        forQuotes = u"usebackq ";
+        ++at;
+        words.Next();
+    }
+    if (!parses || words.word[0] != u'%' || !words.Next() || !EqualNoCase(words.word, u"IN"))
+        return;
+    const std::u16string_view set = text.substr(words.at, word.start - words.at);
+    const std::size_t opening = set.find_first_not_of(u" \t");
+    if (opening == npos || set[opening] != u'(' || set.find_first_of(u")'`") != npos)
+        return;
+    word.quoteAt = at;
+    word.forQuotes = forQuotes;
+}
+
 } // namespace
 
 CompletionWord FindCompletionWord(std::u16string_view line, std::size_t cursor, bool references,
@@ -430,8 +457,14 @@ CompletionWord FindCompletionWord(std::u16string_view line, std::size_t cursor, 
             break;
         from = separator.Behind();
     }
-    CommandReader reader(text, FindInnerCommand(text, from, syntax), references, syntax, known);
+    const CommandStart start = FindInnerCommand(text, from, syntax);
+    CommandReader reader(text, start, references, syntax, known);
     CompletionWord word = reader.Read();
+    if (start.mayBeTitle && word.place == WordPlace::Command) {
+        word.quoteAt = word.start;
+        word.forQuotes = u"\"\" ";
+    } else if (EqualNoCase(word.command, u"FOR"))
+        ReadForOptions(text, start.at, syntax, word);
     word.end = FindWordEnd(line, cursor, word, reader.InQuotes(), syntax);
     word.touchesNext = word.end == cursor && word.start == cursor && cursor < line.size() &&
                        !IsDelimiter(line[cursor], syntax) &&

@@ -21,13 +21,14 @@ struct CompletionWord {
     WordPlace place = WordPlace::Command;
     std::size_t start = 0; // the part of the line that a candidate replaces
     std::size_t end = 0;
-    CString text;                // what stands of it before the cursor, quotes and escapes taken off
-    bool quoted = false;         // it begins with a double quote
-    bool touchesNext = false;    // another word follows without a blank between
-    bool inBrackets = false;     // an argument of a function
-    bool isValue = false;        // it stands behind a "="
-    bool startsFile = false;     // the command's name, where any document does as well (START)
-    bool mayBeTitle = false;     // at Command: in quotes it would be a title (START)
+    CString text;                        // what stands of it before the cursor, quotes and escapes taken off
+    bool quoted = false;                 // it begins with a double quote
+    bool touchesNext = false;            // another word follows without a blank between
+    bool inBrackets = false;             // an argument of a function
+    bool isValue = false;                // it stands behind a "="
+    bool startsFile = false;             // the command's name, where any document does as well (START)
+    std::size_t quoteAt = CString::npos; // what CompletionOffer of completion_source.h says
+    CString forQuotes;
     CString command;             // the name of the command that it belongs to, "" at Command
     std::vector<CString> before; // the words between the two, redirections left out
 };

@@ -15,7 +15,15 @@ void Put(LineEditor& editor, std::size_t index)
 {
     Completing& now = *editor.completing;
     const CString& candidate = now.offer.candidates[index].text;
-    editor.text.Replace(now.from, now.to, candidate);
+    CString& forQuotes = now.offer.forQuotes;
+    if (candidate.front() == u'"' && !forQuotes.empty()) {
+        const std::size_t at = std::min(now.offer.quoteAt, now.from);
+        const CString between = editor.text.Text().Substr(at, now.from - at);
+        editor.text.Replace(at, now.to, forQuotes + between + candidate);
+        now.from += forQuotes.size();
+        forQuotes.Clear();
+    } else
+        editor.text.Replace(now.from, now.to, candidate);
     now.index = index;
     now.to = now.from + candidate.size();
     now.version = editor.text.Version();
@@ -183,6 +191,7 @@ void LFNToggle(LineEditor& editor)
         return;
     }
     editor.completing->offer = offer;
+    editor.completing->offer.forQuotes = before.offer.forQuotes;
     editor.completing->shortNames = !before.shortNames;
     Put(editor, std::min(before.index, offer.candidates.size() - 1));
 }

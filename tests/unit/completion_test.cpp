@@ -18,6 +18,8 @@ std::u16string Completed(FakeCompletionWorld& world, std::u16string_view line,
     for (const CompletionCandidate& candidate : offer.candidates) {
         CString result(plain);
         result.Replace(offer.from, offer.to - offer.from, candidate.text);
+        if (candidate.text.front() == u'"' && !offer.forQuotes.empty())
+            result.Insert(offer.quoteAt, offer.forQuotes);
         all += (all.empty() ? u"" : u"|") + std::u16string(result.view());
     }
     return all;
@@ -90,6 +92,13 @@ TEST(Completion, CommandsAreOfferedWhereOneBegins)
                          {u"if a==b (ru|", u"if a==b (run.exe|if a==b (runner.exe"},
                          {u"for %x in (*.txt) do @ed|", u"for %x in (*.txt) do @Edit.com"},
                          {u"for %x in (be|", u"for %x in (beta.txt"},
+                         {u"for /f %i in (my|", u"for /f \"usebackq\" %i in (\"my file.txt\""},
+                         {u"@for /d /f \"delims=,\" %i in (be my|",
+                          u"@for /d /f \"usebackq delims=,\" %i in (be \"my file.txt\""},
+                         {u"for /f \"UseBackQ\" %i in (my|", u"for /f \"UseBackQ\" %i in (\"my file.txt\""},
+                         {u"for /f %i in ('type my|", u"for /f %i in ('type \"my file.txt\""},
+                         {u"for /f %i in (x) do type my|", u"for /f %i in (x) do type \"my file.txt\""},
+                         {u"for %i in (my|", u"for %i in (\"my file.txt\""},
                          {u"start /wait be|", u"start /wait beta.txt"},
                          {u"start /wait my|", u"start /wait \"\" \"my file.txt\""},
                          {u"start \"\" my|", u"start \"\" \"my file.txt\""},
