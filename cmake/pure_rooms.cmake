@@ -45,6 +45,7 @@ set(MOVACORE_PURE_ROOMS
   src/console/editor_window.cpp
   src/console/history_block.cpp
   src/console/history_recall.cpp
+  src/console/inner_commands.cpp
   src/console/history_rules.cpp
   src/console/key_codes.cpp
   src/console/key_press_names.cpp

@@ -5,6 +5,7 @@
 
 #include "console/extended_window.h"
 #include "console/history.h"
+#include "console/inner_commands.h"
 #include "console/popup_style.h"
 #include "core/command_lookup.h"
 #include "core/separators.h"
@@ -18,6 +19,7 @@
 #include "platform/console.h"
 #include "platform/console_window.h"
 #include "platform/dialogs.h"
+#include "text/scanner.h"
 #include "text/words.h"
 
 namespace {
@@ -128,22 +130,31 @@ void SystemEditorWorld::ReplaceInHistory(bool directories, std::u16string_view l
 
 void SystemEditorWorld::PrintHistory() { Command_S(u"*history", 0); }
 
-// What an alias stands for is not looked at again.
+// The commands of the line and those inside them; what an alias stands for is not looked at again.
 bool SystemEditorWorld::ExpandAliasesIn(CString& line)
 {
     const Syntax syntax = CurrentSyntax();
     CString expanded;
-    for (std::u16string_view rest = line;;) {
-        const std::size_t begin = std::min(rest.find_first_not_of(u" \t("), rest.size());
+    for (std::u16string_view rest = line; !rest.empty();) {
+        const std::size_t begin = std::min(rest.find_first_not_of(u" \t()"), rest.size());
         const Separator stop = FindSeparator(rest, begin, CommandShape::Plain, syntax);
-        CString command(rest.substr(begin, std::min(stop.at, rest.size()) - begin));
+        const std::size_t closing = scan(rest, u")", quotes::bothAndParentheses, syntax, begin);
+        const std::size_t end = std::min({stop.at, closing, rest.size()});
+        CString command(rest.substr(begin, end - begin));
         if (!ExpandCommandAliases(command))
             return false;
-        expanded.Append(rest.substr(0, begin)).Append(command);
-        if (stop.connector == Connector::None)
-            break;
-        expanded.Append(rest.substr(stop.at, stop.length));
-        rest.remove_prefix(stop.Behind());
+        expanded.Append(rest.substr(0, begin));
+        CommandStart taken;
+        const CString whole = CString(rest.substr(0, end)) + u" "; // its last word does not touch the end
+        if (command.view() == rest.substr(begin, end - begin) &&
+            FindTakenCommand(whole, begin, syntax, taken)) {
+            expanded.Append(rest.substr(begin, std::min(taken.at, end) - begin));
+            rest.remove_prefix(std::min(taken.at, end));
+            continue;
+        }
+        const std::size_t behind = end == stop.at ? stop.Behind() : end;
+        expanded.Append(command).Append(rest.substr(end, behind - end));
+        rest.remove_prefix(behind);
     }
     line = expanded;
     return true;

@@ -29,8 +29,10 @@ def history_window(console):
     console.keys("Escape")
     console.line("xhistory /b & alias ll=*dir /w & alias al=`ll|cd`")
     console.ends_with("xhistory /f", "echo one", "ver > nul", "echo ones", "cls & history", ">")
-    console.text("al & (ll x) && *ll")
+    console.text("al & (ll x) && *ll & for %i in (ll) do if a==b (ll) else do 2 (call ll)")
     console.keys("C-w")
-    console.ends_with(">*dir /w|cd & (*dir /w x) && *ll")
+    rows = (">*dir /w|cd & (*dir /w x) && *ll & for %i in (ll) do if a==b (*dir /w) else do 2",
+            " (call *dir /w)")
+    console.ends_with(*rows)
     console.keys("C-F7")
-    console.ends_with('Dialog not available in this version "Regex"', ">*dir /w|cd & (*dir /w x) && *ll")
+    console.ends_with('Dialog not available in this version "Regex"', *rows)
