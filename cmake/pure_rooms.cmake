@@ -100,6 +100,7 @@ set(MOVACORE_PURE_ROOMS
   src/files/range_reading.cpp
   src/files/ranges.cpp
   src/files/regex.cpp
+  src/files/required_text.cpp
   src/files/search_names.cpp
   src/files/target_names.cpp
   src/files/text_pieces.cpp

@@ -127,7 +127,8 @@ private:
     using Side = std::optional<EntryFacts> Entry::*;
 
     void Collect(const CString& root, std::u16string_view pattern, Side side);
-    bool IsSame(const CString& name, const Entry& entry);
+    // Nothing for two that could not be compared, which is reported.
+    std::optional<bool> IsSame(const CString& name, const Entry& entry);
     void Show(char16_t letter, unsigned line, const CString& name);
     void ShowTotals() const;
     void Failed(unsigned code, std::u16string_view name)
@@ -155,12 +156,12 @@ void DirectoryDiffering::Collect(const CString& root, std::u16string_view patter
         search.attributes.forbidden |= file_attribute::directory;
     const CString name = AddQuotes(JoinPath(root, pattern));
     for (bool found = FindFiles(search, name); found; found = FindFiles(search))
-        entries[search.fullName.Substr(root.size())].*side = search.file.facts;
+        entries[search.name.Substr(root.size())].*side = search.file.facts;
     if (search.error != 0)
         Failed(search.error, search.failed);
 }
 
-bool DirectoryDiffering::IsSame(const CString& name, const Entry& entry)
+std::optional<bool> DirectoryDiffering::IsSame(const CString& name, const Entry& entry)
 {
     if (entry.left->IsDirectory() || entry.right->IsDirectory())
         return entry.left->IsDirectory() == entry.right->IsDirectory();
@@ -174,10 +175,14 @@ bool DirectoryDiffering::IsSame(const CString& name, const Entry& entry)
         const std::uint64_t b = entry.right->written;
         return (a > b ? a - b : b - a) <= tolerance;
     }
-    const FileComparison comparison = CompareFiles(roots[0] + name, roots[1] + name);
-    if (comparison.error)
-        Failed(comparison.error, comparison.failed);
-    return comparison.same;
+    const auto opened = [&](const CString& root) {
+        return PathOfEntry(root + DirectoryPart(name), FileNamePart(name));
+    };
+    const FileComparison comparison = CompareFiles(opened(roots[0]), opened(roots[1]));
+    if (!comparison.error)
+        return comparison.same;
+    Failed(comparison.error, comparison.failed);
+    return std::nullopt;
 }
 
 void DirectoryDiffering::Show(char16_t letter, unsigned line, const CString& name)
@@ -217,10 +222,8 @@ int DirectoryDiffering::Run(const CString& left, std::u16string_view pattern, co
             Show(u'L', message::onlyLeft, shown);
         else if (!entry.left)
             Show(u'R', message::onlyRight, shown);
-        else if (IsSame(name, entry))
-            Show(u'S', message::sameFiles, shown);
-        else
-            Show(u'D', message::differentFiles, shown);
+        else if (const std::optional<bool> same = IsSame(name, entry))
+            *same ? Show(u'S', message::sameFiles, shown) : Show(u'D', message::differentFiles, shown);
         if (output.Refused())
             break;
     }

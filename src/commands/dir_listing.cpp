@@ -206,7 +206,7 @@ PaintedText DirListing::LongLine(const SearchedDirectory& directory, const Found
         line.Append(Format(u"%-22s ", questions.Owner(directory.found.name, file.name)));
     line.Append(ShownName(file), ColorOf(file));
     if ((file.facts.attributes & file_attribute::reparsePoint) != 0)
-        if (const LinkTarget link = ReadLinkTarget(JoinPath(directory.found.name, file.name));
+        if (const LinkTarget link = ReadLinkTarget(PathOfEntry(directory.found.name, file.name));
             !link.target.empty())
             line.Append(u" [").Append(link.target).Append(u"]");
     if (descriptions)
@@ -225,7 +225,7 @@ void DirListing::WriteLong(const SearchedDirectory& directory)
         output.Line(LongLine(directory, file));
         if (!options.streams || IsDots(file.name))
             continue;
-        const CString path = JoinPath(directory.found.name, file.name);
+        const CString path = PathOfEntry(directory.found.name, file.name);
         for (const FileStream& stream : NamedStreams(path))
             output.Line(Format(u"%37s %s%s", texts.Number(stream.size), ShownName(file), stream.name));
     }

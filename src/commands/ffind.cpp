@@ -13,7 +13,7 @@ const CommandHelp ffindHelp = {
     u"Finds files by name, attributes, date, size and contents.",
     u"FFIND [range ...] [/T\"text\" | /E\"expression\" | /X\"bytes\"] [/A[:]attributes] [/B] [/C] "
     u"[/D[drives]] [/F] [/I] [/K] [/L] [/M] [/N] [/O[:]order] [/P] [/S[levels]] [/U] [/V] [/W[lines]] [/Y] "
-    u"name ...",
+    u"[name ...]",
     u"/A  files with attributes, as DIR /A tells\n"
     u"/B  names alone\n"
     u"/C  letter case counts in texts and expressions\n"
@@ -32,9 +32,10 @@ const CommandHelp ffindHelp = {
     u"/W  with so many lines around it, 2 if not told\n"
     u"/X  files that hold these bytes, in pairs of hexadecimal digits\n"
     u"/Y  ask after each file whether to go on\n"
-    u"Names and ranges are those of DIR. UTF-8, UTF-16 and the code page are recognised; a file that is no "
-    u"text is named without its lines. The result is 0 when a file was found, 1 when none was. The result "
-    u"counters are %_ffind_files, %_ffind_dirs and %_ffind_errors.",
+    u"Names and ranges are those of DIR. UTF-8 and UTF-16 are recognised, other texts are read in the code "
+    u"page of the console and in that of windowed programs; a file that is no text is named without its "
+    u"lines. The result is 0 when a file was found, 1 when none was. The result counters are "
+    u"%_ffind_files, %_ffind_dirs and %_ffind_errors.",
     u"ffind /s *.txt\n"
     u"ffind /s /v /l /t\"to do\" *.c;*.h\n"
     u"ffind /s /b /e\"^version *=\" *.ini\n"

@@ -39,6 +39,7 @@ struct WantedTexts {
     CString text;
     CString expression;
     CString hex;
+    int given = 0; // switches
     bool plain = false;
     bool exact = false;
 };
@@ -46,8 +47,8 @@ struct WantedTexts {
 int MakeSearch(const WantedTexts& wanted, FfindOptions& options)
 {
     const int kinds = !wanted.text.empty() + !wanted.expression.empty() + !wanted.hex.empty();
-    if (kinds > 1)
-        return UsageError();
+    if (kinds > 1 || kinds != wanted.given)
+        return UsageError(); // an empty text, too: it would be found everywhere
     if (!wanted.hex.empty())
         return ReadHexBytes(wanted.hex, options.bytes);
     const RegexCase letterCase = wanted.exact ? RegexCase::Exact : RegexCase::Ignore;
@@ -109,9 +110,9 @@ int ReadLetters(CString& arguments, FfindOptions& options)
 int ReadFfindOptions(CString& arguments, FfindOptions& options)
 {
     WantedTexts wanted;
-    TakeSwitchText(arguments, u"T", wanted.text);
-    TakeSwitchText(arguments, u"E", wanted.expression);
-    TakeSwitchText(arguments, u"X", wanted.hex);
+    wanted.given += TakeSwitchText(arguments, u"T", wanted.text);
+    wanted.given += TakeSwitchText(arguments, u"E", wanted.expression);
+    wanted.given += TakeSwitchText(arguments, u"X", wanted.hex);
     if (const int code = GetRange(arguments, &options.ranges, 0))
         return code;
     if (const int code = ReadLetters(arguments, options))

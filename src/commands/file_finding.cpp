@@ -1,5 +1,6 @@
 #include "commands/file_finding.h"
 
+#include <algorithm>
 #include <deque>
 
 #include <windows.h>
@@ -9,6 +10,7 @@
 #include "files/file_search.h"
 #include "files/text_lines.h"
 #include "lang/file_messages.h"
+#include "platform/codepage.h"
 #include "text/content_kind.h"
 #include "text/format.h"
 #include "text/path_names.h"
@@ -18,10 +20,17 @@ namespace {
 constexpr int nothingFound = 1;
 constexpr std::size_t longestShown = 4096; // units of a line
 
-// Control characters would move the cursor.
-CString Presentable(std::u16string_view line)
+// Control characters would move the cursor. Of a line that is too long the part with the match is shown.
+CString Presentable(std::u16string_view line, Regex::Span match)
 {
-    CString text(line.substr(0, longestShown));
+    constexpr std::size_t before = 100; // units in front of such a match
+    const std::size_t from =
+        match.start + match.length > longestShown ? match.start - std::min(match.start, before) : 0;
+    CString text(line.substr(from, longestShown));
+    if (from > 0)
+        text.Insert(0, u"...");
+    if (line.size() - from > longestShown)
+        text.Append(u"...");
     for (std::size_t i = 0; i < text.size(); ++i)
         if (text[i] < u' ' && text[i] != u'\t')
             text.Edit()[i] = u'.';
@@ -77,7 +86,12 @@ void FileFinding::Look(const CString& path, const FoundFile& file)
         return FoundName(path, file);
     named = false;
     progress.Begin(path);
-    const bool holds = options.bytes ? LookAtBytes(path, *options.bytes) : LookInside(path);
+    const CString opened = PathOfEntry(DirectoryPart(path), file.name);
+    unsigned error = 0;
+    const bool holds =
+        options.bytes ? LookAtBytes(path, opened, *options.bytes, error) : LookInside(path, opened, error);
+    if (error)
+        return Failed(error, path);
     if (holds == options.inverse)
         return;
     if (options.inverse || options.bare)
@@ -120,10 +134,11 @@ void FileFinding::Header(const CString& path)
     named = true;
 }
 
-bool FileFinding::LookAtBytes(const CString& path, const ByteSearch& search)
+bool FileFinding::LookAtBytes(const CString& path, const CString& opened, const ByteSearch& search,
+                              unsigned& error)
 {
     bool found = false;
-    const bool read = scan.Open(path) && scan.Find(search, [&](std::uint64_t place) {
+    const bool read = scan.Open(opened) && scan.Find(search, [&](std::uint64_t place) {
         found = true;
         ++matches;
         Header(path);
@@ -131,82 +146,109 @@ bool FileFinding::LookAtBytes(const CString& path, const ByteSearch& search)
             Line(LoadMessage(message::foundAtPlace, Format(u"%u (0x%X)", place, place)));
         return WantsMore();
     });
-    if (!read)
-        Failed(0, path);
-    return found || (!read && options.inverse);
+    error = read ? 0 : GetLastError();
+    return found;
 }
 
 // Files that cannot hold a match are told by their bytes, which is many times faster than decoding them.
-bool FileFinding::LookInside(const CString& path)
+bool FileFinding::LookInside(const CString& path, const CString& opened, unsigned& error)
 {
     constexpr std::size_t lookedAt = 4096;
-    if (!scan.Open(path)) {
-        Failed(0, path);
-        return options.inverse;
+    if (!scan.Open(opened)) {
+        error = GetLastError();
+        return false;
     }
     const std::u16string_view kind = ContentKind(scan.Start(lookedAt));
+    const bool isText = kind != u"binary";
     if (kind == u"utf16be")
-        return LookAtLines(path);
+        return LookAtLines(path, opened, isText, error);
     const std::size_t width = kind == u"utf16" ? 2 : 1;
     if (width != filterWidth) {
         filter = options.lines->Prefilter(width);
         filterWidth = width;
     }
     if (!filter)
-        return LookAtLines(path);
+        return LookAtLines(path, opened, isText, error);
     bool may = false;
     const bool read = scan.Find(*filter, [&](std::uint64_t) {
         may = true;
         return false;
     });
-    if (!read) {
-        Failed(0, path);
-        return options.inverse;
-    }
+    if (!read)
+        error = GetLastError();
     if (!may)
         return false;
-    if (kind != u"binary")
-        return LookAtLines(path);
+    if (isText || !options.lines->IsPlain())
+        return LookAtLines(path, opened, isText, error);
+    FoundInBinary(path);
+    return true;
+}
+
+void FileFinding::FoundInBinary(const CString& path)
+{
     ++matches;
     Header(path);
     if (Shows())
         Line(LoadMessage(message::foundInBinary));
-    return true;
 }
 
-bool FileFinding::LookAtLines(const CString& path)
+// Bytes of a code page are read in the console's and, when that finds nothing, in that of windowed programs.
+bool FileFinding::LookAtLines(const CString& path, const CString& opened, bool isText, unsigned& error)
 {
-    TextLines reader;
-    if (!reader.Open(path)) {
-        Failed(0, path);
-        return options.inverse;
+    for (unsigned codePage = 0;; codePage = GetACP()) {
+        TextLines lines;
+        if (!lines.Open(opened)) {
+            error = GetLastError();
+            return false;
+        }
+        lines.UseCodePage(codePage);
+        const bool found = LookAtLinesOf(lines, path, isText);
+        error = lines.Failure();
+        const bool last = found || error || codePage || !options.lines->NeedsCodePage() ||
+                          lines.Encoding().encoding != TextEncoding::CodePage || GetACP() == OutputCodePage();
+        if (last)
+            return found;
     }
+}
+
+bool FileFinding::LookAtLinesOf(TextLines& reader, const CString& path, bool isText)
+{
     struct Kept {
         CString text;
         std::uint64_t number;
     };
     std::deque<Kept> before;
     std::uint64_t number = 0;
-    std::size_t after = 0; // lines that are still to be shown
+    std::uint64_t lastShown = 0; // its number
+    std::size_t after = 0;       // lines that are still to be shown
     bool found = false;
     for (std::u16string_view line; reader.Next(line);) {
         ++number;
-        if ((!found || WantsMore()) && options.lines->Find(line)) {
-            found = true;
+        const auto match = !found || WantsMore() ? options.lines->Find(line) : std::nullopt;
+        if (match && !isText) {
+            FoundInBinary(path);
+            return true;
+        }
+        if (match) {
             Header(path);
+            if (found && options.context > 0 && Shows() && number - before.size() > lastShown + 1)
+                Line(u"--");
+            found = true;
             for (const Kept& one : before)
-                Show(one.text, one.number, u'-');
+                Show(one.text, one.number, u'-', {0, 0});
             before.clear();
             ++matches;
-            Show(line, number, u':');
+            Show(line, number, u':', *match);
+            lastShown = number;
             after = Shows() ? options.context : 0;
             if (!WantsMore() && after == 0)
                 break;
             continue;
         }
-        if (after > 0)
-            Show(line, number, u'-');
-        else if (options.context > 0 && Shows()) {
+        if (after > 0) {
+            Show(line, number, u'-', {0, 0});
+            lastShown = number;
+        } else if (options.context > 0 && Shows()) {
             if (before.size() == options.context)
                 before.pop_front();
             before.push_back({CString(line), number});
@@ -217,11 +259,11 @@ bool FileFinding::LookAtLines(const CString& path)
     return found;
 }
 
-void FileFinding::Show(std::u16string_view line, std::uint64_t number, char16_t mark)
+void FileFinding::Show(std::u16string_view line, std::uint64_t number, char16_t mark, Regex::Span match)
 {
     if (!Shows())
         return;
-    const CString shown = Presentable(line);
+    const CString shown = Presentable(line, match);
     Line(options.lineNumbers ? Format(u"%6u%c %s", number, mark, shown) : shown);
 }
 

@@ -13,6 +13,7 @@
 #include "engine/internal_entry.h"
 #include "files/file_entry.h"
 #include "files/file_scan.h"
+#include "files/text_lines.h"
 
 class FileFinding {
 public:
@@ -36,11 +37,14 @@ private:
     void Found(const CString& path, const FoundFile& file);
     void FoundName(const CString& path, const FoundFile& file);
     void Header(const CString& path);
-    // Whether the file holds what is looked for; the matches are shown on the way.
-    bool LookAtBytes(const CString& path, const ByteSearch& search);
-    bool LookInside(const CString& path);
-    bool LookAtLines(const CString& path);
-    void Show(std::u16string_view line, std::uint64_t number, char16_t mark);
+    // Whether the file holds what is looked for; the matches are shown on the way. `path` is how it is shown,
+    // `opened` what the system takes for this entry. `error` is a Windows error number, or stays 0.
+    bool LookAtBytes(const CString& path, const CString& opened, const ByteSearch& search, unsigned& error);
+    bool LookInside(const CString& path, const CString& opened, unsigned& error);
+    bool LookAtLines(const CString& path, const CString& opened, bool isText, unsigned& error);
+    bool LookAtLinesOf(TextLines& reader, const CString& path, bool isText);
+    void FoundInBinary(const CString& path);
+    void Show(std::u16string_view line, std::uint64_t number, char16_t mark, Regex::Span match);
     void Line(const PaintedText& line);
     void Line(std::u16string_view line);
     bool Shows() const { return !options.bare && !options.inverse && !options.summaryOnly; }

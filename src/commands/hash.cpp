@@ -181,10 +181,10 @@ bool DigestWatched(const CString& name, std::span<Digest> digests)
 }
 
 // Prints the file's checksums, or compares the first with what is wanted.
-int HashFile(const CString& name, const HashOptions& options)
+int HashFile(const CString& name, const CString& fullName, const HashOptions& options)
 {
     std::vector<Digest> digests = MakeDigests(options);
-    if (!DigestWatched(name, digests))
+    if (!DigestWatched(fullName, digests))
         return MVError(0, name);
     if (options.wanted.empty())
         return PrintDigests(digests, options, name);
@@ -204,7 +204,7 @@ int HashFiles(const CString& name, const HashOptions& options)
     bool found = false;
     for (bool more = FindFiles(search, name); more; more = FindFiles(search)) {
         found = true;
-        if (HashFile(search.name, options) != result::success)
+        if (HashFile(search.name, search.fullName, options) != result::success)
             code = result::error;
     }
     if (search.error != 0)

@@ -209,7 +209,7 @@ CString FormattedListing::FunctionOf(const PdirField& field, const CString& path
 
 CString FormattedListing::ValueOf(const PdirField& field, const CString& directory, const FoundFile& file)
 {
-    const CString path = JoinPath(directory, file.name);
+    const CString path = PathOfEntry(directory, file.name);
     switch (field.letter) {
     case u'a': return AttributeLetters(file.facts.attributes);
     case u'b': return file.name.Substr(0, ExtensionStart(file.name));
@@ -217,7 +217,7 @@ CString FormattedListing::ValueOf(const PdirField& field, const CString& directo
     case u'd':
     case u't': return TimeOf(field, file);
     case u'e': return CString(ExtensionPart(file.name));
-    case u'f': return path;
+    case u'f': return JoinPath(directory, file.name);
     case u'h': {
         const std::optional<FileIdentity> identity = IdentifyFile(path);
         return identity ? Format(u"%u", identity->links) : CString();

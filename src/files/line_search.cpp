@@ -2,9 +2,15 @@
 
 #include <algorithm>
 
+#include "files/required_text.h"
 #include "text/compare.h"
 
 namespace {
+
+bool IsAscii(std::u16string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 128; });
+}
 
 CString ExpressionOfWildcards(std::u16string_view text)
 {
@@ -27,23 +33,28 @@ CString ExpressionOfWildcards(std::u16string_view text)
 } // namespace
 
 LineSearch::LineSearch(std::u16string_view text, LineSearchKind kind, RegexCase letters, RegexSyntax syntax)
-    : letterCase(letters)
+    : beyondAscii(!IsAscii(text)), letterCase(letters)
 {
     if (kind == LineSearchKind::Wildcards && text.find_first_of(u"*?") == text.npos)
         kind = LineSearchKind::Plain;
-    if (kind == LineSearchKind::Plain)
+    if (kind == LineSearchKind::Plain) {
         plain = text;
-    else if (kind == LineSearchKind::Wildcards)
-        regex.emplace(ExpressionOfWildcards(text), RegexSyntax::Perl, RegexMatch::Anywhere, letters);
-    else
-        regex.emplace(text, syntax, RegexMatch::Anywhere, letters);
+        needed = beyondAscii ? CString() : plain;
+        return;
+    }
+    const bool wildcards = kind == LineSearchKind::Wildcards;
+    const CString expression = wildcards ? ExpressionOfWildcards(text) : CString(text);
+    const RegexSyntax dialect = wildcards ? RegexSyntax::Perl : syntax;
+    regex.emplace(expression, dialect, RegexMatch::Anywhere, letters);
+    needed = RequiredText(expression, dialect, letters);
 }
 
 std::optional<Regex::Span> LineSearch::Find(std::u16string_view line) const
 {
     if (regex) {
+        // Where a match stands costs memory, and most lines hold none.
         std::vector<Regex::Span> groups;
-        if (!regex->Search(line, 0, &groups) || groups.empty())
+        if (!regex->Search(line) || !regex->Search(line, 0, &groups) || groups.empty())
             return std::nullopt;
         return groups.front();
     }
@@ -55,12 +66,10 @@ std::optional<Regex::Span> LineSearch::Find(std::u16string_view line) const
 
 std::optional<ByteSearch> LineSearch::Prefilter(std::size_t width) const
 {
-    const std::u16string_view text = plain;
-    if (regex || text.empty() ||
-        std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit >= 128; }))
+    if (needed.empty())
         return std::nullopt;
     std::string bytes;
-    for (const char16_t unit : text) {
+    for (const char16_t unit : needed.view()) {
         bytes.push_back(static_cast<char>(unit));
         bytes.append(width - 1, '\0');
     }

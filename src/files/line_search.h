@@ -24,9 +24,15 @@ public:
     // The bytes without which no file in this width of characters (1 or 2 bytes) can hold a match; nothing
     // when only decoding tells.
     std::optional<ByteSearch> Prefilter(std::size_t width) const;
+    // Whether these bytes are a match, and not only needed for one.
+    bool IsPlain() const { return !regex; }
+    // Whether it depends on the code page of a text what is found in it.
+    bool NeedsCodePage() const { return beyondAscii; }
 
 private:
     CString plain;
+    CString needed; // ASCII that every match holds, or ""
+    bool beyondAscii;
     RegexCase letterCase;
     std::optional<Regex> regex;
 };

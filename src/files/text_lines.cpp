@@ -1,12 +1,16 @@
 #include "files/text_lines.h"
 
+#include <windows.h>
+
 // Drops what was handed out and reads on; false at the end of the file.
 bool TextLines::Refill()
 {
     text.Erase(0, at);
     at = 0;
     CString piece;
-    if (atEnd || !reader.Read(piece) || piece.empty()) {
+    if (!atEnd && !reader.Read(piece))
+        failure = GetLastError();
+    if (atEnd || piece.empty()) {
         atEnd = true;
         return false;
     }

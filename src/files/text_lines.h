@@ -11,8 +11,14 @@ public:
         return reader.Open(name, others);
     }
 
+    // As TextReader has them.
+    void UseCodePage(unsigned page) { reader.UseCodePage(page); }
+    const RecognisedEncoding& Encoding() const noexcept { return reader.Encoding(); }
+
     // The next line without its end (CR LF or LF); false at the end. Valid until the next call.
     bool Next(std::u16string_view& line);
+    // Behind the last line: what reading failed with, a Windows error number, or 0.
+    unsigned Failure() const { return failure; }
 
 private:
     bool Refill();
@@ -21,4 +27,5 @@ private:
     CString text;
     std::size_t at = 0;
     bool atEnd = false;
+    unsigned failure = 0;
 };

@@ -83,7 +83,9 @@ bool TextReader::Read(CString& piece)
     }
     if (whole == 0)
         whole = atEnd ? block.size() : WholeCharacters(block, encoding.encoding);
-    piece = DecodeText(std::string_view(block).substr(0, whole), encoding.encoding);
+    const std::string_view bytes = std::string_view(block).substr(0, whole);
+    piece = codePage && encoding.encoding == TextEncoding::CodePage ? FromCodePage(bytes, codePage)
+                                                                    : DecodeText(bytes, encoding.encoding);
     block.erase(0, whole);
     return true;
 }

@@ -22,6 +22,8 @@ public:
     // False when the file cannot be opened. Other programs may read it meanwhile.
     bool Open(std::u16string_view name, OtherWriters others = OtherWriters::Allowed);
 
+    // The code page of texts that are in one, in place of the console's.
+    void UseCodePage(unsigned page) { codePage = page; }
     const RecognisedEncoding& Encoding() const noexcept { return encoding; }
 
     // The next piece of the text, its line ends as they stand; empty at the end. Pieces end at line ends but
@@ -38,6 +40,7 @@ private:
     OwnedHandle file;
     std::string block; // read but not handed out
     RecognisedEncoding encoding;
+    unsigned codePage = 0; // 0: the console's
     bool atEnd = false;
     bool highByteFirst = false;
     bool markPassed = false;
