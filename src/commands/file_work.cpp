@@ -76,13 +76,17 @@ void FileWork::ForEachDirectory(FILESEARCH& search, const CString& argument,
     StartSearch(search, argument);
     SearchedDirectory directory;
     bool any = false;
+    bool told = false;
     while (!stopped && NextDirectory(search, directory)) {
         if (directory.found.error)
             Failed(directory.found.error, directory.found.name);
+        told = told || directory.found.error != 0;
         any = any || !directory.found.files.empty();
         visit(directory);
     }
-    if (any || stopped || search.error != 0)
+    if (search.error != 0 && !told)
+        return Failed(search.error, search.failed);
+    if (any || stopped || told)
         return;
     const CString name = WithoutQuotes(argument);
     // Not the directory is missing, but something in it.

@@ -17,6 +17,7 @@
 
 namespace {
 
+constexpr unsigned fileNotFound = 2;
 constexpr unsigned invalidParameter = 87;
 
 RegexSyntax SyntaxOfRegexes() { return static_cast<RegexSyntax>(aIniFile.RegularExpressions); }
@@ -25,6 +26,7 @@ RegexSyntax SyntaxOfRegexes() { return static_cast<RegexSyntax>(aIniFile.Regular
 struct Plan {
     CString shown;
     WalkRequest request;
+    bool listed = false; // by a line of a list
 };
 
 bool MayBeMisread(const SearchName& name)
@@ -59,6 +61,7 @@ struct SearchState {
     CString shownRoot;
     std::size_t rootLength = 0; // of the full name that shownRoot stands for
     bool literal = false;
+    CString listed; // the one file that a line of a list names, as it is told
     std::unique_ptr<FileWalk> walk;
     // For FindFiles.
     SearchedDirectory current;
@@ -66,6 +69,15 @@ struct SearchState {
 };
 
 namespace {
+
+// The first time.
+void Note(FILESEARCH& search, unsigned code, std::u16string_view name)
+{
+    if (search.error == 0) {
+        search.error = code;
+        search.failed = name;
+    }
+}
 
 class Planner {
 public:
@@ -87,6 +99,7 @@ private:
         TextReader reader;
         if (!reader.Open(listName))
             return Fail(GetLastError(), listName);
+        readsList = true;
         CString piece;
         CString rest; // of a line that goes on in the next piece
         while (reader.Read(piece) && !piece.empty()) {
@@ -150,6 +163,7 @@ private:
     {
         Plan plan;
         plan.shown = shown;
+        plan.listed = readsList;
         plan.request.directory = FullPathName(shown.empty() ? CString(u".") : shown);
         if (!IsPathSeparator(plan.request.directory.back()))
             plan.request.directory.Append(u'\\');
@@ -166,16 +180,11 @@ private:
         return std::make_shared<NamePattern>(pattern, SyntaxOfRegexes());
     }
 
-    void Fail(unsigned code, std::u16string_view name) const
-    {
-        if (search.error == 0) {
-            search.error = code;
-            search.failed = name;
-        }
-    }
+    void Fail(unsigned code, std::u16string_view name) const { Note(search, code, name); }
 
     FILESEARCH& search;
     SearchState& state;
+    bool readsList = false;
 };
 
 bool StartNextWalk(SearchState& state)
@@ -187,6 +196,7 @@ bool StartNextWalk(SearchState& state)
     state.shownRoot = plan.shown;
     state.rootLength = plan.request.directory.size();
     state.literal = !plan.request.literalName.empty();
+    state.listed = plan.listed && state.literal ? plan.shown + plan.request.literalName : CString();
     state.walk = std::make_unique<FileWalk>(std::move(plan.request), state.directories, state.clock);
     return true;
 }
@@ -225,12 +235,19 @@ bool NextDirectory(FILESEARCH& search, SearchedDirectory& directory)
             break;
         state.walk.reset();
     }
+    // Of an argument the caller sees that nothing was found; that of a list goes on with the next line.
+    if (!state.listed.empty() && directory.found.files.empty() && directory.found.error == 0 &&
+        !ReadFileAttributes(state.listed)) {
+        directory.found.error = fileNotFound;
+        directory.found.name = state.listed;
+        directory.shown = state.listed;
+        Note(search, fileNotFound, state.listed);
+        return true;
+    }
     directory.shown = state.shownRoot + directory.found.name.view().substr(state.rootLength);
     directory.literal = state.literal;
-    if (directory.found.error != 0 && search.error == 0) {
-        search.error = directory.found.error;
-        search.failed = directory.found.name;
-    }
+    if (directory.found.error != 0)
+        Note(search, directory.found.error, directory.found.name);
     return true;
 }
 
