@@ -26,7 +26,7 @@ const CommandHelp deleteHelp = {
     u"/A  files with attributes, as DIR /A tells\n" FILE_WORK_SWITCHES u"/F  read-only files too\n"
     u"/K  delete for good, even if RecycleBin says otherwise\n"
     u"/R  move to the recycle bin\n"
-    u"/S  in all subdirectories too\n"
+    u"/S  in all subdirectories too, never through links to directories\n"
     u"/W  write over the contents and named streams first, as often as told or as DelWipePasses says; a "
     u"file that has other names (hard links) is refused\n"
     u"/X  with /S, remove the subdirectories that are empty then\n"
@@ -226,6 +226,7 @@ int Delete_Command(CString& arguments)
         search.attributes.included = AttributeMasks::all;
     search.attributes.forbidden |= file_attribute::directory;
     search.intoDirectories = true;
+    search.avoidsLinks = true;
     Deletion deletion(workOptions, options);
     for (const CString& name : names)
         deletion.Delete(search, name);

@@ -18,7 +18,7 @@
 const CommandHelp renameHelp = {
     u"Renames files and directories.",
     u"REN [range ...] [/A[:]attributes] [/E] [/N] [/P] [/Q] [/S] [/T] name ... newname",
-    u"/A  files with attributes, as DIR /A tells\n" FILE_WORK_SWITCHES u"/S  in all subdirectories too\n"
+    u"/A  files with attributes, as DIR /A tells\n" FILE_WORK_SWITCHES u"/S  in all subdirectories too, never through links to directories\n"
     u"The new name stands in the directory of the old one unless it names another one on the same drive; "
     u"one that exists takes the file in under its old name. \"*\" and \"?\" in the new name stand for what "
     u"they meet in the old one. Wildcards in the old name pick files, with /AD directories; a name without "
@@ -130,6 +130,7 @@ int Rename_Command(CString& arguments)
     names.pop_back();
     if (flags != 0)
         search.deepest = allLevels;
+    search.avoidsLinks = true;
     const AttributeMasks masks = search.attributes;
     Renaming renaming(options, newName);
     for (const CString& name : names) {
