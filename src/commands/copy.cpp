@@ -28,7 +28,7 @@ const CommandHelp copyHelp = {
     u"/J  so that a copy that fails can be gone on with by the same command\n"
     u"/K  copies of read-only files are read-only\n"
     u"/L  of symbolic links copy the links, not what they lead to\n"
-    u"/MD make the target directory without asking\n"
+    u"/MD make the target directory without asking; several files go into it\n"
     u"/S  in all subdirectories too; those that files come from are made at the target, empty ones are not "
     u"(COPYDIR makes them). /Sn in n levels of them\n"
     u"/V  compare each copy with its source\n"
@@ -92,9 +92,18 @@ private:
     TransferTarget Target() const
     {
         if (!arguments.target.empty())
-            return TransferTarget(arguments.target, search.deepest > 0);
+            return TransferTarget(arguments.target, search.deepest > 0 || MakesDirectory());
         return arguments.joins ? TransferTarget(arguments.sources[0].text, false)
                                : TransferTarget(u".", true);
+    }
+
+    // What /MD makes is a directory wherever that makes sense.
+    bool MakesDirectory() const
+    {
+        const CString& source = arguments.sources[0].text;
+        return transfer.switches.makesTarget && !arguments.joins &&
+               (arguments.sources.size() > 1 || MayMeanSeveral(source) ||
+                QueryIsDirectory(WithoutQuotes(source)));
     }
 
     bool FromDevice() const

@@ -22,7 +22,7 @@ const CommandHelp moveHelp = {
     u"MOVE [range ...] [/A[:]attributes] [/switches] source ... [target]",
     u"/A  files with attributes, as DIR /A tells\n"
     u"/D  the target is a directory\n"
-    u"/MD make the target directory without asking\n"
+    u"/MD make the target directory without asking; several files go into it\n"
     u"/S  in all subdirectories too, which are made at the target; those emptied by it then go. The name of a "
     u"directory means all in it. /Sn in n levels of them\n"
     u"/V  accepted for older habits: what leaves its volume is always compared\n"
@@ -50,7 +50,10 @@ public:
 
     void MoveAll(const std::vector<CString>& sources, const CString& targetName)
     {
-        const TransferTarget target(targetName, transfer.switches.intoDirectory || search.deepest > 0);
+        const TransferSwitches& how = transfer.switches;
+        const bool wantsDirectory = how.intoDirectory || search.deepest > 0 ||
+                                    (how.makesTarget && (sources.size() > 1 || MayMeanSeveral(sources[0])));
+        const TransferTarget target(targetName, wantsDirectory);
         if (target.GetKind() == TransferTarget::Kind::Device)
             return transfer.Failed(errors::reservedTarget, targetName);
         if (!target.Prepare(transfer))

@@ -15,6 +15,7 @@
 #include "platform/file_facts.h"
 #include "text/compare.h"
 #include "text/path_names.h"
+#include "text/words.h"
 
 namespace {
 
@@ -107,6 +108,15 @@ bool TransferTarget::Place(std::u16string_view below, std::u16string_view name, 
 TransferName TransferTarget::DirectoryBelow(std::u16string_view below) const
 {
     return {directory + below, {}, shownDirectory + below};
+}
+
+bool MayMeanSeveral(const CString& argument)
+{
+    const CString name = WithoutQuotes(argument);
+    if (argument.front() == u'@' || HasWildcards(name))
+        return true;
+    const std::vector<SearchTarget> targets = SplitSearchNames(argument);
+    return targets.size() > 1 || (!targets.empty() && targets[0].names.size() > 1);
 }
 
 void ExpectMatches(Transfer& transfer, FILESEARCH& search, const CString& argument)

@@ -34,6 +34,9 @@ private:
     CString pattern;        // of names; "" in a directory
 };
 
+// Whether a source argument may stand for several files by its form.
+bool MayMeanSeveral(const CString& argument);
+
 // Tells the progress, where somebody looks, what TransferMatches would have to do.
 void ExpectMatches(Transfer& transfer, FILESEARCH& search, const CString& argument);
 
