@@ -34,15 +34,34 @@ bool TakeBoxSwitch(std::u16string_view one, BoxSwitches& switches)
 
 bool MayShowBox(const BoxSwitches& switches) { return switches.unattended || IsConsole(0); }
 
+CString WithLineEnds(std::u16string_view quoted)
+{
+    const Syntax syntax = CurrentSyntax();
+    CString text;
+    for (std::size_t at = 0; at < quoted.size(); ++at) {
+        const bool ends = syntax.escapes && quoted[at] == syntax.escapeChar && at + 1 < quoted.size() &&
+                          UpperCase(quoted[at + 1]) == u'N';
+        text.Append(ends ? u'\n' : quoted[at]);
+        at += ends ? 1 : 0;
+    }
+    return text;
+}
+
 CString TakeBoxTitle(CString& text)
 {
+    const auto unquoted = [](const CString& from) {
+        const CString bare = WithoutOuterQuotes(from);
+        return bare.size() < from.size() ? WithLineEnds(bare) : from;
+    };
     text.TrimLeft();
     const Word word = NextBlankWord(text, 0);
     if (text.front() != u'"' || word.length < 2 || text[word.end() - 1] != u'"')
         return Tls().commandName;
     const CString title = WithoutOuterQuotes(text.view().substr(0, word.end()));
-    if (!text.Erase(0, word.end()).TrimLeft().empty())
+    if (!text.Erase(0, word.end()).TrimLeft().empty()) {
+        text = unquoted(text);
         return title;
-    text = title;
+    }
+    text = WithLineEnds(title);
     return Tls().commandName;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include <windows.h>
 
@@ -37,7 +38,7 @@ const CommandHelp msgboxHelp = {
     u"The result, which is also the error level, is " //
     BUTTON_RESULTS                                    //
     u", 2 for a mistake in the command. Where nobody is to be asked it is No, else Cancel, else Abort, else "
-    u"OK. Escape sequences put line ends into the text (^n).",
+    u"OK. ^n puts a line end into the text.",
     u"msgbox /q yesno \"Cleaning up\" Delete the old logs?\n"
     u"if %? == 10 del *.log\n"
     u"msgbox /t:5 /i ok Done.",
@@ -74,6 +75,7 @@ const CommandHelp taskdialogHelp = {
     BOX_SWITCHES                                            //
     u"/V  the text of a check box; with /Y it is checked at first\n"
     u"/Z  a text that a click unfolds\n"
+    u"^n puts line ends into the texts. "
     u"The result, which is also the error level, is 100 for the first own button, 101 for the second and so "
     u"on, or else " //
     BUTTON_RESULTS  //
@@ -123,16 +125,17 @@ bool StopsBox() { return QueryBreak(); }
 struct ButtonSet {
     const char16_t* name;
     unsigned style;
+    int buttons;
     int unattended; // the answer that changes least
 };
 constexpr ButtonSet buttonSets[] = {
-    {u"OK", MB_OK, 10},
-    {u"OKCANCEL", MB_OKCANCEL, answerCancel},
-    {u"YESNO", MB_YESNO, 11},
-    {u"YESNOCANCEL", MB_YESNOCANCEL, 11},
-    {u"RETRYCANCEL", MB_RETRYCANCEL, answerCancel},
-    {u"ABORTRETRYIGNORE", MB_ABORTRETRYIGNORE, 17},
-    {u"CANCELTRYCONTINUE", MB_CANCELTRYCONTINUE, answerCancel},
+    {u"OK", MB_OK, 1, 10},
+    {u"OKCANCEL", MB_OKCANCEL, 2, answerCancel},
+    {u"YESNO", MB_YESNO, 2, 11},
+    {u"YESNOCANCEL", MB_YESNOCANCEL, 3, 11},
+    {u"RETRYCANCEL", MB_RETRYCANCEL, 2, answerCancel},
+    {u"ABORTRETRYIGNORE", MB_ABORTRETRYIGNORE, 3, 17},
+    {u"CANCELTRYCONTINUE", MB_CANCELTRYCONTINUE, 3, answerCancel},
 };
 
 const ButtonSet* FindButtonSet(std::u16string_view name)
@@ -235,7 +238,7 @@ bool TakeTaskText(std::u16string_view one, TaskBox& box)
                                 {u"Z", &box.more}};
     for (const TextSwitch& row : texts)
         if (const auto value = SwitchValue(one, row.name)) {
-            *row.text = *value;
+            *row.text = WithLineEnds(*value);
             box.checked |= UpperCase(one.front()) == u'Y';
             return !value->empty();
         }
@@ -246,7 +249,7 @@ bool TakeTaskText(std::u16string_view one, TaskBox& box)
     const ListSwitch lists[] = {{u"B", &box.buttons}, {u"O", &box.choices}};
     for (const ListSwitch& row : lists)
         if (const auto value = SwitchValue(one, row.name)) {
-            row.list->push_back(*value);
+            row.list->push_back(WithLineEnds(*value));
             return !value->empty();
         }
     return false;
@@ -293,6 +296,9 @@ int Msgbox_Command(CString& arguments)
     if (!set)
         return word.length == 0 ? UsageError()
                                 : MVError(errors::unknownButtons, arguments.view().substr(0, word.end()));
+    const int defaultButton = static_cast<int>((style & MB_DEFMASK) / MB_DEFBUTTON2) + 1;
+    if (defaultButton > set->buttons)
+        return RefuseSwitch(Format(u"D:%d", defaultButton));
     arguments.Erase(0, word.end());
     const CString title = TakeBoxTitle(arguments);
     if (arguments.empty())
@@ -312,8 +318,13 @@ int Querybox_Command(CString& arguments)
             return RefuseSwitch(one);
     CString variable;
     request.box.title = TakeBoxTitle(arguments);
+    const bool quoted = arguments.front() == u'"';
     if (const int code = TakePromptAndVariable(arguments, request.box.prompt, variable))
         return code;
+    if (quoted)
+        request.box.prompt = WithLineEnds(request.box.prompt);
+    if (request.box.prompt.empty()) // a single text in quotes is what is asked
+        request.box.prompt = WithLineEnds(std::exchange(request.box.title, Tls().commandName));
     if (!MayShowBox(request.switches))
         return notGiven;
     if (request.edits)
@@ -338,6 +349,9 @@ int Taskdialog_Command(CString& arguments)
         if (!TakeTaskSwitch(one, request))
             return RefuseSwitch(one);
     TaskBox& box = request.box;
+    const int ownButtons = static_cast<int>(box.buttons.size());
+    if (box.defaultButton >= firstOwnButton + ownButtons)
+        return RefuseSwitch(Format(u"D:%d", box.defaultButton - firstOwnButton + 1));
     box.title = TakeBoxTitle(arguments);
     box.text = arguments;
     if (box.text.empty() && box.instruction.empty())

@@ -55,7 +55,7 @@ const CommandHelp osdHelp = {
     u"/P  its left upper corner, in pixels of the screen\n"
     u"/S  the size of the letters, 24 unless told\n"
     u"/T  for so many seconds, 5 unless told; with a fraction, if need be\n"
-    u"Clicks go through to what is behind it. Escape sequences put line ends into the text (^n).",
+    u"Clicks go through to what is behind it. ^n puts a line end into the text. Ctrl+C ends it.",
     u"osd Build finished\n"
     u"osd /a:bottomright /c:\"bright red\" /s:40 /t:2.5 /n Low on paper",
 };
@@ -258,7 +258,9 @@ int Osd_Command(CString& arguments)
     while (TakeLeadingSwitch(arguments, one))
         if (!TakeOsdSwitch(one, request))
             return RefuseSwitch(one);
-    request.shown.text = WithoutOuterQuotes(arguments);
+    request.shown.text = WithoutOuterQuotes(arguments.TrimRight());
+    if (arguments.front() == u'"')
+        request.shown.text = WithLineEnds(request.shown.text);
     if (request.shown.text.empty())
         return UsageError();
     const bool done =

@@ -6,7 +6,6 @@
 #include "core/command_switches.h"
 #include "engine/output.h"
 #include "engine/results.h"
-#include "engine/state.h"
 #include "lang/console_messages.h"
 #include "platform/desktop.h"
 #include "platform/window_changes.h"
@@ -108,6 +107,6 @@ int Window_Command(CString& arguments)
     const HWND window = ConsoleWindow();
     const auto facts = ReadWindowFacts(window);
     if (!facts)
-        return MVError(errors::noWindow, Tls().commandName);
+        return MVError(errors::noConsoleWindow);
     return actions.actions.empty() ? ShowConsoleWindow(*facts) : PerformWindowActions(window, actions);
 }

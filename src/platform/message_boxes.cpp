@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include "platform/clock.h"
+#include "platform/desktop.h"
 #include "platform/dialog_template.h"
 #include "platform/lazy_library.h"
 
@@ -24,6 +25,7 @@ constinit LazyFunction<decltype(SetTimer)> setTimer(libraries::user32, "SetTimer
 constinit LazyFunction<decltype(KillTimer)> killTimer(libraries::user32, "KillTimer");
 constinit LazyFunction<decltype(SetWindowPos)> setWindowPos(libraries::user32, "SetWindowPos");
 constinit LazyFunction<decltype(SetForegroundWindow)> setForeground(libraries::user32, "SetForegroundWindow");
+constinit LazyFunction<decltype(GetWindowRect)> getWindowRect(libraries::user32, "GetWindowRect");
 constinit LazyFunction<decltype(GetDlgItem)> getItem(libraries::user32, "GetDlgItem");
 constinit LazyFunction<decltype(SetFocus)> setFocus(libraries::user32, "SetFocus");
 constinit LazyFunction<decltype(SendDlgItemMessageW)> sendItemMessage(libraries::user32,
@@ -95,7 +97,7 @@ public:
         if (window)
             return;
         window = box;
-        const POINT at = manners.place.value_or(POINT{});
+        const POINT at = manners.place ? Seen(*manners.place) : POINT{};
         setWindowPos(window, manners.topmost ? HWND_TOPMOST : HWND_TOP, at.x, at.y, 0, 0,
                      SWP_NOSIZE | (manners.place ? 0U : UINT{SWP_NOMOVE}));
         setForeground(window);
@@ -105,6 +107,21 @@ public:
     static WatchedBox* Current() { return current; }
 
 private:
+    // The place nearest to this one at which all of the box can be seen: what is off the screen nobody
+    // answers.
+    POINT Seen(POINT wanted) const
+    {
+        RECT box = {};
+        getWindowRect(window, &box);
+        const auto within = [](LONG at, LONG size, int first, int all) {
+            return std::max<LONG>(std::min<LONG>(at, first + all - size), first);
+        };
+        return {within(wanted.x, box.right - box.left, ReadSystemMetric(SM_XVIRTUALSCREEN),
+                       ReadSystemMetric(SM_CXVIRTUALSCREEN)),
+                within(wanted.y, box.bottom - box.top, ReadSystemMetric(SM_YVIRTUALSCREEN),
+                       ReadSystemMetric(SM_CYVIRTUALSCREEN))};
+    }
+
     static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD)
     {
         if (!current || !current->window || current->ended != 0)
