@@ -36,8 +36,7 @@ bool IsText(const CString& name)
     std::string start;
     if (!facts || facts->size > largestText || !ReadFileStart(name, lookedAt, start))
         return false;
-    const std::u16string_view kind = ContentKind(start);
-    return kind != u"binary" && kind != u"utf16be";
+    return ContentKind(start) != u"binary";
 }
 
 // What counts of a line.

@@ -128,7 +128,7 @@ Meant MeantDirectory(std::u16string_view name, Search search)
     if (search == Search::Known && ChooseKnownDirectory(target, chosen))
         return {chosen, true};
     if (found.empty())
-        MVError(reason, name);
+        NoDirectory(name, reason);
     return {found};
 }
 
@@ -152,9 +152,9 @@ int GoTo(std::u16string_view name, OtherDrive otherDrive, Search search = Search
     const char16_t drive = DriveLetter(target);
     const bool stays = otherDrive == OtherDrive::StayHere && !meant.searched;
     if (stays && drive && drive != DriveLetter(old))
-        return MakeDirectoryOfDrive(target) ? result::success : MVError(0, name);
+        return MakeDirectoryOfDrive(target) ? result::success : NoDirectory(name);
     if (!MakeCurrent(target))
-        return MVError(0, name);
+        return NoDirectory(name);
     NoteMove(old);
     return result::success;
 }
@@ -207,6 +207,12 @@ constexpr std::uint64_t notesAgain = 8;
 constexpr std::uint64_t showsAll = 16;
 
 } // namespace
+
+int NoDirectory(std::u16string_view name, unsigned code)
+{
+    const unsigned reason = code ? code : GetLastError();
+    return MVError(reason == ERROR_FILE_NOT_FOUND ? ERROR_PATH_NOT_FOUND : reason, name);
+}
 
 int Cd_Command(CString& arguments)
 {

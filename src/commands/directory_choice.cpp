@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "commands/directory.h"
 #include "console/popup_style.h"
 #include "console/system_console.h"
 #include "core/command_switches.h"
@@ -83,7 +84,7 @@ int ReadPlaces(std::u16string_view text, std::vector<CString>& places)
         if (name.size() == 2 && DriveLetter(name))
             name.Append(u'\\');
         if (!QueryIsDirectory(name))
-            return MVError(0, one);
+            return NoDirectory(one);
         places.push_back(FullPathName(name));
     }
     return result::success;

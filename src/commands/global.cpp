@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "commands/directory.h"
 #include "commands/search_switches.h"
 #include "core/command_switches.h"
 #include "engine/break.h"
@@ -204,7 +205,7 @@ void TreeRun::Visit(const CString& directory)
         return;
     int one = result::success;
     if (!MakeCurrent(directory))
-        one = MVError(0, shown);
+        one = NoDirectory(shown);
     else
         one = Command_S(command, 0);
     if (EndsLine(one)) {
@@ -236,6 +237,6 @@ int Global_Command(CString& arguments)
     if (arguments.Trim().empty())
         return UsageError();
     if (!QueryIsDirectory(options.start))
-        return MVError(0, options.start);
+        return NoDirectory(options.start);
     return TreeRun(options, arguments).Run();
 }

@@ -1,5 +1,7 @@
 #include "commands/truename.h"
 
+#include <algorithm>
+
 #include "core/command_switches.h"
 #include "engine/output.h"
 #include "engine/results.h"
@@ -21,12 +23,23 @@ const CommandHelp truenameHelp = {
 
 namespace {
 
+// "\\server\share": nothing above it could be asked for.
+bool IsShare(std::u16string_view name)
+{
+    name = WithoutEndSeparators(name);
+    return name.starts_with(u"\\\\") && std::count(name.begin() + 2, name.end(), u'\\') <= 1;
+}
+
 // "" when not even the root exists.
 CString RealName(const CString& fullName)
 {
     CString real = RealPathName(fullName);
     if (!real.empty())
         return real;
+    if (fullName.view().starts_with(u"\\\\.\\"))
+        return fullName; // a device
+    if (IsShare(fullName))
+        return {};
     const std::u16string_view above = WithoutEndSeparators(DirectoryPart(WithoutEndSeparators(fullName)));
     if (above.empty() || above.size() >= WithoutEndSeparators(fullName).size())
         return {};
