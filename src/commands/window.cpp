@@ -1,5 +1,7 @@
 #include "commands/window.h"
 
+#include <utility>
+
 #include "batch/window_tests.h"
 #include "commands/window_actions.h"
 #include "console/title.h"
