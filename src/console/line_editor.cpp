@@ -11,6 +11,7 @@
 namespace {
 
 constexpr std::size_t shortestBurst = 2; // keys; nobody types so many between two looks at the keyboard
+constexpr std::size_t shortestRest = 3;  // keys behind a tab that show it to be part of a text
 constexpr std::uint64_t longestGap = 30; // milliseconds between two pieces of a paste
 constexpr std::size_t keysBetweenLooks = 32768; // in a long paste the line is shown now and then
 
@@ -35,6 +36,8 @@ EditorAnswer LineEditor::Read(const EditorRequest& wanted)
     outcome.reset();
     text.Start(wanted.text, std::min(wanted.cursor, wanted.text.size()));
     typedAhead = console.Waiting() > 0;
+    if (wanted.command)
+        painter.ClearRow();
     console.WriteText(wanted.prompt);
     painter.Begin();
     ShapeCursor();
@@ -54,7 +57,7 @@ EditorAnswer LineEditor::Read(const EditorRequest& wanted)
         if (pause || burst % keysBetweenLooks == keysBetweenLooks - 1)
             Show();
         if (pause) {
-            typedAhead = false;
+            typedAhead = keptWaiting = false;
             burst = 0;
         }
     }
@@ -125,23 +128,31 @@ void LineEditor::Perform(EditorAction action)
     action(*this);
     performing = nullptr;
     lastAction = action;
+    keptWaiting = keptWaiting || console.Waiting() > 0;
 }
 
 // A line end or tab in the middle of pasted text belongs to the text: nothing runs before all of it has come.
 bool LineEditor::EndsPasted(std::u16string_view key)
 {
     const bool enter = IsLineEnd(key);
-    const bool tab =
-        key == u"Tab" && (unshown.Find(u'\n') != CString::npos || text.Text().Find(u'\n') != CString::npos);
+    const bool tab = key == u"Tab";
     const bool secondHalf = enter && key != u"Enter" && std::exchange(endedRow, false); // CR LF
-    if ((!enter && !tab) || typedAhead || burst < shortestBurst || !request->command)
+    if ((!enter && !tab) || typedAhead || !request->command)
+        return false;
+    const bool firstLine = unshown.Find(u'\n') == CString::npos && text.Text().Find(u'\n') == CString::npos;
+    // In a first line a tab has to be in the middle of it all, or it is a wish for a name.
+    const std::size_t behind = tab && firstLine ? console.Waiting() : 0;
+    if (burst + behind < shortestBurst || (tab && firstLine && (behind == 0 || keptWaiting)))
         return false;
     console.Await(longestGap);
     const ConsoleEvent next = console.Peek();
     if (next.kind != ConsoleEventKind::Key)
         return false;
     const CString nextName = NameOfKey(next.key);
-    if (!TypesCharacter(next.key) && !IsLineEnd(nextName) && (!enter || nextName != u"Tab"))
+    const bool goesOn = behind >= shortestRest;
+    const bool lineEndMayFollow = enter || !firstLine || goesOn;
+    if (!TypesCharacter(next.key) && !(lineEndMayFollow && IsLineEnd(nextName)) &&
+        !((enter || goesOn) && nextName == u"Tab"))
         return false;
     if (!secondHalf)
         unshown.Append(enter ? u'\n' : u'\t');

@@ -128,5 +128,6 @@ private:
     std::size_t coloredVersion = CString::npos; // of the text
     bool endedRow = false;                      // by a pasted Enter just now
     bool typedAhead = false;                    // the keys that come now were typed before the line began
+    bool keptWaiting = false;                   // the same while a function was performed
     std::size_t burst = 0;                      // keys that came without a pause before them
 };

@@ -28,6 +28,19 @@ void LinePainter::Begin()
     shown.assign(1, PictureRow(static_cast<std::size_t>(origin.column), PictureCell()));
 }
 
+void LinePainter::ClearRow()
+{
+    const ScreenPlace place = console.Cursor();
+    const int columns = console.Extent().columns;
+    if (place.column != 0)
+        return;
+    const std::vector<ScreenCell> cells = console.ReadCells({place.row, 0, 1, columns});
+    if (std::all_of(cells.begin(), cells.end(), [](const ScreenCell& cell) { return cell.unit == u' '; }))
+        return;
+    console.WriteRun(place, CString(static_cast<std::size_t>(columns), u' '), console.Attributes());
+    console.PlaceCursor(place);
+}
+
 void LinePainter::Complete(PictureRequest& request) const
 {
     request.indent = origin.column;

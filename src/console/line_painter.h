@@ -10,6 +10,8 @@ public:
     // The line begins where the cursor stands, behind the prompt.
     explicit LinePainter(EditorConsole& on) : console(on) {}
     void Begin();
+    // In front of the prompt: what a program has left in the row would look typed.
+    void ClearRow();
 
     // Fills in what depends on the console: `indent`, `columns`, `rows` and `firstRow`.
     void Complete(PictureRequest& request) const;

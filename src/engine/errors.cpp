@@ -102,7 +102,7 @@ void ShowRow(std::u16string_view row)
 
 void ShowLine(std::u16string_view line, int column, int columns, int hanging)
 {
-    constexpr int narrowest = 20; // below that words hardly fit
+    constexpr int narrowest = 16; // words hardly fit into that
     CString indent;
     for (int room = columns - 1 - column; columns > narrowest; room = columns - 1 - hanging) {
         const std::size_t end = WordsThatFit(line, room); // a row that is full would end twice

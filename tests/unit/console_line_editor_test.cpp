@@ -4,6 +4,7 @@
 #include "console/line_editor.h"
 #include "fake_console.h"
 #include "fake_editor_world.h"
+#include "text/encoding.h"
 
 namespace {
 
@@ -180,6 +181,21 @@ TEST_F(Editing, PastedLinesComeTogether)
     console.quietKeys = 1;
     EXPECT_EQ(Edit(u"one<Enter><Ctrl-J><Tab>two<Ctrl-Enter><Ctrl-Enter>three<Enter>").line,
               u"one\n\ttwo\n\nthree");
+    // Tabs among it are no wishes for names; one behind it is.
+    for (const auto& [keys, line] :
+         {std::pair{u"<Tab><Tab>al x<Enter>", u"\t\tal x"}, std::pair{u"type al<Tab>x<Enter>", u"type al\tx"},
+          std::pair{u"type al<Tab><Enter>", u"type alpha.txt"},
+          std::pair{u"type al<Tab><Tab><Enter>", u"type alps.txt"}}) {
+        console.quietKeys = 1;
+        EXPECT_EQ(ToUtf8(Edit(keys).line), ToUtf8(line));
+    }
+}
+
+TEST_F(Editing, ThePromptTakesAFreshRow)
+{
+    console.WriteText(u"left by a program\r");
+    Edit(u"ab");
+    EXPECT_EQ(console.Row(0), u">ab");
 }
 
 // Up and Down go between the lines of a text, and to the history from its ends.
