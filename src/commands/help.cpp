@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "commands/help_subjects.h"
+#include "commands/help_syntax.h"
 #include "commands/help_text.h"
 #include "commands/pager.h"
 #include "commands/reference_text.h"
@@ -11,13 +12,15 @@
 #include "config/key_functions.h"
 #include "console/completion_word.h"
 #include "core/command_switches.h"
-
 #include "engine/help_entry.h"
 #include "engine/language_library.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "files/wildcards.h"
+#include "lang/console_messages.h"
 #include "platform/console_size.h"
+#include "text/compare.h"
 #include "text/words.h"
 
 const CommandHelp helpHelp = {
@@ -31,9 +34,10 @@ const CommandHelp helpHelp = {
     u"command /?",
     u"/N  do not wait for a key after each screen\n"
     u"Without arguments there is an overview with the subjects; HELP files lists the commands about files, "
-    u"HELP all every command, HELP keyboard the keys of the command line, HELP @ the functions and HELP _ "
-    u"the internal variables. The beginning of a subject's name will do. For any other word the commands "
-    u"are listed that have it in their names or descriptions.\n"
+    u"HELP all every command, HELP syntax tells how lines are written, HELP keyboard lists the keys of the "
+    u"command line, HELP @ the functions and HELP _ the internal variables. The beginning of a subject's "
+    u"name will do. Any other word, which may hold wildcards, lists the commands that have it in their "
+    u"names, descriptions or usage, and the functions and variables that have it in their names.\n"
     u"On the command line F1 shows the help for the word at the cursor. Commands whose names begin with "
     u"ECHO take \"/?\" as text: use HELP ECHO.",
     u"help\n"
@@ -59,6 +63,19 @@ CString NamesOf(const BUILTIN& row)
 }
 
 bool IsBuilt(const BUILTIN& row) { return row.help && row.help != &unbuiltHelp; }
+
+// A word in capitals stands in usage lines as it is typed: ELSE, ENDIFF.
+bool HoldsWord(std::u16string_view usage, std::u16string_view word)
+{
+    CString typed(word);
+    MakeUpper(typed);
+    for (std::size_t at = usage.find(typed); at != usage.npos; at = usage.find(typed, at + 1)) {
+        const std::size_t end = at + typed.size();
+        if ((at == 0 || !IsLetter(usage[at - 1])) && (end == usage.size() || !IsLetter(usage[end])))
+            return true;
+    }
+    return false;
+}
 
 // A line each for the commands that can be used and are wanted.
 template <typename Wanted> CString CommandList(Wanted wanted)
@@ -88,9 +105,10 @@ CString Overview(int width)
                       u"HELP command   what a command does, for example HELP DIR; so does  command /?\n"
                       u"HELP subject   the commands about a subject; the subjects are listed below\n"
                       u"HELP all       every command with what it does; COMMANDS lists the names alone\n"
-                      u"HELP word      the commands whose descriptions hold the word\n"
+                      u"HELP word      what the word may mean: commands, functions, variables\n"
                       u"HELP @         the functions, as %@upper[text]; HELP @upper tells about one\n"
                       u"HELP _         the internal variables, as %_cwd; HELP _cwd tells about one\n"
+                      u"HELP syntax    several commands on a line, redirection, pipes, special characters\n"
                       u"HELP keyboard  the keys of the command line: Tab completes names, Up recalls lines",
                       width);
     CString subjects;
@@ -122,13 +140,17 @@ CString KeyList()
     return text;
 }
 
-// One line for each row of a table that the reference tells about; `mark` stands in front of the names.
-template <typename Row> CString ReferenceList(const CString& mark, const Row* rows, int count)
+// One line for each row of a table that the reference tells about and that is wanted by its name; `mark`
+// stands in front of the names.
+template <typename Row, typename Wanted>
+CString ReferenceList(std::u16string_view mark, const Row* rows, int count, Wanted wanted)
 {
     const std::vector<CString> pages = ReferencePages();
     CString text;
     for (int i = 0; i < count; ++i) {
-        const CString name = mark + rows[i].name;
+        const CString name = CString(mark) + rows[i].name;
+        if (!wanted(name))
+            continue;
         for (const CString& page : pages)
             if (const std::u16string_view section = ReferenceSection(page, name); !section.empty()) {
                 text += Format(u"%-17s  %s\n", name, ReferenceSummary(section));
@@ -136,6 +158,34 @@ template <typename Row> CString ReferenceList(const CString& mark, const Row* ro
             }
     }
     return text;
+}
+
+template <typename Wanted> CString FunctionList(Wanted wanted)
+{
+    return ReferenceList(u"@", aVariableFunctions, nVariableFunctions, wanted);
+}
+
+template <typename Wanted> CString VariableList(Wanted wanted)
+{
+    return ReferenceList(u"_", aInternalVariables, nInternalVariables, wanted);
+}
+
+// What a word or a pattern that names nothing may have meant: commands by what they are called and do and by
+// the words of their usage, functions and variables by their names.
+CString FoundByWord(std::u16string_view word)
+{
+    const bool isPattern = word.find_first_of(u"*?") != word.npos;
+    const auto named = [&](std::u16string_view name) {
+        return isPattern ? WildcardComparison(word, name, false, true) == 0
+                         : FindNoCase(name, word) != CString::npos;
+    };
+    const auto tells = [&](std::u16string_view text) {
+        return !isPattern && FindNoCase(text, word) != CString::npos;
+    };
+    return CommandList([&](const BUILTIN& row) {
+               return named(row.name) || tells(row.help->summary) || HoldsWord(row.help->usage, word);
+           }) +
+           FunctionList(named) + VariableList(named);
 }
 
 // A line that fills the last column would break twice.
@@ -164,10 +214,11 @@ CString TopicText(std::u16string_view name, int width)
 {
     if (name.empty())
         return Overview(width);
+    const auto every = [](std::u16string_view) { return true; };
     if (name == u"@")
-        return HelpParagraph(ReferenceList(name, aVariableFunctions, nVariableFunctions), width);
+        return HelpParagraph(FunctionList(every), width);
     if (name == u"_")
-        return HelpParagraph(ReferenceList(name, aInternalVariables, nInternalVariables), width);
+        return HelpParagraph(VariableList(every), width);
     if (const int index = FindRow(aInternalCommands, nInternalCommands, name); index >= 0)
         return CommandText(aInternalCommands[index], width);
     for (const CString& page : ReferencePages())
@@ -177,15 +228,11 @@ CString TopicText(std::u16string_view name, int width)
         return HelpParagraph(CommandList([](const BUILTIN&) { return true; }), width);
     if (name.size() > 2 && BeginsNoCase(u"keyboard", name))
         return HelpParagraph(KeyList(), width);
+    if (IsSyntaxWord(name))
+        return SyntaxPage(width);
     if (const HelpSubject* subject = FindHelpSubject(name))
         return HelpParagraph(SubjectList(*subject), width);
-    if (name[0] == u'@')
-        return {};
-    const CString found = CommandList([&](const BUILTIN& row) {
-        return FindNoCase(row.name, name) != CString::npos ||
-               FindNoCase(row.help->summary, name) != CString::npos;
-    });
-    return HelpParagraph(found, width);
+    return HelpParagraph(FoundByWord(name), width);
 }
 
 class TableCommands : public KnownCommands {
@@ -242,9 +289,11 @@ int Help_Command(CString& arguments)
     if (const int code = ReadSwitches(arguments, u"N", flags, SwitchPlace::Leading))
         return code;
     const CString topic = GetNthArgument(arguments, 0, CurrentSyntax());
-    const CString name(WithoutQuotes(topic));
+    CString name = WithoutQuotes(topic);
+    if (name.front() == u'@') // "@left[abc,2]"
+        name.Truncate(name.view().find(u'['));
     const CString text = TopicText(name, HelpWidth());
     if (text.empty())
-        return MVError(name[0] == u'@' ? errors::unknownFunction : errors::unknownCommand, name);
+        return MVError(name[0] == u'@' ? errors::unknownFunction : errors::noHelp, name);
     return Show(text, flags == 0);
 }

@@ -15,6 +15,7 @@ constexpr unsigned cannotPlay = 0x20000466;          // 4126
 constexpr unsigned unknownWindowAction = 0x20000467; // 4127
 constexpr unsigned boxCorners = 0x20000546;          // 4350
 constexpr unsigned noConsoleWindow = 0x20000547;     // 4351
+constexpr unsigned noHelp = 0x20000548;              // 4352
 constexpr unsigned noDesktop = 0x20000468;           // 4128
 constexpr unsigned consoleFont = 0x20000469;         // 4129
 constexpr unsigned screenMode = 0x2000046E;          // 4134
