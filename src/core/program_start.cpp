@@ -80,6 +80,9 @@ bool WaitForEnd(ChildProcess& child, bool windowed)
 {
     const RunningProcess running(child.Get());
     const bool ended = child.Wait(windowed ? tty_yield : ThrowIfShellEnds);
+    // In a pipe another program may be using the console.
+    if (!windowed && IsConsole(0) && IsConsole(1))
+        ConsoleANSI(); // programs leave consoles in any state
     ThrowIfBroken();
     return ended;
 }

@@ -102,6 +102,8 @@ HOUR = (
     ("a pipe goes into a program", "cls & type list | C:\\orv\\helpers\\sortlines{Enter}", "a", "b", "c", ">"),
     ("a program is found by its name", "path C:\\orv\\helpers & args one \"two three\"{Enter}",
      "[one]", "[two three]", ">"),
+    ("what it does to the console does not harm the next", "disorder & echo is filled & echo ok{Enter}",
+     "half a rowis filled", "ok", ">"),
     # Questions in a batch file
     ("a batch file asks", "ask{Enter}", "Name:"),
     ("and is answered in part", "Bo", "Name: Bo"),
