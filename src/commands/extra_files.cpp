@@ -105,10 +105,11 @@ void RemoveExtra(Transfer& transfer, const TransferName& name, const EntryFacts&
     const bool isLink = (facts.attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
     if (!transfer.work.Pretends()) {
         const auto tell = [&](unsigned code, const CString& inside) { transfer.Failed(code, inside); };
-        const unsigned failed = facts.IsDirectory() && !isLink ? RemoveTree(name.Full(), tell)
-                                : facts.IsDirectory()          ? RemoveEmptyDirectory(name.Full())
-                                                               : RemoveFile(name.Full(), facts.attributes,
-                                                                            transfer.switches.overProtected);
+        const bool readOnlyToo = transfer.switches.overProtected;
+        const unsigned failed = facts.IsDirectory() && !isLink ? RemoveTree(name.Full(), readOnlyToo, tell)
+                                : facts.IsDirectory()
+                                    ? RemoveEmptyDirectory(name.Full())
+                                    : RemoveFile(name.Full(), facts.attributes, readOnlyToo);
         if (failed != 0)
             return transfer.Failed(failed, name.shown);
     }

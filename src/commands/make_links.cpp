@@ -46,7 +46,7 @@ const CommandHelp mklnkHelp = {
     u"the name; after one name alone the current directory is meant. Wildcards mean files, with /AD "
     u"directories. A link that exists is never replaced. The result counters are %_mklink_files, "
     u"%_mklink_dirs and %_mklink_errors.",
-    u"mklnk *.jpg D:\\album\\\n"
+    u"mklnk *.jpg album\\\n"
     u"mklnk /s C:\\work\\*.doc C:\\backup\\\n"
     u"mklnk /l C:\\tools\\bin tools",
 };

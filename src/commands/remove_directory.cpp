@@ -97,7 +97,8 @@ private:
                 return ERROR_NOT_SUPPORTED;
         }
         if (withTree && !isLink)
-            return RemoveTree(name, [this](unsigned code, const CString& part) { work.Failed(code, part); });
+            return RemoveTree(name, true,
+                              [this](unsigned code, const CString& part) { work.Failed(code, part); });
         return RemoveEmptyDirectory(name);
     }
 

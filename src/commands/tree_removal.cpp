@@ -6,6 +6,7 @@
 
 #include "engine/break.h"
 #include "files/directory_source.h"
+#include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
 #include "text/path_names.h"
@@ -37,16 +38,20 @@ private:
     std::vector<Entry>& entries;
 };
 
-unsigned RemoveEntry(const Entry& entry)
+unsigned RemoveEntry(const Entry& entry, bool readOnlyToo)
 {
-    if ((entry.attributes & FILE_ATTRIBUTE_READONLY) != 0)
+    const bool isReadOnly = (entry.attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    if (isReadOnly && !readOnlyToo && !entry.IsDirectory()) // of directories the mark protects nothing
+        return errors::targetProtected;
+    if (isReadOnly)
         ChangeAttributes(entry.name, entry.attributes & ~std::uint32_t{FILE_ATTRIBUTE_READONLY});
     return entry.IsDirectory() ? RemoveEmptyDirectory(entry.name) : EraseFile(entry.name);
 }
 
 } // namespace
 
-unsigned RemoveTree(const CString& directory, const std::function<void(unsigned, const CString&)>& failed)
+unsigned RemoveTree(const CString& directory, bool readOnlyToo,
+                    const std::function<void(unsigned, const CString&)>& failed)
 {
     SystemDirectories source(false);
     // What is still to be removed; a directory lies below its contents.
@@ -64,7 +69,7 @@ unsigned RemoveTree(const CString& directory, const std::function<void(unsigned,
         }
         const Entry entry = std::move(entries.back());
         entries.pop_back();
-        const unsigned code = RemoveEntry(entry);
+        const unsigned code = RemoveEntry(entry, readOnlyToo);
         if (code == 0)
             continue;
         left = code;

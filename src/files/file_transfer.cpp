@@ -111,11 +111,17 @@ TransferOutcome FileTransfer::Copy(const TransferItem& item)
 
 TransferOutcome FileTransfer::Move(const TransferItem& item)
 {
+    const unsigned failed = Rename(item);
+    return failed == ERROR_NOT_SAME_DEVICE ? MoveAway(item) : TransferOutcome{failed};
+}
+
+unsigned FileTransfer::Rename(const TransferItem& item) const
+{
     Uncovered target(item.to, item.replaces && manner.overProtected);
     const unsigned failed = RenameFile(item.from, item.to, item.replaces);
     if (failed == 0)
         target.Replaced();
-    return failed == ERROR_NOT_SAME_DEVICE ? MoveAway(item) : TransferOutcome{failed};
+    return failed;
 }
 
 unsigned FileTransfer::FindRoom(const TransferItem& item)

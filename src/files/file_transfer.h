@@ -51,6 +51,7 @@ private:
     unsigned FindRoom(const TransferItem& item);
     unsigned Dress(const TransferItem& item, const CString& partial, bool asItWas);
     unsigned PutInPlace(const TransferItem& item, PartialFile& partial) const;
+    unsigned Rename(const TransferItem& item) const;
     TransferOutcome MoveAway(const TransferItem& item);
     unsigned RemoveSource(const TransferItem& item, HeldFile& held);
 

@@ -6,6 +6,7 @@ import os
 import queue
 import shutil
 import subprocess
+import tempfile
 import threading
 from pathlib import Path
 
@@ -52,8 +53,7 @@ class Machine:
         subprocess.run([self.root / "tools" / "wine_prefix", self.prefix], check=True)
         for name in ("orv", "t", "s"):
             shutil.rmtree(self.prefix / "drive_c" / name, ignore_errors=True)
-        shutil.rmtree(self.prefix / "drive_d", ignore_errors=True)
-        (self.prefix / "drive_d").mkdir()
+        self.make_second_drive()
         drive = self.prefix / "dosdevices" / "d:"
         if not drive.is_symlink():
             drive.symlink_to("../drive_d")
@@ -61,6 +61,22 @@ class Machine:
             target = self.prefix / "drive_c" / "orv" / source.relative_to(binaries)
             target.parent.mkdir(parents=True, exist_ok=True)
             os.link(source, target)
+
+    def make_second_drive(self):
+        """D:, on another volume than C: where the machine has one at hand."""
+        self.remove_second_drive()
+        folder = self.prefix / "drive_d"
+        memory = Path("/dev/shm")
+        if os.access(memory, os.W_OK) and memory.stat().st_dev != self.prefix.stat().st_dev:
+            folder.symlink_to(tempfile.mkdtemp(prefix="orv-drive-", dir=memory))
+        else:
+            folder.mkdir()
+
+    def remove_second_drive(self):
+        folder = self.prefix / "drive_d"
+        shutil.rmtree(folder.resolve(), ignore_errors=True)
+        if folder.is_symlink():
+            folder.unlink()
 
     def path(self, windows_path):
         """The same place as this side of the machine names it."""
@@ -129,6 +145,7 @@ class Machine:
 
     def close(self):
         self.stop()
+        self.remove_second_drive()
         self.lock.close()
 
     def stop(self):
