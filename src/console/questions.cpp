@@ -9,15 +9,16 @@
 
 namespace {
 
-constexpr char16_t escapeKey = 0x1B;
+constexpr unsigned escape = 0x1B; // as a key and as a character; not every console tells both
 
 char16_t ReadAnswer(std::u16string_view answers, char16_t unattended)
 {
     for (;;) {
         const ConsoleInput input = ReadKeyOrBreak();
-        if (input.kind != InputKind::Key || input.key.unit == escapeKey)
+        const KeyPress& key = input.key;
+        if (input.kind != InputKind::Key || key.virtualKey == escape || key.unit == escape)
             return unattended;
-        const char16_t letter = UpperCase(input.key.unit);
+        const char16_t letter = UpperCase(key.unit);
         if (letter != 0 && answers.find(letter) != answers.npos)
             return letter;
         honk();

@@ -1,5 +1,6 @@
 """Questions that a key answers, and commands that wait for the person."""
 
+from console import Failure
 from registry import case
 
 
@@ -102,3 +103,39 @@ def input_line(console):
     console.ends_with("Code: ****", "Age: 12[abcd][12]", ">")
     console.line("set a=kept & input /w0.1 %%a || echo %? [%a]")
     console.ends_with("1 [kept]", ">")
+
+
+@case("questions before files: each answer does what it says, and nothing else")
+def asked_files(console):
+    for name in "abcdefgh":
+        console.file(f"{name}.txt", name)
+    console.start()
+    console.shows(">")
+    console.line("del /p *.txt & echo %?")
+    console.ends_with("a.txt : delete (Y/N/R/Q)?")
+    console.keys("x", "y")
+    console.ends_with("a.txt : delete (Y/N/R/Q)? Y", "Deleting a.txt", "b.txt : delete (Y/N/R/Q)?")
+    console.keys("n")
+    console.ends_with("c.txt : delete (Y/N/R/Q)?")
+    console.keys("Escape")
+    console.ends_with("     1 file deleted", "0", ">")
+    console.line("copy /r c.txt d.txt & echo %?")
+    console.ends_with("d.txt exists : replace it (Y/N/R/Q)?")
+    console.keys("n")
+    console.ends_with("     no files copied", "1", ">")
+    console.line("del * & ren /p *.txt *.bak & echo not reached")
+    console.row_with("(Y/N)?")
+    console.keys("n")
+    console.ends_with("b.txt : rename (Y/N/R/Q)?")
+    console.keys("y")
+    console.ends_with("c.txt : rename (Y/N/R/Q)?")
+    console.keys("C-c")
+    console.ends_with("c.txt : rename (Y/N/R/Q)? ^C", ">")
+    left = "".join(sorted(path.name[0] for path in console.folder.glob("*.*")))
+    console.line("cls & move /p *.txt sub\\ /md & echo %?")
+    console.ends_with("c.txt : move (Y/N/R/Q)?")
+    console.keys("r")
+    console.ends_with("     6 files moved", "0", ">")
+    moved = "".join(sorted(path.name[0] for path in (console.folder / "sub").glob("*.txt")))
+    if (left, moved) != ("bcdefgh", "cdefgh") or not (console.folder / "b.bak").exists():
+        raise Failure(f"left {left}, moved {moved}")
