@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "commands/file_work.h"
+#include "commands/tree_transfer.h"
 #include "core/command_switches.h"
 #include "engine/results.h"
 #include "engine/state.h"
@@ -11,6 +12,7 @@
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
 #include "platform/link_making.h"
+#include "text/compare.h"
 #include "text/path_names.h"
 #include "text/words.h"
 
@@ -103,9 +105,14 @@ public:
     void LinkAll(FILESEARCH& search, const CString& argument)
     {
         std::size_t rootLength = 0;
+        CString realTarget; // "" unless the target stands in what is searched
         work.ForEachDirectory(search, argument, [&](const SearchedDirectory& directory) {
-            if (directory.found.depth == 0)
+            if (directory.found.depth == 0) {
                 rootLength = directory.found.name.size();
+                realTarget = search.deepest > 0 ? TargetBelow(directory.found.name) : CString();
+            } else if (!realTarget.empty() && BeginsNoCase(RealDirectory(directory.found.name), realTarget)) {
+                return; // links to links would have no end
+            }
             const CString below = directory.found.name.Substr(rootLength);
             for (const FoundFile& file : directory.found.files)
                 LinkOne(directory, file, below);
@@ -115,6 +122,15 @@ public:
     FileWork work;
 
 private:
+    CString TargetBelow(const CString& root) const
+    {
+        const CString place(DirectoryPart(target));
+        const CString real =
+            RealDirectory(JoinPath(FullPathName(place.empty() ? CString(u".") : place), u""));
+        const CString realRoot = RealDirectory(root);
+        return !EqualNoCase(real, realRoot) && BeginsNoCase(real, realRoot) ? real : CString();
+    }
+
     Link KindFor(const FoundFile& file) const
     {
         const bool directory = file.facts.IsDirectory();
