@@ -11,8 +11,10 @@
 namespace {
 
 constexpr std::size_t shortestBurst = 2; // keys; nobody types so many between two looks at the keyboard
-constexpr std::size_t shortestRest = 3;  // keys behind a tab that show it to be part of a text
-constexpr std::uint64_t longestGap = 30; // milliseconds between two pieces of a paste
+// Keys that wait count twice, with their release.
+constexpr std::size_t shortestText = 16;        // keys that no slow line hands over together
+constexpr std::size_t shortestRest = 6;         // events behind a tab that show it to be part of a text
+constexpr std::uint64_t longestGap = 30;        // milliseconds between two pieces of a paste
 constexpr std::size_t keysBetweenLooks = 32768; // in a long paste the line is shown now and then
 
 // Consoles make either of the last two of a line feed.
@@ -140,9 +142,14 @@ bool LineEditor::EndsPasted(std::u16string_view key)
     if ((!enter && !tab) || typedAhead || !request->command)
         return false;
     const bool firstLine = unshown.Find(u'\n') == CString::npos && text.Text().Find(u'\n') == CString::npos;
-    // In a first line a tab has to be in the middle of it all, or it is a wish for a name.
+    // In a first line a tab is a wish for a name, unless it indents what follows or stands in the middle of
+    // more keys than a slow line hands over together.
     const std::size_t behind = tab && firstLine ? console.Waiting() : 0;
-    if (burst + behind < shortestBurst || (tab && firstLine && (behind == 0 || keptWaiting)))
+    const bool indents = behind >= shortestRest && text.Size() == 0 &&
+                         unshown.view().find_first_not_of(u" \t") == CString::npos;
+    if (tab && firstLine && (keptWaiting || behind == 0 || (!indents && burst + behind / 2 < shortestText)))
+        return false;
+    if (burst + behind < shortestBurst)
         return false;
     console.Await(longestGap);
     const ConsoleEvent next = console.Peek();

@@ -181,9 +181,12 @@ TEST_F(Editing, PastedLinesComeTogether)
     console.quietKeys = 1;
     EXPECT_EQ(Edit(u"one<Enter><Ctrl-J><Tab>two<Ctrl-Enter><Ctrl-Enter>three<Enter>").line,
               u"one\n\ttwo\n\nthree");
-    // Tabs among it are no wishes for names; one behind it is.
+    // Tabs among it are no wishes for names; those behind it are, and in what a slow line hands over
+    // together.
     for (const auto& [keys, line] :
-         {std::pair{u"<Tab><Tab>al x<Enter>", u"\t\tal x"}, std::pair{u"type al<Tab>x<Enter>", u"type al\tx"},
+         {std::pair{u"<Tab><Tab>echo x<Enter>", u"\t\techo x"},
+          std::pair{u"echo words of a<Tab>table<Enter>", u"echo words of a\ttable"},
+          std::pair{u"type al<Tab>x<Enter>", u"type alpha.txtx"},
           std::pair{u"type al<Tab><Enter>", u"type alpha.txt"},
           std::pair{u"type al<Tab><Tab><Enter>", u"type alps.txt"}}) {
         console.quietKeys = 1;
