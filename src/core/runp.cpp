@@ -154,6 +154,7 @@ int RunInternalCommand(const BUILTIN& row, CString& arguments)
         return tls.errorLevel = MVError(errors::batchOnly, row.name);
     if (!IsEcho(row))
         arguments.TrimLeft();
+    tls.outputError = 0;
     return TakeResult(TakeOutputError(row.handler(arguments)), flags);
 }
 
