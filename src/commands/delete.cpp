@@ -136,10 +136,9 @@ private:
             return errors::hasOtherNames;
         if (work.Pretends())
             return 0;
-        if (usesBin && MoveToRecycleBin(name) == 0)
-            return 0;
-        if (options.recycle)
-            return ERROR_NOT_SUPPORTED;
+        if (usesBin)
+            if (const auto code = PutIntoBin(name, options.recycle))
+                return *code;
         if (readOnly)
             if (const unsigned failed =
                     ChangeAttributes(name, attributes & ~std::uint32_t{FILE_ATTRIBUTE_READONLY}))

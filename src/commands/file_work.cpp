@@ -61,6 +61,15 @@ void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16strin
         NotifyFolders(change, name, newName);
 }
 
+std::optional<unsigned> PutIntoBin(const CString& name, bool only)
+{
+    const unsigned failed = MoveToRecycleBin(name);
+    if (failed == ERROR_NOT_SUPPORTED)
+        return only ? std::optional<unsigned>(errors::noRecycleBin) : std::nullopt;
+    // The numbers are the bin's own.
+    return failed == 0 ? 0 : unsigned{errors::notRecycled};
+}
+
 FileWork::FileWork(std::u16string_view counterName, const FileWorkOptions& switches, BatchManners manners)
     : counter(counterName), options(switches)
 {

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string_view>
 
 #include "commands/search_switches.h"
@@ -50,6 +51,10 @@ AttributeMasks MasksFor(const CString& argument, const FILESEARCH& search, const
 // Has a change known: to the database of directories that CD searches, and to the desktop's folder windows
 // when the setting SHChangeNotify asks for it.
 void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16string_view newName = {});
+
+// Puts a file or directory into the recycle bin: 0, or the error to be told. Nothing where its drive has no
+// bin and `only` does not insist on one: then it may be deleted for good.
+std::optional<unsigned> PutIntoBin(const CString& name, bool only);
 
 // Lines that a batch file of the everyday kind (.BAT, .CMD) does not expect are left out there.
 enum class BatchManners { Silent, TotalsOnly };

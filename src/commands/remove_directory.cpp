@@ -90,12 +90,9 @@ private:
             return ERROR_DIR_NOT_EMPTY;
         if (work.Pretends())
             return 0;
-        if (usesBin && !isLink) {
-            if (MoveToRecycleBin(name) == 0)
-                return 0;
-            if (onlyIntoBin)
-                return ERROR_NOT_SUPPORTED;
-        }
+        if (usesBin && !isLink)
+            if (const auto code = PutIntoBin(name, onlyIntoBin))
+                return *code;
         if (withTree && !isLink)
             return RemoveTree(name, true,
                               [this](unsigned code, const CString& part) { work.Failed(code, part); });
