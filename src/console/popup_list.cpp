@@ -110,8 +110,10 @@ public:
 
     PopupResult Run()
     {
-        if (area.rows <= frameRows || area.columns <= frameColumns)
+        if (!HasRoom()) {
+            console.Beep();
             return std::move(result);
+        }
         while (!done && !(shown.empty() && filter.empty())) {
             // What waits may be nothing that is told, such as the release of a key.
             ConsoleEvent event{ConsoleEventKind::TimedOut, {}, {}, 0};
@@ -127,6 +129,7 @@ public:
     }
 
 private:
+    bool HasRoom() const { return Rows() > 0 && Columns() > 0; }
     int Rows() const { return area.rows - frameRows; }
     int Columns() const { return area.columns - frameColumns; }
     int LineColumns() const { return Columns() - request.lead.cells; }
@@ -313,7 +316,7 @@ private:
             Close();
             Open();
             KeepBarVisible();
-            done = area.rows <= frameRows || area.columns <= frameColumns;
+            done = !HasRoom();
             break;
         }
     }

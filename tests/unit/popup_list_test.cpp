@@ -102,6 +102,9 @@ TEST(PopupList, AnswersWhatWasPickedDeletedAndEdited)
     FakeConsole outside(40, 8);
     outside.Push(ConsoleEvent{ConsoleEventKind::Press, {}, {MouseButton::Left, true, 39, 7}, 0});
     EXPECT_EQ(RunPopupList(outside, Fruit()).action, PopupAction::Cancelled);
+    FakeConsole low(40, 2);
+    EXPECT_EQ(RunPopupList(low, Fruit()).action, PopupAction::Cancelled);
+    EXPECT_EQ(low.beeps, 1u) << "nothing to be seen";
 }
 
 TEST(PopupList, LeavesTheScreenBeforeABreakIsTold)
