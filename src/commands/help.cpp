@@ -12,6 +12,7 @@
 #include "config/key_functions.h"
 #include "console/completion_word.h"
 #include "core/command_switches.h"
+#include "engine/break.h"
 #include "engine/help_entry.h"
 #include "engine/language_library.h"
 #include "engine/output.h"
@@ -194,7 +195,7 @@ int HelpWidth() { return IsConsole(1) ? OutputSize().columns - 1 : 0; }
 // A screen at a time where a person reads it.
 int Show(std::u16string_view text, bool pauses = true)
 {
-    Pager pager(pauses && IsConsole(0));
+    Pager pager(pauses);
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(u'\n'), text.size() - 1) + 1;
         if (!pager.Piece(text.substr(0, end)))
@@ -280,7 +281,10 @@ void ShowHelpForPlace(std::u16string_view line, std::size_t cursor)
         name = word.command;
     }
     const CString text = name.empty() ? CString() : TopicText(name, HelpWidth());
-    Show(text.empty() ? Overview(HelpWidth()) : text);
+    try {
+        Show(text.empty() ? Overview(HelpWidth()) : text);
+    } catch (const ListingLeft&) { // the line goes on being edited
+    }
 }
 
 int Help_Command(CString& arguments)

@@ -2,15 +2,25 @@
 
 #include <algorithm>
 
+#include "console/key_input.h"
 #include "engine/break.h"
-#include "engine/console_entry.h"
 #include "engine/output.h"
 #include "engine/results.h"
-#include "lang/messages.h"
+#include "lang/console_messages.h"
+#include "text/cell_width.h"
+
+namespace {
+
+// Keys by Windows' own numbers.
+constexpr unsigned enterKey = 13;
+constexpr unsigned escapeKey = 27;
+constexpr unsigned qKey = 'Q';
+
+} // namespace
 
 Pager::Pager(bool pauses)
 {
-    if (pauses && IsConsole(1))
+    if (pauses && IsConsole(0) && IsConsole(1))
         screen = OutputSize();
     else
         screen.rows = 0;
@@ -34,19 +44,28 @@ void Pager::Prepare(std::u16string_view text)
 {
     ThrowIfBroken();
     if (screen.rows > 0)
-        MakeRoom(text.substr(0, text.find_last_not_of(u"\r\n") + 1).size());
+        MakeRoom(TextWidth(text.substr(0, text.find_last_not_of(u"\r\n") + 1)));
 }
 
 // Waits before a line that would push the first one of this screen out of sight.
-void Pager::MakeRoom(std::size_t length)
+void Pager::MakeRoom(int cells)
 {
-    const int columns = std::max(1, screen.columns);
-    const int needed = std::max(1, (static_cast<int>(length) + columns - 1) / columns);
-    if (rows > 0 && rows + needed >= screen.rows) {
-        Print(LoadMessage(message::pressKey));
-        WaitForKey();
-        Print(u"\r\n");
-        rows = 0;
+    const auto rowsOf = [&](int width) { return std::max(1, (width + screen.columns - 1) / screen.columns); };
+    const CString question = LoadMessage(message::morePages);
+    const int questionWidth = TextWidth(question);
+    const int needed = rowsOf(cells);
+    const int room = screen.rows - rowsOf(questionWidth);
+    if (rows > 0 && rows + needed > room) {
+        Print(question);
+        const unsigned key = ReadKeyOrBreak().key.virtualKey;
+        // The listing goes on where the question stood.
+        Print(
+            questionWidth < screen.columns
+                ? CString(u"\r").Append(CString(static_cast<std::size_t>(questionWidth), u' ')).Append(u'\r')
+                : CString(u"\r\n"));
+        if (key == escapeKey || key == qKey)
+            throw ListingLeft();
+        rows = key == enterKey ? std::max(0, room - needed) : 0;
     }
     rows += needed;
 }

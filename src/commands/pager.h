@@ -1,4 +1,5 @@
-// Showing many lines, a screen at a time when that is asked for.
+// Showing many lines, a screen at a time when that is asked for. Esc or Q at the end of a screen throws
+// ListingLeft, Enter shows one line more.
 #pragma once
 
 #include <string_view>
@@ -8,7 +9,7 @@
 
 class Pager {
 public:
-    // Pauses only when standard output is a console.
+    // Pauses only when standard input and output are consoles.
     explicit Pager(bool pauses);
     // Writes a line and its end. False when the output refused it: there is no use in going on.
     bool Line(std::u16string_view text);
@@ -18,7 +19,7 @@ public:
 
 private:
     void Prepare(std::u16string_view text);
-    void MakeRoom(std::size_t length);
+    void MakeRoom(int cells);
 
     ConsoleSize screen; // without rows there are no pauses
     int rows = 0;       // used since the last pause

@@ -3,6 +3,7 @@
 
 #include "core/command_lookup.h"
 #include "core/external.h"
+#include "engine/break.h"
 #include "engine/command_entry.h"
 #include "engine/console_entry.h"
 #include "engine/directory_entry.h"
@@ -140,6 +141,16 @@ int TakeOutputError(int code)
     return tls.errorLevel = told ? code : MVError(failed);
 }
 
+// What the command answers; one whose listing somebody has left has done its work.
+template <typename Handler, typename Argument> int AnswerOf(Handler handler, Argument&& argument)
+{
+    try {
+        return handler(std::forward<Argument>(argument));
+    } catch (const ListingLeft&) {
+        return result::success;
+    }
+}
+
 } // namespace
 
 int RunInternalCommand(const BUILTIN& row, CString& arguments)
@@ -149,13 +160,13 @@ int RunInternalCommand(const BUILTIN& row, CString& arguments)
     TLS_VARIABLES& tls = Tls();
     tls.commandName = row.name;
     if (!IsEcho(row) && AsksForHelp(arguments, (flags & command_flags::help) != 0, syntax))
-        return NTInternalHelp(row);
+        return AnswerOf(NTInternalHelp, row);
     if ((flags & command_flags::batchOnly) != 0 && !tls.Frame())
         return tls.errorLevel = MVError(errors::batchOnly, row.name);
     if (!IsEcho(row))
         arguments.TrimLeft();
     tls.outputError = 0;
-    return TakeResult(TakeOutputError(row.handler(arguments)), flags);
+    return TakeResult(TakeOutputError(AnswerOf(row.handler, arguments)), flags);
 }
 
 int Runp(CString& command, bool)
@@ -195,5 +206,5 @@ int Runp(CString& command, bool)
 int ExecuteInternalCommand(int (*handler)(CString&), const char16_t* arguments)
 {
     CString text(arguments);
-    return handler(text);
+    return AnswerOf(handler, text);
 }

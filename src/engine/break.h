@@ -10,6 +10,10 @@ struct Break {
     int code; // 3 for a break
 };
 
+// A person has seen enough of a listing (commands/pager.h). Ends the command that shows it, and nothing else;
+// whoever runs a command's handler or shows help catches it.
+struct ListingLeft {};
+
 // Console events by Windows' own numbers.
 namespace break_event {
 constexpr unsigned controlC = 0;

@@ -40,4 +40,5 @@ constexpr unsigned transientState = 4142;
 constexpr unsigned keysState = 4143;
 constexpr unsigned unboundKey = 4144;
 constexpr unsigned statusbarState = 4152;
+constexpr unsigned morePages = 4353;
 } // namespace message

@@ -84,7 +84,7 @@ def question(console):
     console.ends_with("[Bob]", ">")
 
 
-@case("ALIAS /P waits when the screen is full")
+@case("ALIAS /P waits when the screen is full, goes on by lines and screens, and ends with Q")
 def pause(console):
     console.start("//LocalAliases=Yes", "//GlobalAliases=No")
     console.file("many.txt", *[f"a{i:02}={i}" for i in range(40)])
@@ -92,9 +92,15 @@ def pause(console):
     console.line("alias /r many.txt")
     console.ends_with(">alias /r many.txt", ">")
     console.line("alias /p")
-    console.ends_with("a28=28", "Press any key when ready...")
+    console.ends_with("a28=28", "Any key: more, Enter: a line, Esc: end")
+    console.keys("Enter")
+    console.ends_with("a29=29", "Any key: more, Enter: a line, Esc: end")
     console.keys("Space")
     console.ends_with("a39=39", ">")
+    console.line("alias /p & echo behind it")
+    console.ends_with("a28=28", "Any key: more, Enter: a line, Esc: end")
+    console.keys("q")
+    console.ends_with("a28=28", "behind it", ">")
 
 
 @case("XHISTORY tells what was typed, where, and what came of it; excluded lines are not kept")

@@ -144,8 +144,8 @@ HOUR = (
      "Examples", "  popd", "  popd *", ">echo no & popd x"),
     ("and about the function in whose brackets it is",
      "{Escape}echo %@len[{F1}", Seen("  %@len[text]"), ">echo %@len["),
-    ("HELP tells what there is, a screen at a time", "{Escape}help{Enter}", "Press any key when ready..."),
-    ("until Ctrl+C ends that", "{C-c}", "Press any key when ready...^C", ">"),
+    ("HELP tells what there is, a screen at a time", "{Escape}help{Enter}", "Any key: more, Enter: a line, Esc: end"),
+    ("until Ctrl+C ends that", "{C-c}", "Any key: more, Enter: a line, Esc: end^C", ">"),
     # Other languages
     ("wide characters are typed", "echo \u65e5\u672c\u8a9e{Enter}", "\u65e5\u672c\u8a9e", ">"),
     ("and corrected as others are", "echo \u65e5\u672c{Left}{BSpace}\u8a9e{Enter}", "\u8a9e\u672c", ">"),
