@@ -98,7 +98,7 @@ bool IsPassedOver(const CString& name)
     return IsPartialFileName(name) || (aIniFile.Descriptions && EqualNoCase(name, DescriptionFileName()));
 }
 
-void RemoveExtra(Transfer& transfer, const TransferName& name, const EntryFacts& facts)
+void RemoveExtra(Transfer& transfer, const CString& source, const TransferName& name, const EntryFacts& facts)
 {
     if (!transfer.work.Wants(message::askDelete, name.shown))
         return;
@@ -113,9 +113,11 @@ void RemoveExtra(Transfer& transfer, const TransferName& name, const EntryFacts&
         if (failed != 0)
             return transfer.Failed(failed, name.shown);
     }
-    if (!transfer.work.Pretends())
+    if (!transfer.work.Pretends()) {
+        transfer.DropDescription(source, name);
         NotifyOfChange(facts.IsDirectory() ? FolderChange::DirectoryDeleted : FolderChange::FileDeleted,
                        name.Full());
+    }
     transfer.Deleted(name.shown, facts.IsDirectory());
 }
 
@@ -136,7 +138,7 @@ void RemoveExtraFiles(Transfer& transfer, const CString& argument, const CString
             return;
         const auto matches = [&](const auto& pattern) { return pattern->Matches(file.name); };
         if (!file.facts.IsDirectory() && std::any_of(patterns.begin(), patterns.end(), matches))
-            RemoveExtra(transfer, InDirectory(target, file.name), file.facts);
+            RemoveExtra(transfer, source, InDirectory(target, file.name), file.facts);
     }
 }
 
@@ -147,7 +149,7 @@ void RemoveExtraTree(Transfer& transfer, const CString& source, const TransferNa
     for (const FoundFile& file : extras.Read(&both)) {
         if (transfer.work.IsStopped())
             return;
-        RemoveExtra(transfer, InDirectory(target, file.name), file.facts);
+        RemoveExtra(transfer, source, InDirectory(target, file.name), file.facts);
     }
     for (const FoundFile& file : both)
         if (file.facts.IsDirectory() && (file.facts.attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)

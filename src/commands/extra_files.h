@@ -3,8 +3,10 @@
 
 #include "commands/transfer.h"
 
-// Removes one, a directory with all that is in it; links are removed, never followed. Asks, shows and counts.
-void RemoveExtra(Transfer& transfer, const TransferName& name, const EntryFacts& facts);
+// Removes one that `source` (full, with a separator at the end) lacks, a directory with all that is in it;
+// links are removed, never followed. Asks, shows and counts.
+void RemoveExtra(Transfer& transfer, const CString& source, const TransferName& name,
+                 const EntryFacts& facts);
 
 // Whether a file of that name belongs to nobody's files: partial files, and description files, whose entries
 // follow the files they describe.

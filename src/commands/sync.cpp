@@ -291,7 +291,7 @@ private:
             return;
         if (!force && HoldsLater(second.Named(file), file.facts, FileTimeNumber(source->written)))
             return transfer.Failed(errors::newerThere, second.Named(file).shown);
-        RemoveExtra(transfer, second.Named(file), file.facts);
+        RemoveExtra(transfer, first.directory.directory, second.Named(file), file.facts);
     }
 
     // Whether the file, or one below the directory, was changed after that time.

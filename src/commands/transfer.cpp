@@ -386,6 +386,12 @@ void Transfer::Carry(const TransferName& from, const TransferName& to)
     }
 }
 
+void Transfer::DropDescription(const CString& source, const TransferName& gone)
+{
+    Enter(source, gone.directory);
+    here->TargetTexts().Remove(gone.name);
+}
+
 void Transfer::NoteMovedFrom(const CString& directory)
 {
     if (movedFrom.empty() || movedFrom.back() != directory)

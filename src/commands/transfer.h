@@ -84,6 +84,8 @@ public:
     void Deleted(std::u16string_view name, bool isDirectory);
     // The description goes along with the file or directory.
     void Carry(const TransferName& from, const TransferName& to);
+    // The file or directory in the target is gone, and so is its description.
+    void DropDescription(const CString& source, const TransferName& gone);
     // Writes the descriptions that went along, before directories that hold them go.
     void Leave();
     // Directories (full, with a separator at the end) that something was moved from, since the last call.

@@ -5,10 +5,12 @@
 #include <windows.h>
 
 #include "engine/break.h"
+#include "files/descriptions.h"
 #include "files/directory_source.h"
 #include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
+#include "text/compare.h"
 #include "text/path_names.h"
 
 namespace {
@@ -16,7 +18,8 @@ namespace {
 struct Entry {
     CString name; // full
     std::uint32_t attributes = 0;
-    bool emptied = false; // what is in the directory was dealt with
+    bool emptied = false;   // what is in the directory was dealt with
+    bool describes = false; // the description file
 
     bool IsDirectory() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
     bool IsLink() const { return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
@@ -25,18 +28,37 @@ struct Entry {
 class Contents : public EntrySink {
 public:
     Contents(std::u16string_view ofDirectory, std::vector<Entry>& receiver)
-        : directory(ofDirectory), entries(receiver)
+        : directory(ofDirectory), entries(receiver), first(receiver.size()),
+          descriptionName(DescriptionFileName())
     {}
     void Take(const DirectoryEntry& entry) override
     {
-        if (entry.name != u"." && entry.name != u"..")
-            entries.push_back({PathOfEntry(directory, entry.name), entry.facts.attributes});
+        if (entry.name == u"." || entry.name == u"..")
+            return;
+        const bool describes = EqualNoCase(entry.name, descriptionName);
+        Entry taken{PathOfEntry(directory, entry.name), entry.facts.attributes, false, describes};
+        const auto place = entries.begin() + static_cast<std::ptrdiff_t>(first);
+        entries.insert(describes ? place : entries.end(), std::move(taken)); // it is removed last
     }
 
 private:
     std::u16string_view directory;
     std::vector<Entry>& entries;
+    std::size_t first;
+    CString descriptionName;
 };
+
+// The descriptions of what stays in a directory stay, too.
+bool StaysWithOthers(const Entry& entry)
+{
+    if (!entry.describes)
+        return false;
+    SystemDirectories source(false);
+    const CString directory(DirectoryPart(entry.name));
+    std::vector<Entry> entries;
+    Contents contents(directory, entries);
+    return source.Read(directory, u"*", contents) == 0 && entries.size() > 1;
+}
 
 unsigned RemoveEntry(const Entry& entry, bool readOnlyToo)
 {
@@ -69,6 +91,8 @@ unsigned RemoveTree(const CString& directory, bool readOnlyToo,
         }
         const Entry entry = std::move(entries.back());
         entries.pop_back();
+        if (StaysWithOthers(entry))
+            continue;
         const unsigned code = RemoveEntry(entry, readOnlyToo);
         if (code == 0)
             continue;
