@@ -155,6 +155,11 @@ def kills_ring(_pattern):
     return run_counted([sys.executable, "tests/kills"])
 
 
+def trees_ring(_pattern):
+    build("mingw")
+    return run_counted([sys.executable, "tests/trees"])
+
+
 def fuzz_ring(pattern):
     build("fuzz")
     names = [source.stem for source in sorted((ROOT / "fuzz").glob("*.cpp")) if pattern.lower() in source.stem]
@@ -184,6 +189,8 @@ def fuzz_target(name):
     return Outcome(failed=1)
 
 
+# A pattern names tests; these rings have none to choose from.
+UNNAMED = ("style", "runner", "kills", "trees")
 RINGS = {
     "style": style_ring,
     "runner": runner_ring,
@@ -192,6 +199,7 @@ RINGS = {
     "scripts": scripts_ring,
     "console": console_ring,
     "kills": kills_ring,
+    "trees": trees_ring,
     "fuzz": fuzz_ring,
 }
 
@@ -204,8 +212,7 @@ def main():
     for ring in arguments.rings:
         if ring not in RINGS:
             parser.error(f"there is no ring {ring}")
-    # A pattern names tests; these rings have none to choose from.
-    chosen = arguments.rings or [ring for ring in RINGS if not arguments.pattern or ring not in ("style", "runner", "kills")]
+    chosen = arguments.rings or [ring for ring in RINGS if not arguments.pattern or ring not in UNNAMED]
     total = Outcome()
     for ring in chosen:
         started = time.monotonic()

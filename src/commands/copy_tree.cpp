@@ -25,7 +25,7 @@ const CommandHelp copyDirectoryHelp = {
     u"/L  copy links as links, not what they lead to\n"
     u"/S  accepted for older habits; /Sn only n levels of subdirectories\n"
     u"/V  compare each copy with its source\n"
-    u"/W  delete what the target has and the source has not\n"
+    u"/W  delete what the target has and the source has not, unless something failed\n"
     u"/X  clear the archive attribute of the sources\n" //
     TRANSFER_SWITCHES                                   //
     u"The target is made, and holds afterwards what the directory holds, hidden and system files and empty "
@@ -68,6 +68,7 @@ int ReadTrees(CString& arguments, std::u16string_view own, FILESEARCH& search, T
     search.attributes.included = AttributeMasks::all;
     if (const int code = ReadTransfer(arguments, own, search, switches))
         return code;
+    switches.overHidden = true; // hidden files are taken without being asked for, a second time too
     const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
     if (names.size() != 2)
         return UsageError();
