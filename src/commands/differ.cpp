@@ -167,7 +167,7 @@ std::optional<bool> DirectoryDiffering::IsSame(const CString& name, const Entry&
         return entry.left->IsDirectory() == entry.right->IsDirectory();
     if (entry.left->size != entry.right->size)
         return false;
-    if (options.sameWhen == SameWhen::Size)
+    if (options.sameWhen == SameWhen::Size || entry.left->size == 0)
         return true;
     if (options.sameWhen == SameWhen::SizeAndTime) {
         constexpr std::uint64_t tolerance = 20'000'000; // two seconds, as FAT tells times

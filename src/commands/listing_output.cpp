@@ -1,11 +1,13 @@
 #include "commands/listing_output.h"
 
+#include <windows.h>
+
 #include "engine/output.h"
 
 void ListingOutput::Line(std::u16string_view text)
 {
     if (pauses) {
-        refused = refused || !pager.Line(text);
+        Note(refused || pager.Line(text));
         return;
     }
     waiting.text.Append(text).Append(u"\r\n");
@@ -15,7 +17,7 @@ void ListingOutput::Line(std::u16string_view text)
 void ListingOutput::Line(const PaintedText& text)
 {
     if (pauses) {
-        refused = refused || !pager.Line(text);
+        Note(refused || pager.Line(text));
         return;
     }
     waiting.Append(text).Append(u"\r\n");
@@ -32,7 +34,17 @@ void ListingOutput::FlushWhenFull()
 bool ListingOutput::Flush()
 {
     if (!waiting.text.empty() && !refused)
-        refused = !Print(waiting);
+        Note(Print(waiting));
     waiting.Clear();
+    if (refused)
+        SetLastError(reason);
     return !refused;
+}
+
+void ListingOutput::Note(bool written)
+{
+    if (written || refused)
+        return;
+    refused = true;
+    reason = GetLastError();
 }

@@ -19,9 +19,11 @@ public:
 
 private:
     void FlushWhenFull();
+    void Note(bool written);
 
     bool pauses;
     Pager pager;
     PaintedText waiting;
     bool refused = false;
+    unsigned reason = 0; // a Windows error number
 };

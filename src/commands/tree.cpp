@@ -132,7 +132,7 @@ private:
     {
         if (options.pauses) {
             if (!pager.Line(text))
-                throw OutputRefused();
+                throw OutputRefused{GetLastError()};
             return;
         }
         waiting.Append(text).Append(u"\r\n");
@@ -143,7 +143,7 @@ private:
     void Flush()
     {
         if (!waiting.text.empty() && !Print(waiting))
-            throw OutputRefused();
+            throw OutputRefused{GetLastError()};
         waiting.Clear();
     }
 
@@ -293,7 +293,9 @@ private:
     }
 
 public:
-    struct OutputRefused {};
+    struct OutputRefused {
+        unsigned reason; // a Windows error number
+    };
 
 private:
     const TreeOptions& options;
@@ -363,8 +365,8 @@ int Tree_Command(CString& arguments)
     try {
         for (const CString& name : names)
             drawing.Draw(WithoutQuotes(name));
-    } catch (const TreeDrawing::OutputRefused&) {
-        return MVError(0);
+    } catch (const TreeDrawing::OutputRefused& refused) {
+        return MVError(refused.reason);
     }
     return drawing.Finish();
 }

@@ -11,22 +11,24 @@
 
 namespace {
 
-constexpr std::size_t blockSize = std::size_t{1} << 20; // long reads of one file keep a disk's head in place
+// Long reads of one file keep a disk's head in place, but small files must not pay for the memory.
+constexpr std::size_t firstBlock = std::size_t{1} << 14;
+constexpr std::size_t laterBlocks = std::size_t{1} << 20;
 
 class Side {
 public:
     bool Open(std::u16string_view fileName)
     {
         name = fileName;
-        block.resize(blockSize);
+        block.resize(firstBlock);
         return file.Open(fileName);
     }
     // As many bytes as a block holds, fewer only at the end.
     bool Fill()
     {
         held = 0;
-        for (std::size_t count = 1; held < blockSize && count > 0; held += count)
-            if (!file.Read(block.data() + held, blockSize - held, count))
+        for (std::size_t count = 1; held < block.size() && count > 0; held += count)
+            if (!file.Read(block.data() + held, block.size() - held, count))
                 return false;
         return true;
     }
@@ -70,10 +72,12 @@ FileComparison CompareFiles(std::u16string_view left, std::u16string_view right)
             comparison.firstDifference += static_cast<std::uint64_t>(place - sides[0].block.begin());
             return comparison;
         }
-        if (shared == 0) {
+        if (shared < sides[0].block.size()) {
             comparison.same = true;
             return comparison;
         }
         comparison.firstDifference += shared;
+        for (Side& side : sides)
+            side.block.resize(laterBlocks);
     }
 }
