@@ -173,7 +173,7 @@ private:
             const std::u16string_view name = WithoutEndSeparators(directory->name);
             if (RemoveEmptyDirectory(name) == 0) {
                 work.DidDirectory(message::removedDirectory, WithoutEndSeparators(directory->shown));
-                NotifyOfChange(FolderChange::DirectoryDeleted, name);
+                NoteGoneDirectory(name);
             }
         }
     }

@@ -10,6 +10,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "files/description_changes.h"
 #include "files/known_directories.h"
 #include "lang/file_messages.h"
 #include "platform/file_facts.h"
@@ -59,6 +60,14 @@ void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16strin
         NoteMovedDirectory(FullPathName(name), FullPathName(newName));
     if (aIniFile.SHChangeNotify)
         NotifyFolders(change, name, newName);
+}
+
+unsigned NoteGoneDirectory(std::u16string_view name)
+{
+    NotifyOfChange(FolderChange::DirectoryDeleted, name);
+    DescriptionChanges descriptions(DirectoryPart(name));
+    descriptions.Remove(FileNamePart(name));
+    return descriptions.Write();
 }
 
 std::optional<unsigned> PutIntoBin(const CString& name, bool only)

@@ -52,6 +52,10 @@ AttributeMasks MasksFor(const CString& argument, const FILESEARCH& search, const
 // when the setting SHChangeNotify asks for it.
 void NotifyOfChange(FolderChange change, std::u16string_view name, std::u16string_view newName = {});
 
+// For a directory that was removed (a full name): its description goes too, and the change is made known. 0,
+// or the error number that kept the description.
+unsigned NoteGoneDirectory(std::u16string_view name);
+
 // Puts a file or directory into the recycle bin: 0, or the error to be told. Nothing where its drive has no
 // bin and `only` does not insist on one: then it may be deleted for good.
 std::optional<unsigned> PutIntoBin(const CString& name, bool only);

@@ -108,7 +108,7 @@ private:
                 emptied.push_back(directory.found.name);
         for (auto one = emptied.rbegin(); one != emptied.rend(); ++one)
             if (RemoveEmptyDirectory(WithoutEndSeparators(*one)) == 0)
-                NotifyOfChange(FolderChange::DirectoryDeleted, WithoutEndSeparators(*one));
+                NoteGoneDirectory(WithoutEndSeparators(*one));
     }
 
     FILESEARCH& search;

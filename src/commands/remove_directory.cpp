@@ -64,8 +64,10 @@ public:
             return;
         }
         work.DidDirectory(message::removedDirectory, shown);
-        if (!work.Pretends())
-            NotifyOfChange(FolderChange::DirectoryDeleted, name);
+        if (work.Pretends())
+            return;
+        if (const unsigned unwritten = NoteGoneDirectory(FullPathName(name)))
+            work.Failed(unwritten, shown);
     }
 
     FileWork work;
