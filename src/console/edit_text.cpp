@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr std::size_t mostHeld = std::size_t{1} << 24; // units kept for Undo; the oldest changes go first
+
 bool PartsWords(char16_t unit) { return IsBlank(unit) || unit == u'\n'; }
 
 } // namespace
@@ -27,11 +29,13 @@ void EditText::PlaceBehind(std::size_t place)
     anchor = cursor = front == place ? place : NextCharacter(text, front);
 }
 
-void EditText::Start(std::u16string_view initial, std::size_t place)
+void EditText::Start(std::u16string_view initial, std::size_t place, std::size_t most)
 {
     text = initial;
+    longest = most;
+    refused = false;
     changes.clear();
-    done = 0;
+    done = held = 0;
     ++version;
     MoveTo(place);
 }
@@ -53,17 +57,32 @@ bool EditText::Joins(const Change& change) const
 
 void EditText::Apply(Change change)
 {
+    const std::size_t more = change.inserted.size();
+    const std::size_t less = change.removed.size();
+    if (more > less && (more > longest || text.size() - less > longest - more)) {
+        refused = true;
+        return;
+    }
     text.Replace(change.at, change.removed.size(), change.inserted);
     PlaceBehind(change.at + change.inserted.size());
     ++version;
+    Remember(std::move(change));
+}
+
+void EditText::Remember(Change change)
+{
+    held += change.Units();
     if (Joins(change)) {
         changes.back().removed.Append(change.removed);
         changes.back().inserted.Append(change.inserted);
         return;
     }
-    changes.resize(done);
+    for (; changes.size() > done; changes.pop_back())
+        held -= changes.back().Units();
     changes.push_back(std::move(change));
-    ++done;
+    for (; held > mostHeld && changes.size() > 1; changes.erase(changes.begin()))
+        held -= changes.front().Units();
+    done = changes.size();
 }
 
 void EditText::Replace(std::size_t from, std::size_t to, std::u16string_view by)

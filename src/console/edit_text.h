@@ -5,14 +5,16 @@
 
 #include <cstddef>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "text/cstring.h"
 
 class EditText {
 public:
-    // A text to begin with, which is nothing to undo.
-    void Start(std::u16string_view initial, std::size_t place);
+    // A text to begin with, which is nothing to undo. What would make it longer than so many units is
+    // refused.
+    void Start(std::u16string_view initial, std::size_t place, std::size_t most = CString::npos);
 
     const CString& Text() const { return text; }
     std::u16string_view View() const { return text; }
@@ -41,6 +43,9 @@ public:
     void EraseSelection() { Erase(SelectionBegin(), SelectionEnd()); }
     void SetText(std::u16string_view whole) { Replace(0, text.size(), whole); }
 
+    // Whether a change was refused since the last call.
+    bool TakeRefusal() { return std::exchange(refused, false); }
+
     // False when there is nothing to undo or do again.
     bool Undo();
     bool Redo();
@@ -55,7 +60,9 @@ private:
         CString inserted;
         std::size_t cursorBefore = 0;
         bool typed = false;
+        std::size_t Units() const { return removed.size() + inserted.size(); }
     };
+    void Remember(Change change);
     bool Joins(const Change& change) const;
     void Apply(Change change);
     std::size_t Snap(std::size_t place) const;
@@ -67,5 +74,8 @@ private:
     std::size_t anchor = 0;
     std::vector<Change> changes; // those from `done` on have been undone
     std::size_t done = 0;
+    std::size_t held = 0; // units in all changes
     std::size_t version = 0;
+    std::size_t longest = CString::npos; // units
+    bool refused = false;
 };

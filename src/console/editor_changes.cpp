@@ -123,10 +123,7 @@ void Paste(LineEditor& editor)
     CString text = pasted ? PastedText(*pasted) : CString();
     if (!editor.request->command)
         text.Truncate(text.Find(u'\n'));
-    const std::size_t selected = editor.text.SelectionEnd() - editor.text.SelectionBegin();
-    const bool fits = text.size() <= editor.request->longest &&
-                      editor.text.Size() - selected <= editor.request->longest - text.size();
-    if (text.empty() || !fits || !editor.request->accepted.empty())
+    if (text.empty() || !editor.request->accepted.empty())
         editor.Beep();
     else
         editor.text.Insert(text);

@@ -36,7 +36,7 @@ EditorAnswer LineEditor::Read(const EditorRequest& wanted)
     request = &wanted;
     answer = {};
     outcome.reset();
-    text.Start(wanted.text, std::min(wanted.cursor, wanted.text.size()));
+    text.Start(wanted.text, std::min(wanted.cursor, wanted.text.size()), LongestLine());
     typedAhead = console.Waiting() > 0;
     if (wanted.command)
         painter.ClearRow();
@@ -129,6 +129,8 @@ void LineEditor::Perform(EditorAction action)
     performing = action;
     action(*this);
     performing = nullptr;
+    if (text.TakeRefusal())
+        Beep();
     lastAction = action;
     keptWaiting = keptWaiting || console.Waiting() > 0;
 }
@@ -177,6 +179,8 @@ bool LineEditor::TakeAlias(std::u16string_view key)
         Run(alias->text);
     else
         text.Insert(alias->text);
+    if (text.TakeRefusal())
+        Beep();
     return true;
 }
 
@@ -192,9 +196,16 @@ bool LineEditor::IsNormalKey(std::u16string_view name) const
     return false;
 }
 
+// A key that doubles what stands there must not take all memory when it is held down.
+std::size_t LineEditor::LongestLine() const
+{
+    constexpr std::size_t longestLine = std::size_t{1} << 20; // units
+    return std::min(request->longest, longestLine);
+}
+
 bool LineEditor::Accepts(char16_t unit) const
 {
-    if (text.Size() + unshown.size() - (text.SelectionEnd() - text.SelectionBegin()) >= request->longest)
+    if (text.Size() + unshown.size() - (text.SelectionEnd() - text.SelectionBegin()) >= LongestLine())
         return false;
     if (unit == u'\n' && !request->command)
         return false;

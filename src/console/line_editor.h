@@ -110,6 +110,7 @@ private:
     bool TakeAlias(std::u16string_view key);
     void TypeUnit(char16_t unit);
     void TakeTyped();
+    std::size_t LongestLine() const;
     bool Accepts(char16_t unit) const;
     bool IsNormalKey(std::u16string_view name) const;
     bool EndsPasted(std::u16string_view key);

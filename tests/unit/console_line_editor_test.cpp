@@ -156,6 +156,10 @@ TEST_F(Editing, LimitsAndEnds)
     request.longest = 3;
     EXPECT_EQ(Edit(u"abcde<Enter>", request).line, u"abc");
     EXPECT_EQ(console.beeps, 2u);
+    request.longest = 6;
+    EXPECT_EQ(Edit(u"ab<Ctrl-T><Ctrl-T><Enter>", request).line, u"ab ab");
+    EXPECT_EQ(console.beeps, 3u);
+    request.longest = 3;
     request.accepted = {u"1", u"2"};
     EXPECT_EQ(Edit(u"1x2<Enter>", request).line, u"12");
     EXPECT_EQ(Edit(u"abc<Ctrl-C>").outcome, EditorOutcome::Break);
