@@ -1,5 +1,7 @@
 #include "commands/beep.h"
 
+#include <algorithm>
+
 #include <windows.h>
 
 #include "core/command_switches.h"
@@ -7,7 +9,6 @@
 #include "engine/inifile.h"
 #include "engine/results.h"
 #include "engine/state.h"
-#include "platform/clock.h"
 #include "platform/lazy_library.h"
 #include "text/compare.h"
 #include "text/numbers.h"
@@ -60,12 +61,16 @@ const SystemSound* FindSystemSound(std::u16string_view name)
 
 void PlayTone(std::int64_t frequency, std::int64_t ticks)
 {
-    const DWORD length = static_cast<DWORD>(ticks) * millisecondsPerTick;
+    constexpr DWORD piece = 2000; // milliseconds: nothing ends a tone that has begun
+    DWORD length = static_cast<DWORD>(ticks) * millisecondsPerTick;
     if (frequency == 0)
-        SleepWithPoll(length, [] { return true; });
-    else if (length > 0)
-        Beep(static_cast<DWORD>(frequency), length);
-    ThrowIfBroken();
+        return SleepOrBreak(length);
+    while (length > 0) {
+        const DWORD part = std::min(length, piece);
+        Beep(static_cast<DWORD>(frequency), part);
+        ThrowIfBroken();
+        length -= part;
+    }
 }
 
 std::optional<std::int64_t> WholeNumber(std::u16string_view text)

@@ -30,7 +30,7 @@ const CommandHelp historyHelp = {
     u"/M  of equal lines leave only the newest\n"
     u"/N  number the lines\n"
     u"/P  wait for a key after each screen\n"
-    u"/R  add the lines of files, or of standard input\n"
+    u"/R  add the lines of files, or of standard input; at the console Ctrl+Z ends them\n"
     u"/V  show the newest line first\n"
     u"With a count the newest lines are shown, so many of them; with a negative count the oldest ones are "
     u"left out, so many of them. Without /G and /L it is the list in use. HISTORY > file writes a file that "
@@ -54,7 +54,7 @@ const CommandHelp dirhistoryHelp = {
     u"/M  of equal directories leave only the newest\n"
     u"/N  number the directories\n"
     u"/P  wait for a key after each screen\n"
-    u"/R  add the lines of files, or of standard input\n"
+    u"/R  add the lines of files, or of standard input; at the console Ctrl+Z ends them\n"
     u"/V  show the newest directory first\n"
     u"With a count the newest directories are shown, so many of them; with a negative count the oldest ones "
     u"are left out, so many of them. Without /G and /L it is the list in use.",

@@ -34,6 +34,15 @@ void WaitForBreak()
     ThrowIfBroken();
 }
 
+// Ctrl+Z ends a line, and where it begins one the input, as on every console; a prompt goes on with the next
+// line.
+bool TakeEnd(CString& line, LinePurpose purpose)
+{
+    const bool ends = line.front() == controlZ && purpose != LinePurpose::Command;
+    line.Truncate(line.view().find(controlZ));
+    return !ends;
+}
+
 bool ReadFromConsole(CString& line, std::u16string_view prompt, LinePurpose purpose)
 {
     PrepareConsole();
@@ -46,14 +55,13 @@ bool ReadFromConsole(CString& line, std::u16string_view prompt, LinePurpose purp
     EditorAnswer answer;
     if (!aIniFile.ReadConsole && EditConsoleLine(answer, request)) {
         line = answer.line;
-        line.Truncate(line.view().find(controlZ));
-        return answer.outcome != EditorOutcome::Ended;
+        return TakeEnd(line, purpose) && answer.outcome != EditorOutcome::Ended;
     }
     TypeIntoConsole(line);
     WriteToConsole(prompt);
     const PassingColors typed(aIniFile.InputColors);
     switch (ReadTypedLine(line, ThrowIfBroken)) {
-    case TypedLine::Complete: line.Truncate(line.view().find(controlZ)); return true;
+    case TypedLine::Complete: return TakeEnd(line, purpose);
     case TypedLine::Cut: WaitForBreak(); return true;
     case TypedLine::Ended: break;
     }

@@ -103,6 +103,16 @@ def pause(console):
     console.ends_with("a28=28", "behind it", ">")
 
 
+@case("Ctrl+Z ends the lines that are read from the console, and nothing at the prompt")
+def end_of_lines(console):
+    console.start("//LocalAliases=Yes", "//GlobalAliases=No")
+    console.shows(">")
+    console.line('keystack "one=1" Enter 26 Enter 26 Enter & alias /r')
+    console.ends_with("one=1", "^Z", ">^Z", ">")
+    console.line("alias")
+    console.ends_with(">alias", "one=1", ">")
+
+
 @case("XHISTORY tells what was typed, where, and what came of it; excluded lines are not kept")
 def extended_history(console):
     console.start(HistoryExclude="secret*")
