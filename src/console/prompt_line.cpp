@@ -66,6 +66,8 @@ void SettleHistory(const EditorAnswer& answer)
 
 } // namespace
 
+void DropPastedLines() { Left().pasted.clear(); }
+
 bool EditConsoleLine(EditorAnswer& answer, const EditorRequest& wanted)
 {
     if (GivePasted(answer, wanted))
@@ -87,7 +89,7 @@ bool EditConsoleLine(EditorAnswer& answer, const EditorRequest& wanted)
         }
         if (answer.outcome != EditorOutcome::Break)
             break;
-        left.pasted.clear();
+        DropPastedLines();
         MarkBreak();
         ThrowIfBroken(); // comes back when breaks are switched off
         request.prompt.Clear();

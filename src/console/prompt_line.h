@@ -8,3 +8,5 @@
 // Reads a line as `request` says; lines that a paste has left are given first. False when there is no console
 // to edit on: nothing has been read then. Breaks are thrown.
 bool EditConsoleLine(EditorAnswer& answer, const EditorRequest& request);
+// Those lines are not to be given any more.
+void DropPastedLines();

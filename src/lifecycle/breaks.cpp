@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "console/progress.h"
+#include "console/prompt_line.h"
 #include "engine/break.h"
 #include "engine/state.h"
 #include "platform/clock.h"
@@ -110,7 +111,8 @@ void BreakHandler(unsigned event)
     if (endsShell)
         aGlobals.exitRequested = 1;
     else {
-        DropTypedKeys(); // the rest of what was pasted, say
+        DropTypedKeys();
+        DropPastedLines();
         HideProgress();
         WriteToConsole(u"^C\r\n");
     }
