@@ -12,14 +12,15 @@
 const CommandHelp ffindHelp = {
     u"Finds files by name, attributes, date, size and contents.",
     u"FFIND [range ...] [/T\"text\" | /E\"expression\" | /X\"bytes\"] [/A[:]attributes] [/B] [/C] "
-    u"[/D[drives]] [/F] [/I] [/K] [/L] [/M] [/N] [/O[:]order] [/P] [/S[levels]] [/U] [/V] [/W[lines]] [/Y] "
-    u"[name ...]",
+    u"[/D[drives]] [/F] [/H] [/I] [/K] [/L] [/M] [/N] [/O[:]order] [/P] [/S[levels]] [/U] [/V] [/W[lines]] "
+    u"[/Y] [name ...]",
     u"/A  files with attributes, as DIR /A tells\n"
     u"/B  names alone\n"
     u"/C  letter case counts in texts and expressions\n"
     u"/D  on these drives, from their roots; without letters on all\n"
     u"/E  files with a line in which this regular expression is found\n"
     u"/F  stop at the first file\n"
+    u"/H  whole words only\n"
     u"/I  \"*\" and \"?\" in the text stand for themselves\n"
     u"/K  no line with the name above the lines that are found\n"
     u"/L  number the lines\n"

@@ -42,6 +42,7 @@ struct WantedTexts {
     int given = 0; // switches
     bool plain = false;
     bool exact = false;
+    bool wholeWords = false;
 };
 
 int MakeSearch(const WantedTexts& wanted, FfindOptions& options)
@@ -60,6 +61,8 @@ int MakeSearch(const WantedTexts& wanted, FfindOptions& options)
                               letterCase, syntax);
     if (options.lines && !options.lines->IsValid())
         return MVError(errors::invalidRegex, wanted.expression);
+    if (options.lines && wanted.wholeWords)
+        options.lines->TakeWholeWords();
     return result::success;
 }
 
@@ -117,7 +120,7 @@ int ReadFfindOptions(CString& arguments, FfindOptions& options)
         return code;
     if (const int code = ReadLetters(arguments, options))
         return code;
-    constexpr std::u16string_view letters = u"BCFIKLMNPUVY";
+    constexpr std::u16string_view letters = u"BCFHIKLMNPUVY";
     std::uint64_t flags = 0;
     if (const int code = ReadSwitches(arguments, letters, flags))
         return code;
@@ -125,6 +128,7 @@ int ReadFfindOptions(CString& arguments, FfindOptions& options)
     options.bare = on(u'B');
     wanted.exact = on(u'C');
     options.firstFileOnly = on(u'F');
+    wanted.wholeWords = on(u'H');
     wanted.plain = on(u'I');
     options.header = !on(u'K');
     options.lineNumbers = on(u'L');

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "files/required_text.h"
+#include "text/cell_width.h"
 #include "text/compare.h"
 
 namespace {
@@ -10,6 +11,18 @@ namespace {
 bool IsAscii(std::u16string_view text)
 {
     return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 128; });
+}
+
+bool IsOfWord(char16_t unit) { return IsLetterOrDigit(unit) || unit == u'_'; }
+
+// Whether no word goes on over the match's beginning or end; a match of nothing is no word.
+bool IsWholeWord(std::u16string_view line, Regex::Span match)
+{
+    const std::size_t end = match.start + match.length;
+    const auto goesOn = [&](std::size_t at) {
+        return at > 0 && at < line.size() && IsOfWord(line[at - 1]) && IsOfWord(line[at]);
+    };
+    return match.length > 0 && !goesOn(match.start) && !goesOn(end);
 }
 
 CString ExpressionOfWildcards(std::u16string_view text)
@@ -51,14 +64,25 @@ LineSearch::LineSearch(std::u16string_view text, LineSearchKind kind, RegexCase 
 
 std::optional<Regex::Span> LineSearch::Find(std::u16string_view line) const
 {
+    std::optional<Regex::Span> found = FindFrom(line, 0);
+    while (wholeWords && found && !IsWholeWord(line, *found)) {
+        const std::size_t next = NextCharacter(line, found->start);
+        found = next > found->start ? FindFrom(line, next) : std::nullopt;
+    }
+    return found;
+}
+
+std::optional<Regex::Span> LineSearch::FindFrom(std::u16string_view line, std::size_t from) const
+{
     if (regex) {
         // Where a match stands costs memory, and most lines hold none.
         std::vector<Regex::Span> groups;
-        if (!regex->Search(line) || !regex->Search(line, 0, &groups) || groups.empty())
+        if (!regex->Search(line, from) || !regex->Search(line, from, &groups) || groups.empty())
             return std::nullopt;
         return groups.front();
     }
-    const std::size_t at = letterCase == RegexCase::Exact ? line.find(plain.view()) : FindNoCase(line, plain);
+    const std::size_t at =
+        letterCase == RegexCase::Exact ? line.find(plain.view(), from) : FindNoCase(line, plain, from);
     if (at == line.npos)
         return std::nullopt;
     return Regex::Span{at, plain.size()};
