@@ -238,5 +238,7 @@ int Global_Command(CString& arguments)
         return UsageError();
     if (!QueryIsDirectory(options.start))
         return NoDirectory(options.start);
+    if (options.asks && !MayAsk())
+        return MVError(errors::nobodyToAsk, options.start);
     return TreeRun(options, arguments).Run();
 }
