@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t shortestBurst = 2; // keys; nobody types so many between two looks at the keyboard
 // Keys that wait count twice, with their release.
 constexpr std::size_t shortestText = 16;        // keys that no slow line hands over together
-constexpr std::size_t shortestRest = 6;         // events behind a tab that show it to be part of a text
+constexpr std::size_t shortestRest = 6;         // events behind a key that show it to be part of a text
 constexpr std::uint64_t longestGap = 30;        // milliseconds between two pieces of a paste
 constexpr std::size_t keysBetweenLooks = 32768; // in a long paste the line is shown now and then
 
@@ -135,38 +135,44 @@ void LineEditor::Perform(EditorAction action)
     keptWaiting = keptWaiting || console.Waiting() > 0;
 }
 
+// Whether the line end or tab that has just been read came in the middle of other keys.
+bool LineEditor::IsInBurst(bool tab)
+{
+    const std::size_t waiting = console.Waiting();
+    if (!tab || HasSeveralLines())
+        return burst >= shortestBurst || (!tab && waiting >= shortestRest);
+    // In a first line a tab is a wish for a name, unless it indents what follows or stands in the middle of
+    // more keys than a slow line hands over together.
+    const bool indents = waiting >= shortestRest && text.Size() == 0 &&
+                         unshown.view().find_first_not_of(u" \t") == CString::npos;
+    return !keptWaiting && waiting > 0 && (indents || burst + waiting / 2 >= shortestText);
+}
+
+bool LineEditor::HasSeveralLines() const
+{
+    return unshown.Find(u'\n') != CString::npos || text.Text().Find(u'\n') != CString::npos;
+}
+
 // A line end or tab in the middle of pasted text belongs to the text: nothing runs before all of it has come.
 bool LineEditor::EndsPasted(std::u16string_view key)
 {
     const bool enter = IsLineEnd(key);
     const bool tab = key == u"Tab";
     const bool secondHalf = enter && key != u"Enter" && std::exchange(endedRow, false); // CR LF
-    if ((!enter && !tab) || typedAhead || !request->command)
+    if ((!enter && !tab) || typedAhead || !request->command || !IsInBurst(tab))
         return false;
-    const bool firstLine = unshown.Find(u'\n') == CString::npos && text.Text().Find(u'\n') == CString::npos;
-    // In a first line a tab is a wish for a name, unless it indents what follows or stands in the middle of
-    // more keys than a slow line hands over together.
-    const std::size_t behind = tab && firstLine ? console.Waiting() : 0;
-    const bool indents = behind >= shortestRest && text.Size() == 0 &&
-                         unshown.view().find_first_not_of(u" \t") == CString::npos;
-    if (tab && firstLine && (keptWaiting || behind == 0 || (!indents && burst + behind / 2 < shortestText)))
-        return false;
-    if (burst + behind < shortestBurst)
-        return false;
+    const bool goesOn = enter || console.Waiting() >= shortestRest;
     console.Await(longestGap);
     const ConsoleEvent next = console.Peek();
     if (next.kind != ConsoleEventKind::Key)
         return false;
     const CString nextName = NameOfKey(next.key);
-    const bool goesOn = behind >= shortestRest;
-    const bool lineEndMayFollow = enter || !firstLine || goesOn;
-    if (!TypesCharacter(next.key) && !(lineEndMayFollow && IsLineEnd(nextName)) &&
-        !((enter || goesOn) && nextName == u"Tab"))
-        return false;
-    if (!secondHalf)
+    const bool ofText = TypesCharacter(next.key) || (IsLineEnd(nextName) && (goesOn || HasSeveralLines())) ||
+                        (nextName == u"Tab" && goesOn);
+    if (ofText && !secondHalf)
         unshown.Append(enter ? u'\n' : u'\t');
-    endedRow = key == u"Enter";
-    return true;
+    endedRow = ofText ? key == u"Enter" : endedRow;
+    return ofText;
 }
 
 bool LineEditor::TakeAlias(std::u16string_view key)

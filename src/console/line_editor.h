@@ -113,6 +113,8 @@ private:
     std::size_t LongestLine() const;
     bool Accepts(char16_t unit) const;
     bool IsNormalKey(std::u16string_view name) const;
+    bool HasSeveralLines() const;
+    bool IsInBurst(bool tab);
     bool EndsPasted(std::u16string_view key);
     void Suggest();
     void ShowFinished();

@@ -185,6 +185,8 @@ TEST_F(Editing, PastedLinesComeTogether)
     console.quietKeys = 1;
     EXPECT_EQ(Edit(u"one<Enter><Ctrl-J><Tab>two<Ctrl-Enter><Ctrl-Enter>three<Enter>").line,
               u"one\n\ttwo\n\nthree");
+    console.quietKeys = 1;
+    EXPECT_EQ(Edit(u"<Enter>a<Enter>b c d<Enter>").line, u"\na\nb c d"); // however it begins
     // Tabs among it are no wishes for names; those behind it are, and in what a slow line hands over
     // together.
     for (const auto& [keys, line] :
