@@ -11,7 +11,8 @@ const CommandHelp clsHelp = {
     u"CLS [/C /S] [color on color]",
     u"/C  clears everything that can be scrolled back to (the default)\n"
     u"/S  clears the visible part only\n"
-    u"The colors stay in force for what is written next. COLOR tells their names.",
+    u"The colors stay in force for what is written next. COLOR tells their names. Redirected, a form feed is "
+    u"written.",
     u"cls\n"
     u"cls bright white on blue",
 };

@@ -11,7 +11,8 @@ const CommandHelp colorHelp = {
     u"Sets the colors of the screen, or puts back the usual ones.",
     u"COLOR [color on color | bf]",
     u"The names are Black, Blue, Green, Cyan, Red, Magenta, Yellow and White, each also with Bright in "
-    u"front; three letters of a word are enough. A foreground alone keeps the background.\n"
+    u"front; three letters of a word are enough. Gray is Bright Black, Brown is Yellow, and the numbers 0 to "
+    u"15 stand for the names in this order, the bright ones last. A foreground alone keeps the background.\n"
     u"b and f are background and foreground as hexadecimal digits, 0 to 7 in the order of the names, 8 to F "
     u"for the bright ones. The two must differ.",
     u"color bright yellow on blue\n"

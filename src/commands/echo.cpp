@@ -25,15 +25,18 @@ const CommandHelp echoHelp = {
 const CommandHelp echosHelp = {
     u"Shows text without a line break behind it.",
     u"ECHOS text",
-    u"",
+    u"What comes next goes on in the same row. The text is taken as ECHO takes it, but ON and OFF are text. "
+    u"Blanks at its end are dropped; ^s is one that stays.",
     u"echos Working... & echo done\n"
+    u"echos Name:^s & echo %username%\n"
     u"echos %_date > today.txt",
 };
 
 const CommandHelp echoerrHelp = {
     u"Writes text to standard error.",
     u"ECHOERR [text]",
-    u"",
+    u"Messages that shall be seen when the output goes to a file or another program. The text is taken as "
+    u"ECHO takes it, but ON and OFF are text; without text an empty line is written.",
     u"echoerr File missing: %1\n"
     u"echoerr Failed 2> log.txt",
 };
@@ -41,7 +44,7 @@ const CommandHelp echoerrHelp = {
 const CommandHelp echoserrHelp = {
     u"Writes text to standard error without a line break behind it.",
     u"ECHOSERR text",
-    u"",
+    u"As ECHOS, for what shall be seen when the output goes to a file or another program.",
     u"echoserr . & echoserr .",
 };
 

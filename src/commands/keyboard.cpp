@@ -51,8 +51,9 @@ const CommandHelp keysHelp = {
     u"OFF  lines are read by the console's own line input (the setting ReadConsole)\n"
     u"LIST  all functions with their keys and what they do\n"
     u"A name is that of a function and may hold the wildcards * and ?. With \"=\" the function has just the "
-    u"keys that follow, such as Ctrl-F5 or Alt-Shift-Left; without any it has none. That lasts until the "
-    u"shell ends; lines of the same form in the INI file last.",
+    u"keys that follow, such as Ctrl-F5 or Alt-Shift-Left; without any it has none. Keys that type a "
+    u"character are for LIST and windows only. That lasts until the shell ends; lines of the same form in "
+    u"the INI file last.",
     u"keys list\n"
     u"keys *hist*\n"
     u"keys /k:f8\n"

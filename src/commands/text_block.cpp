@@ -21,7 +21,7 @@ const CommandHelp commentHelp = {
     u"COMMENT\n"
     u"lines\n"
     u"ENDCOMMENT",
-    u"",
+    u"Nothing in the lines is looked at: they may hold anything but a line with ENDCOMMENT alone.",
     u"comment\n"
     u"Nothing here runs.\n"
     u"endcomment",
