@@ -106,17 +106,12 @@ void ShutdownCommandProcessor()
 int Command(const char16_t* line, int flags)
 {
     const bool typed = (flags & line_flags::typed) != 0;
-    const int code = Guarded([&] {
-        const int result = Command_S(CString(line), flags);
-        if (typed) {
+    const int code = Guarded([&] { return Command_S(CString(line), flags); });
+    if (typed)
+        Guarded([&] {
             Tls().typedLine = false;
             if (IsConsole(0))
                 Print(u"\r\n");
-        }
-        return result;
-    });
-    if (typed)
-        Guarded([&] {
             FinishExtendedEntry(EndsLine(code) ? result::success : code);
             return 0;
         });
