@@ -167,13 +167,12 @@ public:
         if (cells.empty())
             return false;
         const CString line = html ? PageLine(cells) : PlainLine(cells);
-        if (IsBlankRow(cells)) {
-            ++blankRows;
-            return true;
+        // What is blank is kept when something stands below it, with its colors.
+        waiting.Append(line).Append(u"\r\n");
+        if (!IsBlankRow(cells)) {
+            text.Append(waiting);
+            waiting.Clear();
         }
-        for (; blankRows > 0; --blankRows)
-            text.Append(u"\r\n");
-        text.Append(line).Append(u"\r\n");
         return true;
     }
 
@@ -238,7 +237,7 @@ private:
     }
 
     bool html;
-    int blankRows = 0;
+    CString waiting; // the blank rows so far
     CString text;
 };
 

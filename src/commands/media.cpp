@@ -195,7 +195,10 @@ int Playsound_Command(CString& arguments)
         sound.Send(u"close %s");
         return result::success;
     }
-    if (!QueryIsFile(request.file))
+    const bool isFile = QueryIsFile(request.file);
+    if (!isFile && request.file.view().find_first_of(u".\\:") != CString::npos)
+        return MVError(ERROR_FILE_NOT_FOUND, request.file);
+    if (!isFile)
         return PlayNamedSound(request.file, !request.aside) ? result::success
                                                             : MVError(errors::cannotPlay, request.file);
     const CString file = FullPathName(request.file);
@@ -217,6 +220,8 @@ int Playavi_Command(CString& arguments)
     MediaRequest request;
     if (const int code = ReadRequest(arguments, request, true))
         return code;
+    if (!QueryIsFile(request.file))
+        return MVError(ERROR_FILE_NOT_FOUND, request.file);
     const CString file = FullPathName(request.file);
     Medium film(filmName);
     if (!film.Open(file))

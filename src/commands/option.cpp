@@ -171,6 +171,8 @@ int Set(std::u16string_view assignment, SettingIndexes& changed)
     SettingIndexes meant;
     const int directive = FindDirective(name);
     const int function = directive < 0 ? KeyBindings::Find(name) : -1;
+    if (name.empty())
+        return UsageError();
     if (directive < 0 && function < 0)
         return MVError(errors::iniItem, name);
     (directive < 0 ? meant.keyFunctions : meant.directives).push_back(directive < 0 ? function : directive);

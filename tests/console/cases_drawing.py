@@ -20,6 +20,8 @@ def drawing(console):
         "scrput +1 -2 there",
         "screen 12 0",
         "drawhline 9 75 99 2",
+        "drawbox 9 9 8 20 1 >& refused.txt",
+        "scrput -20 0 x >>& refused.txt",
     )
     console.start()
     console.shows(">")
@@ -39,3 +41,6 @@ def drawing(console):
         "                                     <mid>",
     )
     console.has_colors("\x1b[31m")
+    console.line("type refused.txt")
+    console.row_with("Not below and right of the first corner of the box \"8 20\"")
+    console.row_with("Not on the screen \"-20\"")

@@ -22,5 +22,10 @@ def small_things(console):
     console.shows("hello", ">")
     console.line("saveconsole /v a.txt & cls & vbeep 2 20 & type a.txt")
     console.shows("hello", ">saveconsole /v a.txt & cls & vbeep 2 20 & type a.txt", ">")
+    console.line("cls red on blue & echo. & echo x & saveconsole /h /v page.html & echo done")
+    console.shows("x", "done", ">")
+    page = (console.folder / "page.html").read_text(encoding="utf-8").split("\n")
+    rows = [row for row in page if "background:#000080" in row]
+    console.wait(lambda: len(rows) == 2 and ">x  " in rows[1], ["a blank row and a row, both blue"], lambda: page)
     console.line("transient on")
     console.exits(0)
