@@ -49,11 +49,12 @@ public:
             PrintLine(Format(u"%-12s %s", AttributeLetters(before), search.fullName));
     }
 
+    unsigned Totals() const { return shows ? 0 : message::filesChanged; }
     int Finish()
     {
         if (shows && work.Errors() == 0)
             return result::success;
-        return shows ? work.FinishQuietly() : work.Finish(message::filesChanged);
+        return shows ? work.FinishQuietly() : work.Finish(Totals());
     }
 
     FileWork work;
@@ -128,14 +129,18 @@ int Attrib_Command(CString& arguments)
         search.deepest = allLevels;
     const AttributeMasks masks = search.attributes;
     Attributes attributes(options, change);
-    for (const CString& name : names) {
-        search.attributes = masks;
-        const bool takesDirectories = (flags & 1) != 0 || (masks.required & file_attribute::directory) != 0 ||
-                                      !HasWildcards(WithoutQuotes(name));
-        if (!takesDirectories)
-            search.attributes.forbidden |= file_attribute::directory;
-        if (!attributes.work.ForEachFile(search, name, [&] { attributes.Take(search); }))
-            attributes.work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(name));
-    }
+    const auto all = [&] {
+        for (const CString& name : names) {
+            search.attributes = masks;
+            const bool takesDirectories = (flags & 1) != 0 ||
+                                          (masks.required & file_attribute::directory) != 0 ||
+                                          !HasWildcards(WithoutQuotes(name));
+            if (!takesDirectories)
+                search.attributes.forbidden |= file_attribute::directory;
+            if (!attributes.work.ForEachFile(search, name, [&] { attributes.Take(search); }))
+                attributes.work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(name));
+        }
+    };
+    attributes.work.Do(all, attributes.Totals());
     return attributes.Finish();
 }

@@ -227,7 +227,10 @@ int Delete_Command(CString& arguments)
     search.intoDirectories = true;
     search.avoidsLinks = true;
     Deletion deletion(workOptions, options);
-    for (const CString& name : names)
-        deletion.Delete(search, name);
+    const auto all = [&] {
+        for (const CString& name : names)
+            deletion.Delete(search, name);
+    };
+    deletion.work.Do(all, message::filesDeleted);
     return deletion.work.Finish(message::filesDeleted);
 }

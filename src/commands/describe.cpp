@@ -211,12 +211,15 @@ int Describe_Command(CString& arguments)
     options.quiet = quiet || lists;
     const AttributeMasks masks = search.attributes;
     Describing work(options, lists, quiet);
-    for (Described& one : files) {
-        if (!one.text)
-            one.text = common;
-        search.attributes = lists ? masks : MasksFor(one.file, search, masks);
-        if (!work.InputEnded())
-            work.Take(search, one);
-    }
+    const auto all = [&] {
+        for (Described& one : files) {
+            if (!one.text)
+                one.text = common;
+            search.attributes = lists ? masks : MasksFor(one.file, search, masks);
+            if (!work.InputEnded())
+                work.Take(search, one);
+        }
+    };
+    work.work.Do(all, message::filesDescribed);
     return work.work.Finish(message::filesDescribed);
 }

@@ -184,6 +184,17 @@ void FileWork::Failed(unsigned code, std::u16string_view name)
         MVError(code, name);
 }
 
+void FileWork::Do(const std::function<void()>& body, unsigned totals)
+{
+    try {
+        body();
+    } catch (const Break&) {
+        PrintError(LoadMessage(message::brokenOff) + u"\r\n");
+        Finish(totals);
+        throw;
+    }
+}
+
 int FileWork::Finish(unsigned totals)
 {
     SetResultCounters(counter, {files, directories, errors});

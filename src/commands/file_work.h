@@ -7,7 +7,7 @@
 //         if (const unsigned failed = ...change the file...) { work.Failed(failed, name); continue; }
 //     work.Did(message, name);
 //
-// and ends with `return work.Finish(totals)`.
+// all of it inside Do(), and ends with `return work.Finish(totals)`.
 #pragma once
 
 #include <cstdint>
@@ -99,6 +99,9 @@ public:
     std::int64_t Errors() const { return errors; }
     // As if the person had said so.
     void Stop() { stopped = true; }
+
+    // Does the work. When it is broken off, what was done till then is told and counted.
+    void Do(const std::function<void()>& body, unsigned totals);
 
     // Shows the totals with one of three messages from `totals` on: for no file, one, and more. Sets the
     // counters and answers the command's result.

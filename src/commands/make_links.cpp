@@ -234,9 +234,12 @@ int Mklnk_Command(CString& arguments)
         search.deepest = allLevels;
     const AttributeMasks masks = search.attributes;
     Linking linking(options, kind, target);
-    for (const CString& name : names) {
-        search.attributes = MasksFor(name, search, masks);
-        linking.LinkAll(search, name);
-    }
+    const auto all = [&] {
+        for (const CString& name : names) {
+            search.attributes = MasksFor(name, search, masks);
+            linking.LinkAll(search, name);
+        }
+    };
+    linking.work.Do(all, message::linksMade);
     return linking.work.Finish(message::linksMade);
 }

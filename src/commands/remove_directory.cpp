@@ -70,6 +70,19 @@ public:
             work.Failed(unwritten, shown);
     }
 
+    void RemoveAll(FILESEARCH& search, const CString& name)
+    {
+        if (!HasWildcards(name))
+            return Remove(name, name);
+        bool any = false;
+        for (bool found = FindFiles(search, name); found; found = FindFiles(search)) {
+            any = true;
+            Remove(search.fullName, search.name);
+        }
+        if (!any)
+            work.Failed(search.error ? search.error : ERROR_FILE_NOT_FOUND, name);
+    }
+
     FileWork work;
 
 private:
@@ -121,19 +134,10 @@ int RemoveDirectory_Command(CString& arguments)
         return UsageError();
     search.attributes.required |= file_attribute::directory;
     Removal removal(options, flags);
-    for (const CString& argument : names) {
-        const CString name(WithoutEndSeparators(CleanDirectoryName(argument)));
-        if (!HasWildcards(name)) {
-            removal.Remove(name, name);
-            continue;
-        }
-        bool any = false;
-        for (bool found = FindFiles(search, name); found; found = FindFiles(search)) {
-            any = true;
-            removal.Remove(search.fullName, search.name);
-        }
-        if (!any)
-            removal.work.Failed(search.error ? search.error : ERROR_FILE_NOT_FOUND, name);
-    }
+    const auto all = [&] {
+        for (const CString& argument : names)
+            removal.RemoveAll(search, CString(WithoutEndSeparators(CleanDirectoryName(argument))));
+    };
+    removal.work.Do(all, 0);
     return removal.work.Finish(0);
 }

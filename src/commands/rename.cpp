@@ -133,9 +133,12 @@ int Rename_Command(CString& arguments)
     search.avoidsLinks = true;
     const AttributeMasks masks = search.attributes;
     Renaming renaming(options, newName);
-    for (const CString& name : names) {
-        search.attributes = MasksFor(name, search, masks);
-        renaming.RenameAll(search, name);
-    }
+    const auto all = [&] {
+        for (const CString& name : names) {
+            search.attributes = MasksFor(name, search, masks);
+            renaming.RenameAll(search, name);
+        }
+    };
+    renaming.work.Do(all, message::filesRenamed);
     return renaming.work.Finish(message::filesRenamed);
 }

@@ -239,9 +239,12 @@ int Touch_Command(CString& arguments)
         search.deepest = allLevels;
     const AttributeMasks masks = search.attributes;
     Touching touching(workOptions, options);
-    for (const CString& name : names) {
-        search.attributes = MasksFor(name, search, masks);
-        touching.TouchAll(search, name);
-    }
+    const auto all = [&] {
+        for (const CString& name : names) {
+            search.attributes = MasksFor(name, search, masks);
+            touching.TouchAll(search, name);
+        }
+    };
+    touching.work.Do(all, 0);
     return touching.work.Finish(0);
 }

@@ -156,18 +156,18 @@ Transfer::Transfer(Kind what, std::u16string_view counter, const TransferSwitche
 
 int Transfer::Run(const std::function<void()>& body, unsigned totals)
 {
-    int code = result::success;
-    try {
-        body();
-        Leave();
+    const auto done = [&] {
+        try {
+            body();
+            Leave();
+        } catch (const Break&) {
+            progress.Hide();
+            throw;
+        }
         progress.Hide();
-        code = work.Finish(answersOnly ? 0 : totals);
-    } catch (const Break&) {
-        progress.Hide();
-        PrintError(LoadMessage(message::brokenOff) + u"\r\n");
-        work.Finish(totals);
-        throw;
-    }
+    };
+    work.Do(done, totals);
+    const int code = work.Finish(answersOnly ? 0 : totals);
     // What the command prompt answers.
     return code == result::error ? 1 : code;
 }

@@ -130,7 +130,9 @@ def asked_files(console):
     console.keys("y")
     console.ends_with("c.txt : rename (Y/N/R/Q)?")
     console.keys("C-c")
-    console.ends_with("c.txt : rename (Y/N/R/Q)? ^C", ">")
+    console.ends_with("c.txt : rename (Y/N/R/Q)? ^C",
+                      "Broken off. What is not named was left as it was; nothing is half done.",
+                      "     1 file renamed", ">")
     left = "".join(sorted(path.name[0] for path in console.folder.glob("*.*")))
     console.line("cls & move /p *.txt sub\\ /md & echo %?")
     console.ends_with("c.txt : move (Y/N/R/Q)?")
