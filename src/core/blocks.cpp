@@ -10,8 +10,6 @@
 #include "platform/environment.h"
 #include "text/block_scanner.h"
 
-namespace {
-
 CString ContinuationPrompt()
 {
     CString pattern;
@@ -20,8 +18,6 @@ CString ContinuationPrompt()
         return ExpandPrompt(meant);
     return LoadMessage(message::more);
 }
-
-} // namespace
 
 bool ReadFollowingLine(CString& line)
 {

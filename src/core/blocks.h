@@ -11,5 +11,8 @@
 // the end of the input, and for a line that came from neither.
 bool ReadFollowingLine(CString& line);
 
+// What stands in front of such a line at the console: PROMPT2, or a text of ours.
+CString ContinuationPrompt();
+
 // Whether the text ends with an escape character that is not itself escaped.
 bool EndsInEscape(std::u16string_view text, const Syntax& syntax);

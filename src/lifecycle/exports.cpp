@@ -5,6 +5,7 @@
 #include "config/ini_file.h"
 #include "console/extended_history.h"
 #include "core/alias_extras.h"
+#include "core/blocks.h"
 #include "core/command_lookup.h"
 #include "engine/batch_entry.h"
 #include "engine/break.h"
@@ -124,7 +125,9 @@ int ReadPromptLine(char16_t* buffer, int capacity)
     bool more = true;
     Guarded([&] {
         UpdateEnvironment();
-        more = ReadConsoleLine(line, ExpandPrompt(PromptPattern()), LinePurpose::Command);
+        const bool inBlock = Tls().blocks.iffNesting > 0;
+        more = ReadConsoleLine(line, inBlock ? ContinuationPrompt() : ExpandPrompt(PromptPattern()),
+                               LinePurpose::Command);
         return 0;
     });
     if (!more)
