@@ -189,7 +189,9 @@ void FileWork::Do(const std::function<void()>& body, unsigned totals)
     try {
         body();
     } catch (const Break&) {
-        PrintError(LoadMessage(message::brokenOff) + u"\r\n");
+        // Those who wanted no totals did not mean to break it off.
+        PrintError(LoadMessage(showsLines ? message::brokenOff : message::brokenOffUnnamed) + u"\r\n");
+        showsTotals = true;
         Finish(totals);
         throw;
     }

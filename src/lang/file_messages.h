@@ -90,6 +90,7 @@ constexpr unsigned filesMoved = 3837;
 constexpr unsigned oneFileMoved = 3838;
 constexpr unsigned manyFilesMoved = 3839;
 constexpr unsigned brokenOff = 3840;
+constexpr unsigned brokenOffUnnamed = 4262;
 constexpr unsigned filesSynced = 3841;
 constexpr unsigned oneFileSynced = 3842;
 constexpr unsigned manyFilesSynced = 3843;
