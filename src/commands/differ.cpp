@@ -157,8 +157,7 @@ void DirectoryDiffering::Collect(const CString& root, std::u16string_view patter
     const CString name = AddQuotes(JoinPath(root, pattern));
     for (bool found = FindFiles(search, name); found; found = FindFiles(search))
         entries[search.name.Substr(root.size())].*side = search.file.facts;
-    if (search.error != 0)
-        Failed(search.error, search.failed);
+    ForEachFailure(search, [this](unsigned code, const CString& failure) { Failed(code, failure); });
 }
 
 std::optional<bool> DirectoryDiffering::IsSame(const CString& name, const Entry& entry)

@@ -57,7 +57,8 @@ namespace {
 
 constexpr int outputRefused = -1;
 
-int ListArgument(const CString& name, DirOptions& options, DirListing& listing)
+// `errorCount` grows by all that could not be listed.
+int ListArgument(const CString& name, DirOptions& options, DirListing& listing, std::int64_t& errorCount)
 {
     FILESEARCH search;
     search.attributes = options.attributes;
@@ -73,9 +74,15 @@ int ListArgument(const CString& name, DirOptions& options, DirListing& listing)
     const bool found = listing.FoundAny();
     if (!listing.EndArgument())
         return outputRefused;
-    if (search.error != 0)
-        return MVError(search.error, search.failed);
-    return found ? result::success : MVError(ERROR_FILE_NOT_FOUND, name);
+    int code = result::success;
+    const auto failed = [&](unsigned why, const CString& what) {
+        ++errorCount;
+        code = MVError(why, what);
+    };
+    ForEachFailure(search, failed);
+    if (!found && search.error == 0)
+        failed(ERROR_FILE_NOT_FOUND, name);
+    return code;
 }
 
 } // namespace
@@ -95,10 +102,9 @@ int Dir_Command(CString& arguments)
     int code = result::success;
     std::int64_t errorCount = 0;
     for (const CString& name : names) {
-        const int one = ListArgument(name, options, listing);
+        const int one = ListArgument(name, options, listing, errorCount);
         if (one == outputRefused)
             return MVError(0);
-        errorCount += one == result::success ? 0 : 1;
         if (one != result::success)
             code = one;
     }

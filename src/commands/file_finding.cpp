@@ -76,8 +76,7 @@ void FileFinding::FindIn(const CString& name)
                 break;
         }
     }
-    if (search.error != 0)
-        Failed(search.error, search.failed);
+    ForEachFailure(search, [this](unsigned code, const CString& failed) { Failed(code, failed); });
 }
 
 void FileFinding::Look(const CString& path, const FoundFile& file)

@@ -120,8 +120,7 @@ bool FileWork::ForEachFile(FILESEARCH& search, const CString& argument, const st
         any = true;
         visit();
     }
-    if (search.error != 0)
-        Failed(search.error, search.failed);
+    ForEachFailure(search, [this](unsigned code, const CString& name) { Failed(code, name); });
     return any || search.error != 0;
 }
 

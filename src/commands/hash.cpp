@@ -207,9 +207,8 @@ int HashFiles(const CString& name, const HashOptions& options)
         if (HashFile(search.name, search.fullName, options) != result::success)
             code = result::error;
     }
-    if (search.error != 0)
-        return MVError(search.error, search.failed);
-    return found ? code : MVError(ERROR_FILE_NOT_FOUND, name);
+    ForEachFailure(search, [&](unsigned why, const CString& failed) { code = MVError(why, failed); });
+    return found || search.error != 0 ? code : MVError(ERROR_FILE_NOT_FOUND, name);
 }
 
 int VerifyFile(const ChecksumEntry& entry, const HashOptions& options)

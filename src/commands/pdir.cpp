@@ -261,9 +261,8 @@ void FormattedListing::List(const CString& name)
             output.Line(LineOf(directory.found.name, file));
         }
     }
-    if (options.search.error != 0)
-        Failed(options.search.error, options.search.failed);
-    else if (!any)
+    ForEachFailure(options.search, [this](unsigned code, const CString& failed) { Failed(code, failed); });
+    if (!any && options.search.error == 0)
         Failed(ERROR_FILE_NOT_FOUND, name);
 }
 

@@ -55,9 +55,8 @@ int ForEachMatch(FILESEARCH& search, const std::vector<CString>& names, const st
             any = true;
             visit();
         }
-        if (search.error != 0)
-            code = MVError(search.error, search.failed);
-        else if (!any)
+        ForEachFailure(search, [&](unsigned why, const CString& failed) { code = MVError(why, failed); });
+        if (!any && search.error == 0)
             code = MVError(ERROR_FILE_NOT_FOUND, WithoutQuotes(name));
     }
     return code;

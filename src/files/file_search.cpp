@@ -70,12 +70,13 @@ struct SearchState {
 
 namespace {
 
-// The first time.
 void Note(FILESEARCH& search, unsigned code, std::u16string_view name)
 {
     if (search.error == 0) {
         search.error = code;
         search.failed = name;
+    } else {
+        search.laterFailures.push_back({code, name});
     }
 }
 
@@ -219,8 +220,17 @@ void StartSearch(FILESEARCH& search, std::u16string_view name)
 {
     search.error = 0;
     search.failed.Clear();
+    search.laterFailures.clear();
     search.state = std::make_unique<SearchState>(search);
     Planner(search, *search.state).AddArgument(name);
+}
+
+void ForEachFailure(const FILESEARCH& search, const std::function<void(unsigned, const CString&)>& tell)
+{
+    if (search.error != 0)
+        tell(search.error, search.failed);
+    for (const FILESEARCH::Failure& later : search.laterFailures)
+        tell(later.error, later.failed);
 }
 
 bool NextDirectory(FILESEARCH& search, SearchedDirectory& directory)

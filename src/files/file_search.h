@@ -10,8 +10,10 @@
 // attribute switch was given. Break is thrown when the person breaks the search off.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "files/file_walk.h"
 #include "files/ranges.h"
@@ -40,6 +42,11 @@ struct FILESEARCH {
     // Why something could not be searched, the first time; 0 or a Windows error number.
     unsigned error = 0;
     CString failed; // the name of it
+    struct Failure {
+        unsigned error;
+        CString failed;
+    };
+    std::vector<Failure> laterFailures; // the other times
 
     std::unique_ptr<SearchState> state; // the walk
 };
@@ -60,6 +67,9 @@ struct SearchedDirectory {
 };
 void StartSearch(FILESEARCH& search, std::u16string_view name);
 bool NextDirectory(FILESEARCH& search, SearchedDirectory& directory);
+
+// Calls `tell` for everything that could not be searched.
+void ForEachFailure(const FILESEARCH& search, const std::function<void(unsigned, const CString&)>& tell);
 
 // Ends a search before its end; the other members stay.
 void CloseDirSearchHandles(FILESEARCH& search);
