@@ -9,6 +9,8 @@ namespace {
 
 constexpr unsigned greyOnBlack = 7;
 
+bool inOrder = false; // the console's modes, since they were last looked at
+
 void NoteColors()
 {
     if (aGlobals.startColors >= 0)
@@ -21,11 +23,17 @@ void NoteColors()
 
 } // namespace
 
-void ConsoleANSI() { aGlobals.ansiSequences = ResetConsoleModes(aIniFile.ANSI && aIniFile.ANSIWin10); }
+void ConsoleANSI()
+{
+    aGlobals.ansiSequences = ResetConsoleModes(aIniFile.ANSI && aIniFile.ANSIWin10);
+    inOrder = true;
+}
 
 void PrepareConsole()
 {
-    ConsoleANSI();
+    if (!inOrder)
+        ConsoleANSI();
+    inOrder = false; // whatever runs next may change that
     NoteColors();
 }
 

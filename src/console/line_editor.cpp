@@ -37,10 +37,10 @@ EditorAnswer LineEditor::Read(const EditorRequest& wanted)
     answer = {};
     outcome.reset();
     text.Start(wanted.text, std::min(wanted.cursor, wanted.text.size()), LongestLine());
-    typedAhead = console.Waiting() > 0;
-    if (wanted.command)
+    if (wanted.command && wanted.clearsRow)
         painter.ClearRow();
     console.WriteText(wanted.prompt);
+    typedAhead = console.Waiting() > 0;
     painter.Begin();
     ShapeCursor();
     Show();

@@ -25,6 +25,7 @@ struct EditorRequest {
     bool lineEnd = true;                       // the cursor goes to the next row at the end
     bool plainColors = false;                  // those of the screen
     bool command = true;                       // a line for the shell: it has a history
+    bool clearsRow = true;                     // of a command: what is left over in the prompt's row goes
 };
 
 class LineEditor;

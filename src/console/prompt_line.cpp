@@ -73,6 +73,8 @@ bool EditConsoleLine(EditorAnswer& answer, const EditorRequest& wanted)
     if (GivePasted(answer, wanted))
         return true;
     EditorRequest request = wanted;
+    static bool prompted = false;
+    request.clearsRow = std::exchange(prompted, true); // nothing stands there before the first prompt
     LeftLines& left = Left();
     if (request.command && !left.text.empty()) {
         request.text = std::exchange(left.text, CString());

@@ -9,10 +9,18 @@
 
 namespace {
 
+// The title that the console has now, where it has one, is taken for the standing one.
+bool TakePresentTitle()
+{
+    if (!aTexts.standingTitle.empty())
+        return false;
+    aTexts.standingTitle = ConsoleTitle();
+    return !aTexts.standingTitle.empty();
+}
+
 const CString& StandingTitle()
 {
-    if (aTexts.standingTitle.empty())
-        aTexts.standingTitle = ConsoleTitle();
+    TakePresentTitle();
     if (aTexts.standingTitle.empty())
         aTexts.standingTitle = aTexts.executable;
     return aTexts.standingTitle;
@@ -47,7 +55,7 @@ void UpdateTitleAndIcon(std::u16string_view command)
             ChangeConsoleTitle(TitleWithCommand(command));
     } else if (ReadEnvironment(u"TITLEPROMPT", pattern)) {
         SetStandingTitle(ExpandPrompt(pattern));
-    } else if (aIniFile.UpdateTitle) {
+    } else if (aIniFile.UpdateTitle && !TakePresentTitle()) {
         ChangeConsoleTitle(StandingTitle());
     }
 }

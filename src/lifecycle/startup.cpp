@@ -98,6 +98,7 @@ int StartEngine(std::u16string_view iniName)
     LoadLanguageOfSettings();
     InitializeLocalGlobalLists();
     DisableInternalCommand(u"DDEEXEC");
+    PrepareSession();
     if (IsConsole(1))
         ConsoleANSI();
     RedirectSystemFolder(aIniFile.Wow64FsRedirection != 0);

@@ -1,4 +1,9 @@
 // The user's start-up and exit files.
+#include "lifecycle/startup_files.h"
+
+#include <optional>
+#include <utility>
+
 #include "core/path_search.h"
 #include "engine/batch_entry.h"
 #include "engine/command_entry.h"
@@ -35,18 +40,35 @@ CString FindStartupFile(std::u16string_view name)
     return beside.empty() ? SearchPaths(JoinPath(BootDrive(), name), SearchKind::Batch) : beside;
 }
 
+// Under the name, or the older one.
+CString FindStartupFile(std::u16string_view name, std::u16string_view olderName)
+{
+    const CString file = FindStartupFile(name);
+    return file.empty() ? FindStartupFile(olderName) : file;
+}
+
+std::optional<CString> foundEarly; // "": there is none
+
 } // namespace
+
+void FindStartupFileEarly()
+{
+    if (aIniFile.StartupFile)
+        foundEarly = FindStartupFile(u"MVSTART", u"QSTART");
+}
+
+void ForgetStartupFile() { foundEarly.reset(); }
 
 int RunStartupFiles(std::u16string_view name, std::u16string_view arguments)
 {
     const bool starting = EqualNoCase(name, u"MVSTART");
     if (starting && !aIniFile.StartupFile)
         return result::success;
-    CString file = FindStartupFile(name);
-    if (file.empty() && starting)
-        file = FindStartupFile(u"QSTART");
-    else if (file.empty() && EqualNoCase(name, u"MVEXIT"))
-        file = FindStartupFile(u"QEXIT");
+    const bool leaving = EqualNoCase(name, u"MVEXIT");
+    const CString file = starting && foundEarly ? *std::exchange(foundEarly, std::nullopt)
+                         : starting             ? FindStartupFile(name, u"QSTART")
+                         : leaving              ? FindStartupFile(name, u"QEXIT")
+                                                : FindStartupFile(name);
     if (file.empty())
         return result::success;
 

@@ -17,14 +17,15 @@ bool ReadInfo(CONSOLE_SCREEN_BUFFER_INFO& info)
     return HasConsole() && GetConsoleScreenBufferInfo(ConsoleScreen(), &info) != FALSE;
 }
 
-void SetMode(HANDLE console, DWORD wanted, DWORD unwanted)
+// What the mode is then, which need not be what was wanted; 0 when the console does not tell. Each question
+// to the console costs a way to another process.
+DWORD SetMode(HANDLE console, DWORD wanted, DWORD unwanted)
 {
     DWORD mode = 0;
     if (!GetConsoleMode(console, &mode))
-        return;
+        return 0;
     const DWORD changed = (mode | wanted) & ~unwanted;
-    if (changed != mode)
-        SetConsoleMode(console, changed);
+    return changed != mode && SetConsoleMode(console, changed) ? changed : mode;
 }
 
 bool BlankCells(COORD from, DWORD count, WORD attributes)
@@ -187,8 +188,7 @@ bool ResetConsoleModes(bool escapeSequences)
     if (ConsoleKeyboard())
         SetMode(ConsoleKeyboard(), lineInputModes, ENABLE_VIRTUAL_TERMINAL_INPUT);
     const DWORD sequences = ENABLE_VIRTUAL_TERMINAL_PROCESSING;
-    SetMode(ConsoleScreen(), textOutputModes | (escapeSequences ? sequences : 0),
-            escapeSequences ? 0 : sequences);
-    DWORD mode = 0;
-    return GetConsoleMode(ConsoleScreen(), &mode) && (mode & sequences) != 0;
+    const DWORD mode = SetMode(ConsoleScreen(), textOutputModes | (escapeSequences ? sequences : 0),
+                               escapeSequences ? 0 : sequences);
+    return (mode & sequences) != 0;
 }

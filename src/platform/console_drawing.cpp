@@ -23,6 +23,7 @@ struct PeekedEvents {
 };
 PeekedEvents peeked;
 DWORD heldButtons = 0;
+DWORD rawOutputMode = 0; // of the screen while a RawConsole lives
 
 void RemoveTaken(HANDLE keyboard)
 {
@@ -132,8 +133,9 @@ RawConsole::RawConsole()
     cursorHeight = ReadCursorHeight();
     constexpr DWORD cooked =
         ENABLE_PROCESSED_INPUT | ENABLE_LINE_INPUT | ENABLE_ECHO_INPUT | ENABLE_VIRTUAL_TERMINAL_INPUT;
+    rawOutputMode = output & ~DWORD{ENABLE_WRAP_AT_EOL_OUTPUT};
     usable = SetConsoleMode(ConsoleKeyboard(), (input & ~cooked) | ENABLE_WINDOW_INPUT) &&
-             SetConsoleMode(ConsoleScreen(), output & ~DWORD{ENABLE_WRAP_AT_EOL_OUTPUT});
+             SetConsoleMode(ConsoleScreen(), rawOutputMode);
     peeked.count = peeked.taken = 0;
 }
 
@@ -142,6 +144,7 @@ RawConsole::~RawConsole()
     if (inputMode == 0 && outputMode == 0)
         return;
     RemoveTaken(ConsoleKeyboard());
+    rawOutputMode = 0;
     SetConsoleMode(ConsoleKeyboard(), inputMode);
     SetConsoleMode(ConsoleScreen(), outputMode);
     SetCursorHeight(cursorHeight);
@@ -232,8 +235,8 @@ bool WriteColored(std::u16string_view text, unsigned attributes)
 
 bool WriteWrapped(std::u16string_view text)
 {
-    DWORD mode = 0;
-    if (!GetConsoleMode(ConsoleScreen(), &mode))
+    DWORD mode = rawOutputMode;
+    if (mode == 0 && !GetConsoleMode(ConsoleScreen(), &mode))
         return false;
     SetConsoleMode(ConsoleScreen(), mode | ENABLE_WRAP_AT_EOL_OUTPUT);
     const bool done = WriteTextToConsole(ConsoleScreen(), text);
