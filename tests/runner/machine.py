@@ -1,5 +1,6 @@
 """Where cases run: a Wine prefix per worker with one warm server and one starter that starts all of its shells."""
 
+import contextlib
 import fcntl
 import itertools
 import os
@@ -69,8 +70,11 @@ class Machine:
         memory = Path("/dev/shm")
         if os.access(memory, os.W_OK) and memory.stat().st_dev != self.prefix.stat().st_dev:
             folder.symlink_to(tempfile.mkdtemp(prefix="orv-drive-", dir=memory))
-        else:
-            folder.mkdir()
+            with contextlib.suppress(OSError):
+                os.setxattr(folder, "user.DOSATTRIB", b"0x10")  # where Wine keeps what is hidden
+                return
+            self.remove_second_drive()
+        folder.mkdir()
 
     def remove_second_drive(self):
         folder = self.prefix / "drive_d"
