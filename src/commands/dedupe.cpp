@@ -49,11 +49,12 @@ const CommandHelp dedupeHelp = {
     u"/Z  empty files too, which are all equal\n"
     u"Without /D and /L equal files are listed, the one to be kept first. Files are equal when all their "
     u"bytes are, whatever their names, dates and attributes. Names of one file (hard links) are no "
-    u"duplicates of each other, but all of them are of another file. Before a file is deleted or replaced its bytes are compared once more with those of the "
-    u"file that is kept; the last copy is never deleted. A name that is a "
-    u"directory stands for all files in it; /D and /L never go through links to directories. Hard links stand on one volume "
-    u"only, and are one file: what is written to it is seen under all its names. The result counters are %_dedupe_files, the "
-    u"duplicates found or removed, and %_dedupe_errors.",
+    u"duplicates of each other, but all of them are of another file. Before a file is deleted or replaced "
+    u"its bytes are compared once more with those of the file that is kept; the last copy is never deleted. "
+    u"A name that is a directory stands for all files in it; /D and /L never go through links to "
+    u"directories. Hard links stand on one volume only, and are one file: what is written to it is seen "
+    u"under all its names. The result counters are %_dedupe_files, the duplicates found or removed, and "
+    u"%_dedupe_errors.",
     u"dedupe /s *.jpg\n"
     u"dedupe /s /d /k:oldest c:\\photos\\*\n"
     u"dedupe /s /l /y /[s1M] *",

@@ -52,7 +52,8 @@ const CommandHelp pdirHelp = {
     u"y  <DIR> and its like, nothing for plain files\n"
     u"@  a variable function with its brackets, in which * is the full name\n"
     u"Text in single quotes, blanks and punctuation stand for themselves. Double quotes around the whole "
-    u"switch keep the command line from taking | < > & for its own. Names and ranges are those of DIR. The result counters are %_pdir_files, %_pdir_dirs and %_pdir_errors.",
+    u"switch keep the command line from taking | < > & for its own. Names and ranges are those of DIR. The "
+    u"result counters are %_pdir_files, %_pdir_dirs and %_pdir_errors.",
     u"pdir /(d t 12sc n) *.txt\n"
     u"pdir /s /a:-d /(f,s,c2)\n"
     u"pdir \"/(-40n '|' 8sK i)\" *\n"

@@ -1,17 +1,10 @@
 #include "files/line_search.h"
-
-#include <algorithm>
-
 #include "files/required_text.h"
 #include "text/cell_width.h"
 #include "text/compare.h"
+#include "text/encoding.h"
 
 namespace {
-
-bool IsAscii(std::u16string_view text)
-{
-    return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 128; });
-}
 
 bool IsOfWord(char16_t unit) { return IsLetterOrDigit(unit) || unit == u'_'; }
 

@@ -42,6 +42,7 @@ bool NewNames::Forget()
     return std::exchange(isRead, false);
 }
 
+// Not as searches read: a large directory is given up before its end.
 void NewNames::ReadNames()
 {
     WIN32_FIND_DATAW found;

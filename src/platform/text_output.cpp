@@ -9,11 +9,6 @@
 
 namespace {
 
-bool IsAscii(std::u16string_view text)
-{
-    return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
-}
-
 bool WriteAscii(HANDLE file, std::u16string_view text)
 {
     std::array<char, 4096> buffer;

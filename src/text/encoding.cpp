@@ -1,5 +1,7 @@
 #include "text/encoding.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
@@ -92,6 +94,11 @@ RecognisedEncoding RecogniseEncoding(std::string_view block) noexcept
         ascii = ascii && static_cast<unsigned char>(byte) < 0x80;
     const bool utf8 = !ascii && (IsValidUtf8(block) || IsValidUtf8(WithoutCutSequence(block)));
     return {utf8 ? TextEncoding::Utf8 : TextEncoding::CodePage, 0};
+}
+
+bool IsAscii(std::u16string_view text) noexcept
+{
+    return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
 }
 
 bool IsValidUtf8(std::string_view bytes) noexcept

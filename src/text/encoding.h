@@ -9,6 +9,7 @@
 
 #include "text/cstring.h"
 
+bool IsAscii(std::u16string_view text) noexcept;
 // Well-formed UTF-8, judged strictly (no overlong forms, surrogates or values above U+10FFFF).
 bool IsValidUtf8(std::string_view bytes) noexcept;
 CString FromUtf8(std::string_view bytes);

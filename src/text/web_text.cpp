@@ -1,6 +1,5 @@
 #include "text/web_text.h"
 
-#include <algorithm>
 #include <string>
 
 #include "text/code_points.h"
@@ -42,8 +41,7 @@ std::uint32_t EntityOf(View name)
 {
     if (name.starts_with(u'#'))
         return NumberedCharacter(name);
-    const bool plain = std::all_of(name.begin(), name.end(), [](char16_t unit) { return unit < 0x80; });
-    return plain ? HtmlEntity(ToUtf8(name)) : u'\0';
+    return IsAscii(name) ? HtmlEntity(ToUtf8(name)) : u'\0';
 }
 
 } // namespace

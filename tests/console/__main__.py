@@ -59,7 +59,6 @@ def main():
             if arguments.slow:
                 print(f"{time.monotonic() - started:5.1f} s  {name}")
     finally:
-        machine.end_server()
         machine.close()
     print(f"{passed} passed, {failed} failed")
     return 1 if failed else 0

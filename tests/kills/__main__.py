@@ -193,7 +193,6 @@ def main():
         outcomes = [fill_disk(scene), run_rounds(scene, rounds, random.randrange(10**6))]
     finally:
         scene.clear()
-        machine.end_server()
         machine.close()
     failures = [outcome for outcome in outcomes if outcome and outcome is not NOT_TRIED]
     for failure in failures:

@@ -149,6 +149,7 @@ class Machine:
 
     def close(self):
         self.stop()
+        self.end_server()
         self.remove_second_drive()
         self.lock.close()
 

@@ -178,7 +178,6 @@ def main():
         machine.keep_server()
         failures = Scene(machine, seed).run(count)
     finally:
-        machine.end_server()
         machine.close()
     for failure in failures:
         print(f"FAILED trees (seed {seed}): {failure}")
