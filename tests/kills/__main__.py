@@ -63,6 +63,11 @@ class Scene:
         return subprocess.Popen(words, env=self.machine.environment(), cwd=self.source.parent, stdin=subprocess.DEVNULL,
                                 stdout=subprocess.DEVNULL, stderr=errors)
 
+    def settle(self):
+        """Wine's server closes the files of a killed process, and deletes those marked for it, some time later. It
+        hears of the death before it starts another process."""
+        self.start("rem").wait()
+
     def check(self, keeps_source):
         """What is wrong, or None."""
         there = {path.name: path.read_bytes() for path in self.target.iterdir()}
@@ -86,13 +91,13 @@ class Scene:
         return [line for path in self.source.iterdir() if path.name.lower() == "descript.ion"
                 for line in path.read_text().splitlines()]
 
-    def unfinished(self, command):
-        """What a command that nobody killed has left undone, or None."""
+    def done(self, command):
+        """The part of a command's work that is done, 0 to 1."""
         if command.startswith("describe"):
-            count = len(self.descriptions())
-            return None if count == len(self.new) else f"{count} descriptions"
-        missing = [name for name, data in self.new.items() if (self.target / name).read_bytes() != data]
-        return f"{missing} are not there" if missing else None
+            return len(self.descriptions()) / len(self.new)
+        there = [name for name, data in self.new.items()
+                 if (path := self.target / name).exists() and path.read_bytes() == data]
+        return len(there) / len(self.new)
 
     def clear(self):
         shutil.rmtree(self.target, ignore_errors=True)
@@ -110,26 +115,52 @@ def commands(scene):
     ]
 
 
+class Moments:
+    """When to kill: at random, between the times that proved too early and too late."""
+
+    def __init__(self, chance, latest):
+        self.chance = chance
+        self.earliest, self.latest = 0.0, latest
+        self.hits = 0
+
+    def choose(self):
+        self.moment = self.chance.uniform(self.earliest, self.latest)
+        return self.moment
+
+    def learn(self, done):
+        """From the part of the work that was done, 0 to 1."""
+        if done == 0:
+            self.earliest += (self.moment - self.earliest) / 2
+        elif done == 1:
+            self.latest -= (self.latest - self.moment) / 2
+        else:
+            self.hits += 1
+
+
 def run_rounds(scene, rounds, seed):
     chance = random.Random(seed)
     for command, check in commands(scene):
-        scene.lay_out()
-        started = time.monotonic()
-        scene.start(command).wait()
-        whole = time.monotonic() - started
+        for _ in range(2):  # the first one may have to start the server
+            scene.lay_out()
+            started = time.monotonic()
+            scene.start(command).wait()
+        moments = Moments(chance, time.monotonic() - started)
         for _ in range(rounds):
             scene.lay_out()
             shell = scene.start(command)
-            time.sleep(chance.uniform(0.2, 1.0) * whole)
+            time.sleep(moments.choose())
             shell.kill()
             shell.wait()
+            scene.settle()
             if wrong := check():
                 return f"{command}: {wrong} (seed {seed})"
+            moments.learn(scene.done(command))
+        print(f"{command.split()[0]}: {moments.hits} of {rounds} killed in the middle")
         scene.lay_out(leftovers=True)
         scene.start(command).wait()
         if left := [path.name for path in scene.target.iterdir() if path.name.startswith("~mova-")]:
             return f"{command}: {left} are left behind"
-        if wrong := check() or scene.unfinished(command):
+        if wrong := check() or (scene.done(command) < 1 and "not all was done"):
             return f"{command}, not killed: {wrong}"
     return None
 
