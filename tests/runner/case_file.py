@@ -68,6 +68,7 @@ class Case:
     environment: list = field(default_factory=list)  # pairs; an empty value takes the variable away
     folders: list = field(default_factory=list)
     files: list = field(default_factory=list)  # sections
+    echo: bool = False  # batch files show their lines
     console: bool = False
     timeout: float | None = None
     known_gap: str = ""
@@ -166,8 +167,8 @@ class _Parser:
         elif key == "encoding":
             self.check_encoding(value)
             case.script_encoding = value
-        elif key == "console" and value in ("yes", "no"):
-            case.console = value == "yes"
+        elif key in ("console", "echo") and value in ("yes", "no"):
+            setattr(case, key, value == "yes")
         elif key == "timeout" and re.fullmatch(r"[0-9.]+", value):
             case.timeout = float(value)
         elif key == "known-gap" and value:

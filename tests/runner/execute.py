@@ -91,7 +91,8 @@ class Execution:
             self.write(self.path(section.name), section, "utf-8")
         if case.script is not None:
             self.write(self.machine.path(self.script), case.script, case.script_encoding)
-        ini = "".join(tokens.fill_in(line, self.places) + "\r\n" for line in case.ini)
+        lines = case.ini if case.echo else ["BatchEcho=No", *case.ini]
+        ini = "".join(tokens.fill_in(line, self.places) + "\r\n" for line in lines)
         self.machine.path(self.places["ini"]).write_bytes(ini.encode())
         if case.stdin is not None:
             self.write(self.path("stdin", self.side), case.stdin, "utf-8")

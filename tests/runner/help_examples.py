@@ -92,7 +92,7 @@ def parse(path, text):
 
 
 def example_case(path, line, name, examples, goes_on):
-    case = Case(path, f"help of {name}", line, args="one two", ini=["BatchEcho=No"], is_reference=True)
+    case = Case(path, f"help of {name}", line, args="one two", is_reference=True)
     examples = [on_the_tests_drives(example) for example in examples] + ["echo The end"] * goes_on
     case.script = Section("script", lines=AROUND.get(name, "*").replace("*", "\n".join(examples)).split("\n"))
     case.stdout = any_text("The end\r\n" if goes_on else "")

@@ -10,7 +10,7 @@ INPUT = re.compile(r"> ?(.*)")
 
 def parse(path, text):
     """The page's one case, in a list; an empty list for a page without examples. Raises CaseError."""
-    case = Case(path, "examples of the reference", 1, ini=["BatchEcho=No"], is_reference=True)
+    case = Case(path, "examples of the reference", 1, is_reference=True)
     script, output = [], []
     for kind, name, number, lines in blocks(path, text):
         if kind == "file":

@@ -8,7 +8,8 @@ EVERYTHING = r"""# A comment.
 === the first
 args: a "b c"
 host: /X //CommandSep=!
-ini: BatchEcho=No
+ini: EvalMin=2
+echo: yes
 ini: EscapeChar=~
 env TEMP=C:\x=y
 env PATH=
@@ -48,11 +49,11 @@ class Parsing(unittest.TestCase):
         first, second = case_file.parse("x.case", EVERYTHING)
         self.assertEqual((first.name, first.line, first.args), ("the first", 3, 'a "b c"'))
         self.assertEqual(first.host, "/X //CommandSep=!")
-        self.assertEqual(first.ini, ["BatchEcho=No", "EscapeChar=~"])
+        self.assertEqual(first.ini, ["EvalMin=2", "EscapeChar=~"])
         self.assertEqual(first.environment, [("TEMP", "C:\\x=y"), ("PATH", "")])
         self.assertEqual(first.folders, ["empty"])
         self.assertEqual((first.script_type, first.script_encoding), ("bat", "cp1252"))
-        self.assertEqual((first.console, first.timeout, first.known_gap), (True, 2.5, "not yet"))
+        self.assertEqual((first.echo, first.console, first.timeout, first.known_gap), (True, True, 2.5, "not yet"))
         self.assertEqual(first.script.lines, ["echo a", "", "--- not a section", "\\=== nor a case"])
         self.assertEqual(first.script.line_end, "\n")
         self.assertEqual([file.name for file in first.files], ["sub\\x y.txt", "other.txt"])
@@ -65,7 +66,7 @@ class Parsing(unittest.TestCase):
         self.assertEqual((first.stderr.lines, first.exit_code), ([], 0xFFFFFFFF))
         self.assertEqual([(file.name, file.is_pattern) for file in first.files_after], [("a b.txt", True)])
         self.assertEqual(first.no_files, ["gone.txt"])
-        self.assertEqual((second.commands, second.script, second.exit_code), ("echo & ver", None, 0))
+        self.assertEqual((second.commands, second.script, second.exit_code, second.echo), ("echo & ver", None, 0, False))
 
     def test_one_blank_line_before_the_next_case_is_no_content(self):
         rows = [("a\n", ["a"]), ("a\n\n", ["a"]), ("a\n\n\n", ["a", ""]), ("\n\n", [""]), ("", [])]
