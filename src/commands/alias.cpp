@@ -18,7 +18,7 @@ const CommandHelp aliasHelp = {
     u"Definitions go to the local list when there is one, else to the global one. A * in the name marks how "
     u"far it may be shortened. In the text %1 to %9 are the command's arguments, %n$ argument n and all "
     u"that follow, %$ all, %# their number. Back-quotes around the text keep variables and separators in it "
-    u"for the time when the alias runs.\n"
+    u"for the time when the alias runs, and the blanks at its end.\n"
     u"@key=text binds a key, Ctrl-F5 for example: the text comes into the line at the cursor. With @@key it "
     u"runs at once and unseen. CD and its kin take an alias \"name:\" for the directory that is its text: "
     u"name:sub\\dir. A prompt that is just the name of an alias shows what its text says.",
@@ -26,6 +26,7 @@ const CommandHelp aliasHelp = {
     u"alias where*is=`which %$`\n"
     u"alias up=`cd .. & dir`\n"
     u"alias @ctrl-f5=dir /w\n"
+    u"alias @alt-e=`echo `\n"
     u"alias docs:=c:\\my documents\n"
     u"alias d*\n"
     u"alias > aliases.txt & alias /r aliases.txt",

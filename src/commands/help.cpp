@@ -11,6 +11,7 @@
 #include "commands/unbuilt.h"
 #include "config/key_functions.h"
 #include "console/completion_word.h"
+#include "core/alias_extras.h"
 #include "core/command_switches.h"
 #include "engine/break.h"
 #include "engine/help_entry.h"
@@ -18,6 +19,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "expand/lists.h"
 #include "files/wildcards.h"
 #include "lang/console_messages.h"
 #include "platform/console_size.h"
@@ -27,18 +29,20 @@
 const CommandHelp helpHelp = {
     u"Shows what a command, function or variable does and how it is used.",
     u"HELP [/N]\n"
-    u"HELP [/N] command\n"
-    u"HELP [/N] subject\n"
-    u"HELP [/N] @[function]\n"
-    u"HELP [/N] _[variable]\n"
-    u"HELP [/N] word\n"
+    u"HELP [/N] command ...\n"
+    u"HELP [/N] subject ...\n"
+    u"HELP [/N] @[function] ...\n"
+    u"HELP [/N] _[variable] ...\n"
+    u"HELP [/N] word ...\n"
     u"command /?",
     u"/N  do not wait for a key after each screen\n"
     u"Without arguments there is an overview with the subjects; HELP files lists the commands about files, "
     u"HELP all every command, HELP syntax tells how lines are written, HELP keyboard lists the keys of the "
     u"command line, HELP @ the functions and HELP _ the internal variables. The beginning of a subject's "
     u"name will do. Any other word, which may hold wildcards, lists the commands that have it in their "
-    u"names, descriptions or usage, and the functions and variables that have it in their names.\n"
+    u"names, descriptions or usage, and the functions and variables that have it in their names. Of several "
+    u"words each is told about in turn. For an alias or a function of your own HELP shows what it stands "
+    u"for.\n"
     u"On the command line F1 shows the help for the word at the cursor. Commands whose names begin with "
     u"ECHO take \"/?\" as text: use HELP ECHO.",
     u"help\n"
@@ -210,6 +214,34 @@ CString CommandText(const BUILTIN& row, int width)
     return HelpText(NamesOf(row), row.help ? *row.help : unbuiltHelp, width);
 }
 
+// Of a command, a function or a variable of that name.
+CString ExactText(std::u16string_view name, int width)
+{
+    if (const int index = FindRow(aInternalCommands, nInternalCommands, name); index >= 0)
+        return CommandText(aInternalCommands[index], width);
+    for (const CString& page : ReferencePages())
+        if (const std::u16string_view section = ReferenceSection(page, name); !section.empty())
+            return ReferenceText(name, section, width);
+    return {};
+}
+
+// What an alias, of a key too, or a function of the person's own stands for, and below it the help of what it
+// hides, or else of the command that an alias begins with.
+CString DefinedText(std::u16string_view name, int width)
+{
+    CString value;
+    if (name.front() == u'@' && GetFunction(name.substr(1), value))
+        return HelpParagraph(Format(u"%s is a function of your own: %s", name, value), width);
+    const CString alias = name.front() == u'@' ? KeyAliasName(name) : CString(name);
+    if (alias.empty() || !GetAlias(alias, value))
+        return {};
+    const CString text = HelpParagraph(Format(u"%s is an alias: %s", alias, value), width);
+    CString more = ExactText(alias, width);
+    if (more.empty())
+        more = ExactText(GetNthArgument(value.TrimLeft(u" \t*@"), 0, CurrentSyntax()), width);
+    return more.empty() ? text : text + u"\r\n" + more;
+}
+
 // "" when nothing is known of the topic.
 CString TopicText(std::u16string_view name, int width)
 {
@@ -220,11 +252,10 @@ CString TopicText(std::u16string_view name, int width)
         return HelpParagraph(FunctionList(every), width);
     if (name == u"_")
         return HelpParagraph(VariableList(every), width);
-    if (const int index = FindRow(aInternalCommands, nInternalCommands, name); index >= 0)
-        return CommandText(aInternalCommands[index], width);
-    for (const CString& page : ReferencePages())
-        if (const std::u16string_view section = ReferenceSection(page, name); !section.empty())
-            return ReferenceText(name, section, width);
+    if (const CString text = DefinedText(name, width); !text.empty())
+        return text;
+    if (const CString text = ExactText(name, width); !text.empty())
+        return text;
     if (EqualNoCase(name, u"all"))
         return HelpParagraph(CommandList([](const BUILTIN&) { return true; }), width);
     if (name.size() > 2 && BeginsNoCase(u"keyboard", name))
@@ -234,6 +265,23 @@ CString TopicText(std::u16string_view name, int width)
     if (const HelpSubject* subject = FindHelpSubject(name))
         return HelpParagraph(SubjectList(*subject), width);
     return HelpParagraph(FoundByWord(name), width);
+}
+
+// One empty name where none is given. Of "@left[abc, 2]" the function counts, and a switch behind a name, as
+// in "help dir /o", is told about with the name.
+std::vector<CString> TopicNames(CString text)
+{
+    for (std::size_t at = text.Find(u'['); at != CString::npos; at = text.Find(u'[', at)) {
+        const std::size_t end = text.Find(u']', at);
+        text.Erase(at, end == CString::npos ? text.size() - at : end + 1 - at);
+    }
+    std::vector<CString> names;
+    for (const CString& argument : SplitArguments(text, false, CurrentSyntax()))
+        if (names.empty() || argument.front() != CurrentSyntax().switchChar)
+            names.push_back(WithoutQuotes(argument));
+    if (names.empty())
+        names.emplace_back();
+    return names;
 }
 
 class TableCommands : public KnownCommands {
@@ -292,12 +340,17 @@ int Help_Command(CString& arguments)
     std::uint64_t flags = 0;
     if (const int code = ReadSwitches(arguments, u"N", flags, SwitchPlace::Leading))
         return code;
-    const CString topic = GetNthArgument(arguments, 0, CurrentSyntax());
-    CString name = WithoutQuotes(topic);
-    if (name.front() == u'@') // "@left[abc,2]"
-        name.Truncate(name.view().find(u'['));
-    const CString text = TopicText(name, HelpWidth());
-    if (text.empty())
-        return MVError(name[0] == u'@' ? errors::unknownFunction : errors::noHelp, name);
-    return Show(text, flags == 0);
+    CString text;
+    std::vector<CString> unknown;
+    for (const CString& name : TopicNames(arguments)) {
+        const CString told = TopicText(name, HelpWidth());
+        if (told.empty())
+            unknown.push_back(name);
+        else
+            text.Append(text.empty() ? u"" : u"\r\n").Append(told);
+    }
+    int code = Show(text, flags == 0);
+    for (const CString& name : unknown)
+        code = MVError(name[0] == u'@' ? errors::unknownFunction : errors::noHelp, name);
+    return code;
 }

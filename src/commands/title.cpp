@@ -30,7 +30,9 @@ int Title_Command(CString& arguments)
     text.Trim();
     if (text.empty())
         return UsageError();
-    text = WithoutOuterQuotes(text);
+    // Of "a" "b" the first and the last quote are no pair.
+    if (text.front() == u'"' && text.Find(u'"', 1) == text.size() - 1)
+        text = WithoutOuterQuotes(text);
     SetStandingTitle(flags != 0 ? ExpandPrompt(text) : text);
     return result::success;
 }

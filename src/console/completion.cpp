@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr std::u16string_view settingMark = u"//"; // OPTION //name
+
 // What the table of commands does not say.
 struct MoreHint {
     std::u16string_view command;
@@ -203,7 +205,7 @@ private:
             line.substr(word.start, cursor - word.start) != typed)
             return false;
         const BUILTIN* row = world.FindCommand(word.command);
-        if (!row || !row->help)
+        if (!row || !row->help || typed.starts_with(settingMark))
             return false;
         const std::size_t last = typed.rfind(typed[0]);
         for (const SwitchTopic& topic : SwitchesOfHelp(row->help->switches))
@@ -224,7 +226,8 @@ private:
         if (kinds.variables)
             AddNames(CompletionNames::Variables, {}, {});
         if (kinds.settings)
-            AddNames(CompletionNames::Settings, {}, {});
+            AddNames(CompletionNames::Settings,
+                     word.text.view().starts_with(settingMark) ? settingMark : std::u16string_view(), {});
         if (kinds.topics)
             AddTopics();
         if (kinds.commands) {
@@ -247,8 +250,10 @@ private:
             AddNames(CompletionNames::BuiltInFunctions, u"@", {});
         else if (mark == u'_')
             AddNames(CompletionNames::InternalVariables, u"_", {});
-        else
+        else {
             AddNames(CompletionNames::Internals, {}, {});
+            AddNames(CompletionNames::Aliases, {}, {});
+        }
     }
 
     // Where nothing else fits and TabX is All.

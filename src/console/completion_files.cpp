@@ -159,6 +159,23 @@ bool AddNetworkNames(const CompletionWord& word, CompletionWorld& world,
     return true;
 }
 
+bool IsUpward(std::u16string_view name) { return name.size() > 1 && name.find_first_not_of(u'.') == npos; }
+
+// ".." and "..." are directories that no listing holds; "..\\" is what goes on from there.
+void AddUpward(const CompletionWord& word, CompletionWorld& world,
+               std::vector<CompletionCandidate>& candidates)
+{
+    const char16_t separator = SeparatorOf(DirectoryPart(word.text));
+    CString typed(word.text);
+    CString name = SpellDirectory(typed += separator, world);
+    if (world.Settings().completePaths) {
+        name = world.FullName(CleanDirectoryName(world.ExpandVariables(name)));
+        if (!name.empty() && !IsPathSeparator(name.back()))
+            name += separator;
+    }
+    candidates.push_back({SpellCandidate(name, word), name, true, {}});
+}
+
 } // namespace
 
 CString SpellCandidate(const CString& name, const CompletionWord& word)
@@ -190,6 +207,8 @@ void AddFileNames(const CompletionWord& word, const FileChoice& choice, Completi
     const CString typed = world.ExpandVariables(FileNamePart(word.text));
     std::vector<NamedEntry> entries = ReadNames(folder, typed, choice, world);
     candidates.reserve(candidates.size() + entries.size());
+    if (choice.directories && IsUpward(typed))
+        AddUpward(word, world, candidates);
     for (const NamedEntry& entry : entries) {
         CString name = DoublePercents(entry.name);
         if (!shown.empty())

@@ -50,6 +50,18 @@ bool MoveToLine(LineEditor& editor, OtherLine line)
     return true;
 }
 
+// Down at an empty line goes on behind the recalled line that has just run: those of a block, recalled at its
+// first, come one after the other.
+void StandAtLineThatRan(LineEditor& editor)
+{
+    const std::size_t place = editor.request->ranPlace;
+    if (place == CString::npos || editor.recall.Walking() || editor.text.Size() != 0)
+        return;
+    const std::vector<CString>& lines = editor.recall.Lines();
+    if (place + 1 < lines.size() && lines[place] == editor.request->ranLine)
+        editor.recall.StandAt(place, {});
+}
+
 void Walk(LineEditor& editor, Step step)
 {
     if (!TakeHistory(editor)) {
@@ -59,6 +71,8 @@ void Walk(LineEditor& editor, Step step)
     // What was changed since is a beginning to look for.
     if (editor.recall.Walking() && !StandsUnchanged(editor))
         editor.recall.EndWalk();
+    if (step == &HistoryRecall::Newer)
+        StandAtLineThatRan(editor);
     const CString present = editor.text.Text();
     const CString* line = (editor.recall.*step)(present, present.size(), RulesOf(editor));
     if (!line) {

@@ -68,6 +68,7 @@ EditorAnswer LineEditor::Read(const EditorRequest& wanted)
     ShowFinished();
     answer.outcome = *outcome;
     answer.recalled = recall.Walking() && recall.Lines()[recall.Place()] == text.Text();
+    answer.place = answer.recalled ? recall.Place() : CString::npos;
     if (!answer.silent)
         answer.line = text.Text();
     return answer;

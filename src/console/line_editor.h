@@ -26,6 +26,8 @@ struct EditorRequest {
     bool plainColors = false;                  // those of the screen
     bool command = true;                       // a line for the shell: it has a history
     bool clearsRow = true;                     // of a command: what is left over in the prompt's row goes
+    std::size_t ranPlace = CString::npos;      // in the history, of the line before this one where it was
+    CString ranLine;                           // recalled: Down goes on behind it
 };
 
 class LineEditor;
@@ -41,8 +43,9 @@ struct EditorAnswer {
     EditorOutcome outcome = EditorOutcome::Line;
     CString line;          // several ones are parted by line feeds
     bool recalled = false; // it stands in the history as it is, and is to be kept there where it is
-    bool silent = false;   // the line of a key; what was edited is in `left`
-    CString left;          // to be edited next
+    std::size_t place = CString::npos; // of a recalled line
+    bool silent = false;               // the line of a key; what was edited is in `left`
+    CString left;                      // to be edited next
     std::size_t leftCursor = 0;
 };
 

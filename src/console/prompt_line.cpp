@@ -16,6 +16,9 @@ struct LeftLines {
     std::deque<CString> pasted; // lines behind the first one of a pasted text
     CString text;               // was being edited when a key ran something else
     std::size_t cursor = 0;
+    std::size_t ranPlace =
+        CString::npos; // the line that came last, and its place in the history where it was
+    CString ranLine;   // recalled from there
 };
 
 namespace {
@@ -76,6 +79,8 @@ bool EditConsoleLine(EditorAnswer& answer, const EditorRequest& wanted)
     static bool prompted = false;
     request.clearsRow = std::exchange(prompted, true); // nothing stands there before the first prompt
     LeftLines& left = Left();
+    request.ranPlace = left.ranPlace;
+    request.ranLine = left.ranLine;
     if (request.command && !left.text.empty()) {
         request.text = std::exchange(left.text, CString());
         request.cursor = left.cursor;
@@ -101,6 +106,10 @@ bool EditConsoleLine(EditorAnswer& answer, const EditorRequest& wanted)
         left.text = answer.left;
         left.cursor = answer.leftCursor;
         Tls().lineNotSaved = true;
+    }
+    if (request.command) {
+        left.ranPlace = answer.place;
+        left.ranLine = answer.line;
     }
     KeepFurtherLines(answer.line);
     SettleHistory(answer);

@@ -13,6 +13,8 @@ def running_title(console):
     console.has_title("Mine - delay 60")
     console.keys("C-c")
     console.has_title("Mine")
+    console.line('title "two" "names"')
+    console.has_title('"two" "names"')
 
 
 @case("the window title stays as it is with UpdateTitle=No")

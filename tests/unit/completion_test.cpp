@@ -123,6 +123,11 @@ TEST(Completion, ArgumentsAreWhatTheCommandTakes)
     ExpectAll(world, {
                          {u"cd |", u"cd doc"},
                          {u"cd\\h|", u"cd\\here"},
+                         {u"cd ..|", u"cd ..\\"},
+                         {u"cd doc/..|", u"cd doc/../"},
+                         {u"type ...|", u"type ..\\..\\"},
+                         {u"option //b|", u"option //BeepFreq"},
+                         {u"option /|", u"option /d"},
                          {u"set pa|", u"set Pad(1)|set PATH"},
                          {u"set x=be|", u"set x=beta.txt"},
                          {u"set /r be|", u"set /r beta.txt"},

@@ -122,6 +122,10 @@ TEST_F(Editing, HistorySettingsAndChanges)
     EXPECT_EQ(Edit(u"<Up><Up><Up><Up><Up><Enter>").line, u"one");
     EXPECT_TRUE(Edit(u"<Up><Enter>").recalled);
     EXPECT_FALSE(Edit(u"<Up>x<Enter>").recalled);
+    EditorRequest behind;
+    behind.ranPlace = Edit(u"<Up><Up><Enter>").place;
+    behind.ranLine = world.history[behind.ranPlace];
+    EXPECT_EQ(Edit(u"<Down><Enter>", behind).line, world.history.back());
     Edit(u"<Up><Up><Ctrl-D><Enter>");
     EXPECT_EQ(world.history, (std::vector<CString>{u"one", u"One"}));
     EXPECT_EQ(Edit(u"kept<Ctrl-K>run<Enter>").line, u"run");

@@ -12,6 +12,8 @@
 inline const CommandHelp dirHelp = {
     u"", u"", u"/A  all\n/-C  plain\n/S, /P  more\n/Onames:x  order\nNo switch  here", u""};
 
+inline const CommandHelp optionHelp = {u"", u"", u"/D  default", u""};
+
 // A disk in memory; the current directory is C:\here. Names that end in "\" are directories, those that
 // begin with "-" are hidden.
 class FakeDirectories : public DirectorySource {
@@ -59,6 +61,7 @@ public:
         {u"CD", nullptr, 0, 1, u"dirs", nullptr},
         {u"COPY", nullptr, 0, 1, u"", nullptr},
         {u"DIR", nullptr, 0, 1, u"", &dirHelp},
+        {u"OPTION", nullptr, 0, 1, u"", &optionHelp},
         {u"SET", nullptr, 0, 1, u"[/r] * [1] variables [2*] *", nullptr},
         {u"UNZIP", nullptr, 0, 1, u"[1] zip dirs [2*] *", nullptr},
     };
