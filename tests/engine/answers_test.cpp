@@ -79,6 +79,8 @@ TEST_F(Answers, EveryFunctionSurvivesAnyArguments)
         u"1,2,3,4,5",
         u"a,b,c,d,e",
         CString(65536, u'x'),
+        CString(65536, u','),
+        u"x,99999999999999999999,99999999999999999999",
         u"\"[[[,]\"\"`,\x01\x1B\xFFFF\xD800",
         u"-99999999999999999999,0x,-1,\t,\r\n",
     };

@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
 """Writes evaluator_table.inc: random expressions and their values, calculated with Python's decimal module.
+Each holds three operations or more, so that few lines try many.
 
     tests/unit/evaluator_table.py [count] [places] [seed] > tests/unit/evaluator_table.inc
 """
 import random
+import re
 import sys
 from decimal import Decimal, getcontext, ROUND_DOWN, ROUND_HALF_UP, localcontext
 
@@ -103,13 +105,15 @@ def shown(value, places):
 
 def main():
     print("// clang-format off")
-    count, places, seed = (int(a) for a in (sys.argv[1:] + ["500", "10", "1"][len(sys.argv) - 1:])[:3])
+    count, places, seed = (int(a) for a in (sys.argv[1:] + ["160", "10", "1"][len(sys.argv) - 1:])[:3])
     rng = random.Random(seed)
     getcontext().prec = 400 + places
     done = 0
     while done < count:
         try:
-            text, value = expression(rng, rng.randint(1, 4))
+            text, value = expression(rng, rng.randint(2, 5))
+            if len(re.findall(r"\(", text)) < 3:
+                continue
             answer = shown(value, places)
         except (Unsuitable, ArithmeticError):
             continue
