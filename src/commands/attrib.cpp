@@ -132,9 +132,8 @@ int Attrib_Command(CString& arguments)
     const auto all = [&] {
         for (const CString& name : names) {
             search.attributes = masks;
-            const bool takesDirectories = (flags & 1) != 0 ||
-                                          (masks.required & file_attribute::directory) != 0 ||
-                                          !HasWildcards(WithoutQuotes(name));
+            const bool takesDirectories =
+                (flags & 1) != 0 || (masks.required & file_attribute::directory) != 0 || !PicksByForm(name);
             if (!takesDirectories)
                 search.attributes.forbidden |= file_attribute::directory;
             if (!attributes.work.ForEachFile(search, name, [&] { attributes.Take(search); }))

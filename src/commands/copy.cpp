@@ -30,13 +30,15 @@ const CommandHelp copyHelp = {
     u"/L  of symbolic links copy the links, not what they lead to\n"
     u"/MD make the target directory without asking; several files go into it\n"
     u"/S  in all subdirectories too; those that files come from are made at the target, empty ones are not "
-    u"(COPYDIR makes them). /Sn in n levels of them\n"
+    u"(COPYDIR makes them). /Sn in n levels of them. The target is a directory then, unless sources stand "
+    u"with \"+\", which joins all that is found\n"
     u"/V  compare each copy with its source\n"
     u"/W  delete files of the target directory that match the name and are not in the source\n"
     u"/X  clear the archive attribute of the sources\n" //
     TRANSFER_SWITCHES                                   //
     u"A target with wildcards gives the copies names; a directory keeps those of the sources. Several files "
-    u"that go to one are joined, as with \"+\"; without a target the first of the sources joined is that. "
+    u"that go to one are joined, as with \"+\" (with /S only with that); without a target the first of the "
+    u"sources joined is that. "
     u"\"COPY file+,,\" sets its time. Sources may be CON (typed lines, up to a Ctrl+Z), NUL (nothing), "
     u"CLIP: and TMP0: to TMP2:; targets these, PRN, LPT1 and the like. A source \"@file\" is a list of "
     u"sources.\n"
@@ -91,10 +93,12 @@ public:
 private:
     TransferTarget Target() const
     {
+        using Plain = TransferTarget::Plain;
+        const bool directory = (search.deepest > 0 && !arguments.joins) || MakesDirectory();
         if (!arguments.target.empty())
-            return TransferTarget(arguments.target, search.deepest > 0 || MakesDirectory());
-        return arguments.joins ? TransferTarget(arguments.sources[0].text, false)
-                               : TransferTarget(u".", true);
+            return TransferTarget(arguments.target, directory ? Plain::Directory : Plain::AsIs);
+        return arguments.joins ? TransferTarget(arguments.sources[0].text, Plain::AsIs)
+                               : TransferTarget(u".", Plain::Directory);
     }
 
     // What /MD makes is a directory wherever that makes sense.
@@ -120,7 +124,12 @@ private:
         for (const CopySource& source : arguments.sources)
             if (!AddPieces(transfer, search, source, pieces))
                 return; // a part is missing: what is there already is worth more than the rest
-        WriteJoined(transfer, pieces, target, arguments.targetContents);
+        if (pieces.empty() || !arguments.joins || !arguments.target.empty() || IsDeviceSource(pieces[0].name))
+            return WriteJoined(transfer, pieces, target, arguments.targetContents);
+        // Without a target the first of the files grows, even where a pattern found it.
+        pieces[0].chosen = true;
+        WriteJoined(transfer, pieces, TransferTarget(pieces[0].shown, TransferTarget::Plain::AsIs),
+                    arguments.targetContents);
     }
 
     // One file is copied; more of them are joined.
@@ -128,10 +137,9 @@ private:
     {
         const CopySource& source = arguments.sources[0];
         std::vector<JoinedPiece> pieces;
-        EntryFacts facts;
         const bool any = transfer.work.ForEachFile(search, source.text, [&] {
-            pieces.push_back({search.fullName, search.name, source.contents, search.literal});
-            facts = search.file.facts;
+            pieces.push_back(
+                {search.fullName, search.name, source.contents, search.literal, search.file.facts});
         });
         if (!any)
             return transfer.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(source.text));
@@ -145,7 +153,7 @@ private:
         const JoinedPiece& piece = pieces[0];
         if (target.Prepare(transfer) && target.Place(u"", FileNamePart(piece.name), place))
             transfer.Do({CString(DirectoryPart(piece.name)), CString(FileNamePart(piece.name)), piece.shown},
-                        facts, place);
+                        piece.facts, place);
     }
 
     void Touch()

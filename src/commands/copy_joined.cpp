@@ -1,5 +1,7 @@
 #include "commands/copy_joined.h"
 
+#include <algorithm>
+#include <limits>
 #include <memory>
 #include <string>
 
@@ -119,8 +121,9 @@ unsigned ShowFile(const CString& name)
 
 class Joining {
 public:
-    Joining(Transfer& work, const std::vector<JoinedPiece>& of, const TransferTarget& to, Contents ends)
-        : transfer(work), pieces(of), target(to), targetContents(ends)
+    Joining(Transfer& work, const std::vector<JoinedPiece>& of, const TransferTarget& to,
+            const TransferName& where, Contents ends)
+        : transfer(work), pieces(of), target(to), place(where), targetContents(ends)
     {}
 
     void ToDevice()
@@ -155,8 +158,6 @@ public:
 
     void ToFile()
     {
-        TransferName place;
-        target.Place(u"", target.Text(), place);
         CString to = place.Full();
         const auto there = ReadFileFacts(to);
         if (!MayWrite(to, there, place.shown) || transfer.work.IsStopped())
@@ -168,6 +169,8 @@ public:
         PartialFile partial(directory);
         if (!ToHandle(partial.Name(), CREATE_NEW))
             return;
+        if (transfer.switches.manner.verifies && !IsAsWritten(partial.Name()))
+            return transfer.Failed(ERROR_CRC, place.shown);
         unsigned failed = there ? CopyRights(to, partial.Name(), false) : 0;
         if (failed == 0 && there && Grows(to))
             failed = ChangeAttributes(partial.Name(), there->attributes);
@@ -176,18 +179,27 @@ public:
         if (failed != 0)
             return transfer.Failed(failed, place.shown);
         NotifyOfChange(there ? FolderChange::FileUpdated : FolderChange::FileCreated, to);
+        for (const JoinedPiece& piece : pieces)
+            if (!EqualNoCase(piece.name, to))
+                transfer.ClearArchive(piece.name, piece.facts);
         Tell();
     }
 
 private:
     bool MayWrite(CString& to, const std::optional<FileFacts>& there, const CString& shown)
     {
-        if (!there)
-            return true;
-        if (transfer.switches.missingOnly) {
+        EntryFacts newest;
+        for (const JoinedPiece& piece : pieces)
+            if (IsDeviceSource(piece.name))
+                newest.written = std::numeric_limits<std::uint64_t>::max(); // it tells its contents now
+            else if (!EqualNoCase(piece.name, to))
+                newest.written = std::max(newest.written, piece.facts.written);
+        if (!transfer.IsNeeded(newest, there)) {
             transfer.work.Passed();
             return false;
         }
+        if (!there)
+            return true;
         // What is added to a file takes nothing from it.
         return Grows(to) || transfer.MayReplace(pieces[0].name, to, *there, shown);
     }
@@ -230,15 +242,39 @@ private:
         return true;
     }
 
+    // Reads back what was written, beside the pieces. Devices tell what they hold once only.
+    bool IsAsWritten(const CString& path) const
+    {
+        const OwnedHandle file(CreateFileW(SystemPath(path).w(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                           OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+        bool same = static_cast<bool>(file);
+        std::string back;
+        const Sink compare = [&](std::string_view bytes) {
+            back.resize(bytes.size());
+            DWORD count = 0;
+            return same =
+                       ReadFile(file.Get(), back.data(), static_cast<DWORD>(back.size()), &count, nullptr) &&
+                       count == back.size() && back == bytes;
+        };
+        for (const JoinedPiece& piece : pieces) {
+            if (IsDeviceSource(piece.name))
+                return true;
+            if (!same || PourPiece(piece, compare) != 0)
+                return false;
+        }
+        return same;
+    }
+
     void Tell()
     {
         for (const JoinedPiece& piece : pieces)
-            transfer.Did(piece.shown, target.Text());
+            transfer.Did(piece.shown, place.shown);
     }
 
     Transfer& transfer;
     const std::vector<JoinedPiece>& pieces;
     const TransferTarget& target;
+    const TransferName& place; // the target, once it is known for a file
     Contents targetContents;
 };
 
@@ -255,13 +291,14 @@ bool AddPieces(Transfer& transfer, FILESEARCH& search, const CopySource& source,
 {
     const CString name = WithoutQuotes(source.text);
     if (IsDeviceSource(source.text)) {
-        pieces.push_back({name, name, source.contents, true});
+        pieces.push_back({name, name, source.contents, true, {}});
         return true;
     }
     const auto before = pieces.size();
     const bool any = transfer.work.ForEachFile(search, source.text, [&] {
         if (!IsPartialFileName(search.file.name))
-            pieces.push_back({search.fullName, search.name, source.contents, search.literal});
+            pieces.push_back(
+                {search.fullName, search.name, source.contents, search.literal, search.file.facts});
     });
     if (!any)
         transfer.Failed(ERROR_FILE_NOT_FOUND, name);
@@ -271,19 +308,27 @@ bool AddPieces(Transfer& transfer, FILESEARCH& search, const CopySource& source,
 void WriteJoined(Transfer& transfer, const std::vector<JoinedPiece>& pieces, const TransferTarget& target,
                  Contents targetContents)
 {
-    if (target.GetKind() == TransferTarget::Kind::Device)
-        return Joining(transfer, pieces, target, targetContents).ToDevice();
-    if (target.GetKind() != TransferTarget::Kind::File)
+    const bool toDevice = target.GetKind() == TransferTarget::Kind::Device;
+    TransferName place{{}, {}, target.Text()};
+    if (target.GetKind() == TransferTarget::Kind::Directory)
         return transfer.Failed(errors::targetIsDirectory, target.Text());
-    if (!target.Prepare(transfer))
+    if (!toDevice && !target.Prepare(transfer))
         return;
+    if (!toDevice && !target.Place(u"", FileNamePart(pieces[0].name), place))
+        return transfer.Failed(ERROR_FILENAME_EXCED_RANGE, target.Text());
     // A pattern takes the result of the last time for one of the sources.
-    const CString own = FullPathName(target.Text());
+    const CString own = toDevice ? CString() : place.Full();
     std::vector<JoinedPiece> others;
     for (const JoinedPiece& piece : pieces)
         if (piece.chosen || !EqualNoCase(piece.name, own))
             others.push_back(piece);
     if (others.empty())
         return transfer.Failed(errors::copyOntoItself, target.Text());
-    Joining(transfer, others, target, targetContents).ToFile();
+    std::erase_if(others, [&](const JoinedPiece& piece) {
+        return !EqualNoCase(piece.name, own) && !transfer.work.Wants(message::askCopy, piece.shown);
+    });
+    if (others.empty() || transfer.work.IsStopped())
+        return;
+    Joining joining(transfer, others, target, place, targetContents);
+    toDevice ? joining.ToDevice() : joining.ToFile();
 }

@@ -12,6 +12,7 @@ struct JoinedPiece {
     CString shown;
     Contents contents = Contents::AsTheyStand;
     bool chosen = false; // by its very name
+    EntryFacts facts;    // of files
 };
 
 // Adds what a source argument stands for; false when that is nothing, which has been told.

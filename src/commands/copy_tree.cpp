@@ -73,10 +73,6 @@ int ReadTrees(CString& arguments, std::u16string_view own, FILESEARCH& search, T
     if (names.size() != 2)
         return UsageError();
     trees = {TreeName(names[0]), TreeName(names[1])};
-    if (!QueryIsDirectory(trees.source.directory))
-        return MVError(ERROR_PATH_NOT_FOUND, WithoutQuotes(names[0]));
-    if (QueryIsFile(WithoutEndSeparators(trees.target.directory)))
-        return MVError(errors::targetIsFile, WithoutQuotes(names[1]));
     return result::success;
 }
 
@@ -100,6 +96,8 @@ int CopyDirectory_Command(CString& arguments)
     Transfer transfer(Transfer::Kind::Copy, u"copydir", switches);
     return transfer.Run(
         [&] {
+            if (!AreTrees(transfer, trees.source, trees.target))
+                return;
             TransferTree(transfer, search, trees.source, trees.target);
             if (switches.mirrors && !transfer.work.IsStopped() && transfer.work.Errors() == 0)
                 RemoveExtraTree(transfer, trees.source.directory, trees.target);
@@ -118,6 +116,8 @@ int MoveDirectory_Command(CString& arguments)
     Transfer transfer(Transfer::Kind::Move, u"movedir", switches);
     return transfer.Run(
         [&] {
+            if (!AreTrees(transfer, trees.source, trees.target))
+                return;
             const CString from(WithoutEndSeparators(trees.source.directory));
             const CString to(WithoutEndSeparators(trees.target.directory));
             const bool isThere = !EqualNoCase(from, to) && ReadFileAttributes(to);

@@ -41,10 +41,26 @@ int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search
     return ReadWorkSwitches(arguments, own, options, ownFlags);
 }
 
+bool PicksByForm(std::u16string_view argument)
+{
+    const CString name = WithoutQuotes(argument);
+    const std::u16string_view last = FileNamePart(name);
+    return HasWildcards(name) || last.empty() || last == u"." || last == u"..";
+}
+
+CString DirectoryItself(const CString& argument)
+{
+    const CString name = WithoutQuotes(argument);
+    const std::u16string_view bare = WithoutEndSeparators(name);
+    if (bare.size() == name.size() || FileNamePart(bare).empty() || PicksByForm(bare))
+        return argument;
+    return argument.Find(u'"') == CString::npos ? CString(bare) : CString(u"\"") + bare + u"\"";
+}
+
 AttributeMasks MasksFor(const CString& argument, const FILESEARCH& search, const AttributeMasks& asked)
 {
     AttributeMasks masks = asked;
-    const bool picks = search.deepest > 0 || HasWildcards(WithoutQuotes(argument));
+    const bool picks = search.deepest > 0 || PicksByForm(argument);
     if (picks && (asked.required & file_attribute::directory) == 0)
         masks.forbidden |= file_attribute::directory;
     return masks;

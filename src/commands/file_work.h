@@ -44,8 +44,12 @@ int ReadWorkSwitches(CString& arguments, std::u16string_view own, FileWorkOption
 int ReadFileWork(CString& arguments, std::u16string_view own, FILESEARCH& search, FileWorkOptions& options,
                  std::uint64_t& ownFlags);
 
-// Wildcards and searches of subdirectories mean files, unless /AD asked for directories; a plain name means
-// either.
+// Whether an argument stands for what is in a directory: it holds wildcards, or ends with "\", "." or "..".
+bool PicksByForm(std::u16string_view argument);
+// For commands that take a directory as a whole: the argument without the "\" that completion puts behind it.
+CString DirectoryItself(const CString& argument);
+// Such arguments and searches of subdirectories mean files, unless /AD asked for directories; a plain name
+// means either.
 AttributeMasks MasksFor(const CString& argument, const FILESEARCH& search, const AttributeMasks& asked);
 
 // Has a change known: to the database of directories that CD searches, and to the desktop's folder windows

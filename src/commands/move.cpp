@@ -1,5 +1,6 @@
 #include "commands/move.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 #include <windows.h>
@@ -53,7 +54,10 @@ public:
         const TransferSwitches& how = transfer.switches;
         const bool wantsDirectory = how.intoDirectory || search.deepest > 0 ||
                                     (how.makesTarget && (sources.size() > 1 || MayMeanSeveral(sources[0])));
-        const TransferTarget target(targetName, wantsDirectory);
+        using Plain = TransferTarget::Plain;
+        const TransferTarget target(targetName, wantsDirectory                     ? Plain::Directory
+                                                : IsRespelled(sources, targetName) ? Plain::NewName
+                                                                                   : Plain::AsIs);
         if (target.GetKind() == TransferTarget::Kind::Device)
             return transfer.Failed(errors::reservedTarget, targetName);
         if (!target.Prepare(transfer))
@@ -78,6 +82,16 @@ public:
     Transfer transfer;
 
 private:
+    // Whether the only source is to have its own name in other letters, be it a directory's.
+    static bool IsRespelled(const std::vector<CString>& sources, const CString& targetName)
+    {
+        if (sources.size() != 1 || MayMeanSeveral(sources[0]))
+            return false;
+        const CString from = FullPathName(WithoutQuotes(sources[0]));
+        const CString to = FullPathName(WithoutQuotes(targetName));
+        return from != to && EqualNoCase(from, to) && !IsPathSeparator(to.back());
+    }
+
     bool MeansSeveral(const CString& source)
     {
         int count = 0;
@@ -131,6 +145,8 @@ int Move_Command(CString& arguments)
         target = names.back();
         names.pop_back();
     }
+    if (search.deepest == 0)
+        std::transform(names.begin(), names.end(), names.begin(), DirectoryItself);
     search.avoidsLinks = true;
     search.intoDirectories =
         search.deepest > 0 && (search.attributes.required & file_attribute::directory) == 0;

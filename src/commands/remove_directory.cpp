@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "commands/file_work.h"
+#include "commands/transfer_target.h"
 #include "commands/tree_removal.h"
 #include "core/command_switches.h"
 #include "engine/console_entry.h"
@@ -70,17 +71,28 @@ public:
             work.Failed(unwritten, shown);
     }
 
-    void RemoveAll(FILESEARCH& search, const CString& name)
+    // With `picks` ranges or attributes say whether even one that is named goes.
+    void RemoveAll(FILESEARCH& search, const CString& argument, bool picks)
     {
-        if (!HasWildcards(name))
+        const CString name(WithoutEndSeparators(CleanDirectoryName(argument)));
+        const bool several = MayMeanSeveral(argument) && !ReadFileAttributes(name);
+        if (!several && !picks)
             return Remove(name, name);
+        // Its own name takes a hidden one, too.
+        const AttributeMasks masks = search.attributes;
+        if (!several)
+            search.attributes.included = AttributeMasks::all;
         bool any = false;
-        for (bool found = FindFiles(search, name); found; found = FindFiles(search)) {
+        const bool quoted = !several || argument.Find(u'"') != CString::npos;
+        const CString found = quoted ? CString(u"\"") + name + u"\"" : name;
+        for (bool more = FindFiles(search, found); more; more = FindFiles(search)) {
             any = true;
             Remove(search.fullName, search.name);
         }
-        if (!any)
-            work.Failed(search.error ? search.error : ERROR_FILE_NOT_FOUND, name);
+        ForEachFailure(search, [this](unsigned code, const CString& failed) { work.Failed(code, failed); });
+        if (!any && search.error == 0)
+            work.Failed(ERROR_FILE_NOT_FOUND, name);
+        search.attributes = masks;
     }
 
     FileWork work;
@@ -132,11 +144,14 @@ int RemoveDirectory_Command(CString& arguments)
     const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
     if (names.empty())
         return UsageError();
+    const AttributeMasks& masks = search.attributes;
+    const bool picks =
+        !search.ranges.Empty() || masks.required != 0 || masks.forbidden != 0 || masks.anyOf != 0;
     search.attributes.required |= file_attribute::directory;
     Removal removal(options, flags);
     const auto all = [&] {
         for (const CString& argument : names)
-            removal.RemoveAll(search, CString(WithoutEndSeparators(CleanDirectoryName(argument))));
+            removal.RemoveAll(search, argument, picks);
     };
     removal.work.Do(all, 0);
     return removal.work.Finish(0);

@@ -134,7 +134,13 @@ int Rename_Command(CString& arguments)
     const AttributeMasks masks = search.attributes;
     Renaming renaming(options, newName);
     const auto all = [&] {
-        for (const CString& name : names) {
+        for (const CString& argument : names) {
+            const CString name = DirectoryItself(argument);
+            if (PicksByForm(name) && !HasWildcards(WithoutQuotes(name))) {
+                renaming.work.Failed(ERROR_INVALID_NAME,
+                                     WithoutQuotes(name)); // all in it cannot have one name
+                continue;
+            }
             search.attributes = MasksFor(name, search, masks);
             renaming.RenameAll(search, name);
         }

@@ -335,14 +335,14 @@ int Sync_Command(CString& arguments)
         return UsageError();
     const TransferName first = TreeName(names[0]);
     const TransferName second = TreeName(names[1]);
-    if (!QueryIsDirectory(first.directory))
-        return MVError(ERROR_PATH_NOT_FOUND, WithoutQuotes(names[0]));
-    if (QueryIsFile(WithoutEndSeparators(second.directory)))
-        return MVError(errors::targetIsFile, WithoutQuotes(names[1]));
     switches.overHidden = true;
     switches.countsDeleted = true;
     switches.manner.keepsReadOnly = true;
     const bool force = std::exchange(switches.firstErrorEnds, false);
     Syncing syncing(search, switches, force);
-    return syncing.transfer.Run([&] { syncing.Sync(first, second); }, message::filesSynced);
+    const auto all = [&] {
+        if (AreTrees(syncing.transfer, first, second))
+            syncing.Sync(first, second);
+    };
+    return syncing.transfer.Run(all, message::filesSynced);
 }

@@ -253,6 +253,13 @@ bool Transfer::IsNeeded(const EntryFacts& facts, const std::optional<FileFacts>&
     return (!switches.olderTargets && !switches.update) || facts.written > FileTimeNumber(there->written);
 }
 
+void Transfer::ClearArchive(const CString& name, const EntryFacts& facts) const
+{
+    constexpr std::uint32_t archive = FILE_ATTRIBUTE_ARCHIVE;
+    if (kind == Kind::Copy && switches.clearsArchive && (facts.attributes & archive) != 0)
+        ChangeAttributes(name, facts.attributes & ~archive);
+}
+
 bool Transfer::MayReplace(const CString& from, CString& to, const FileFacts& there, std::u16string_view shown)
 {
     if (IsSameFile(from, to, there)) {
@@ -361,8 +368,7 @@ bool Transfer::Perform(const TransferItem& item, const TransferName& from, const
     Carry(from, to);
     if (Moves())
         NoteMovedFrom(from.directory);
-    if (kind == Kind::Copy && switches.clearsArchive && (item.facts.attributes & FILE_ATTRIBUTE_ARCHIVE) != 0)
-        ChangeAttributes(item.from, item.facts.attributes & ~std::uint32_t{FILE_ATTRIBUTE_ARCHIVE});
+    ClearArchive(item.from, item.facts);
     if (kind == Kind::Move)
         NotifyOfChange(FolderChange::FileRenamed, item.from, item.to);
     else

@@ -73,6 +73,10 @@ public:
 
     void Do(const TransferName& from, const EntryFacts& facts, const TransferName& to);
 
+    // Whether the switches want a file of these facts to go where `there` is at present.
+    bool IsNeeded(const EntryFacts& facts, const std::optional<FileFacts>& there) const;
+    // Under /X, when the file (a full name) has been copied.
+    void ClearArchive(const CString& name, const EntryFacts& facts) const;
     // Whether `to` may be written over: the reasons against are told, questions asked. Resolves links.
     bool MayReplace(const CString& from, CString& to, const FileFacts& there, std::u16string_view shown);
     // Makes the directory (full name, with a separator at the end) unless it is there. False when it cannot
@@ -115,7 +119,6 @@ private:
         DescriptionChanges& TargetTexts() { return targetTexts ? *targetTexts : sourceTexts; }
     };
 
-    bool IsNeeded(const EntryFacts& facts, const std::optional<FileFacts>& there) const;
     bool IsToBeDone(TransferItem& item, const TransferName& from, const TransferName& to);
     std::optional<FileFacts> FactsOf(const TransferName& target, const CString& full);
     bool IsMadeAlready(const TransferItem& item, const TransferName& to);

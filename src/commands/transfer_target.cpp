@@ -34,8 +34,7 @@ CString WithSeparator(CString name)
 
 } // namespace
 
-TransferTarget::TransferTarget(std::u16string_view given, bool wantsDirectory)
-    : text(CleanDirectoryName(given))
+TransferTarget::TransferTarget(std::u16string_view given, Plain plain) : text(CleanDirectoryName(given))
 {
     if ((!HasDirectory(text) && IsDeviceName(text)) || PseudoDevice::Find(text)) {
         kind = Kind::Device;
@@ -45,7 +44,8 @@ TransferTarget::TransferTarget(std::u16string_view given, bool wantsDirectory)
         kind = Kind::Pattern;
         pattern = FileNamePart(text);
         shownDirectory = DirectoryPart(text);
-    } else if (wantsDirectory || IsDirectoryByForm(text) || QueryIsDirectory(text)) {
+    } else if (plain == Plain::Directory || IsDirectoryByForm(text) ||
+               (plain == Plain::AsIs && QueryIsDirectory(text))) {
         kind = Kind::Directory;
         shownDirectory = text.view().ends_with(u':') ? text : WithSeparator(text);
     } else {

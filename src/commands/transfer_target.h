@@ -10,8 +10,11 @@ class TransferTarget {
 public:
     enum class Kind { Directory, Pattern, File, Device };
 
-    // Quotes and "..." are seen to. With `wantsDirectory` a name without wildcards is a directory.
-    TransferTarget(std::u16string_view text, bool wantsDirectory);
+    // What a name without wildcards stands for: a directory when there is one of that name, always, or never.
+    enum class Plain { AsIs, Directory, NewName };
+
+    // Quotes and "..." are seen to.
+    TransferTarget(std::u16string_view text, Plain plain);
 
     Kind GetKind() const { return kind; }
     const CString& Text() const { return text; }

@@ -294,6 +294,17 @@ TransferName TreeName(std::u16string_view text)
     return tree;
 }
 
+bool AreTrees(Transfer& transfer, const TransferName& source, const TransferName& target)
+{
+    if (!QueryIsDirectory(source.directory))
+        transfer.Failed(ERROR_PATH_NOT_FOUND, WithoutEndSeparators(source.shown));
+    else if (QueryIsFile(WithoutEndSeparators(target.directory)))
+        transfer.Failed(errors::targetIsFile, WithoutEndSeparators(target.shown));
+    else
+        return true;
+    return false;
+}
+
 void TransferTree(Transfer& transfer, FILESEARCH& search, const TransferName& source,
                   const TransferName& target)
 {

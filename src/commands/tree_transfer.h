@@ -14,6 +14,8 @@ void DressDirectory(const CString& directory, const EntryFacts& like);
 
 // A directory as an argument names it, for the functions below.
 TransferName TreeName(std::u16string_view argument);
+// Whether the source is a directory and the target may be one; what is wrong has been told.
+bool AreTrees(Transfer& transfer, const TransferName& source, const TransferName& target);
 
 // Takes what the search selects below `source` to `target`; both are full, with a separator at the end, and
 // shown as told. Directories are made with their attributes and times, and those that were moved from and are

@@ -32,16 +32,16 @@ struct Plan {
 bool MayBeMisread(const SearchName& name)
 {
     return !name.IsRegex() && !HasWildcards(name.text) &&
-           name.text.view().find_first_of(u"[=") != CString::npos;
+           (name.text.view().find_first_of(u"[=") != CString::npos || name.text.view().ends_with(u'.'));
 }
 
-// The pattern that takes this very name: "[" opens no set, "=" ends nothing.
+// The pattern that takes this very name: "[" opens no set, "=" ends nothing, "." is no missing extension.
 CString VeryName(const CString& name)
 {
     CString pattern(u"\"");
     for (const char16_t unit : name.view()) {
-        if (unit == u'[')
-            pattern.Append(u"[[]");
+        if (unit == u'[' || unit == u'.')
+            pattern.Append(u'[').Append(unit).Append(u']');
         else
             pattern.Append(unit);
     }
@@ -142,7 +142,8 @@ private:
             } else if (search.deepest == 0 && target.names.size() == 1 && name.IsLiteral()) {
                 plan.request.literalName = name.text;
             } else {
-                const bool veryName = MayBeMisread(name) && ReadFileAttributes(path);
+                const bool veryName =
+                    MayBeMisread(name) && ReadFileAttributes(PathOfEntry(plan.request.directory, name.text));
                 auto pattern = MakePattern(veryName ? VeryName(name.text) : name.Pattern());
                 if (!pattern->IsValid())
                     return Fail(invalidParameter, name.text);
