@@ -192,5 +192,7 @@ int Input_Command(CString& arguments)
         ReadEnvironment(request.variable, wanted.text);
     CString line;
     const InputOutcome outcome = ReadInputLine(line, wanted);
+    if (outcome == InputOutcome::TimedOut && request.lineEnd && IsConsole(0))
+        Print(u"\r\n");
     return Store(outcome, request.variable, line);
 }

@@ -7,6 +7,7 @@
 
 #include "batch/window_tests.h"
 #include "commands/option_effects.h"
+#include "commands/pager.h"
 #include "config/key_functions.h"
 #include "config/key_names.h"
 #include "console/key_press_names.h"
@@ -24,6 +25,7 @@
 #include "platform/desktop.h"
 #include "platform/key_sending.h"
 #include "platform/window_changes.h"
+#include "text/cell_width.h"
 #include "text/compare.h"
 #include "text/numbers.h"
 #include "text/words.h"
@@ -43,9 +45,10 @@ const CommandHelp keybdHelp = {
 const CommandHelp keysHelp = {
     u"Shows and changes what keys do on the command line.",
     u"KEYS [ON | OFF]\n"
-    u"KEYS [/K:key | /R] [LIST | name ...]\n"
+    u"KEYS [/K:key | /P | /R] [LIST | name ...]\n"
     u"KEYS name=[key ...]",
     u"/K  the functions that a key has\n"
+    u"/P  wait for a key after each screen\n"
     u"/R  the functions named, or all with LIST, have their usual keys again\n"
     u"ON   lines are edited by the shell, with its keys\n"
     u"OFF  lines are read by the console's own line input (the setting ReadConsole)\n"
@@ -105,15 +108,31 @@ int ShowLockKeys()
 
 // KEYS
 
-int ShowFunction(std::size_t function)
+// The first columns of a row, and a text whose words go on below it where the console ends.
+bool PrintRow(Pager& pager, CString columns, std::u16string_view text)
 {
-    const KeyFunctionRow& row = aKeyFunctions[function];
-    CString line =
-        Format(u"%-20s %-28s %s", row.name, aKeyBindings.Keys(static_cast<int>(function)), row.description);
-    return PrintLine(line.TrimRight()) ? result::success : MVError(0);
+    constexpr int narrowest = 10; // cells for the text; with fewer the row is left as it is
+    const std::size_t indent = columns.size();
+    const int room = IsConsole(1) ? OutputSize().columns - 1 - static_cast<int>(indent) : 0;
+    for (;;) {
+        const std::size_t cut = room < narrowest ? text.size() : WordsThatFit(text, room);
+        if (!pager.Line(columns.Append(text.substr(0, cut)).TrimRight()))
+            return false;
+        if (cut == text.size())
+            return true;
+        columns = CString(indent, u' ');
+        text.remove_prefix(std::min(text.find_first_not_of(u' ', cut), text.size()));
+    }
 }
 
-int ForFunctions(std::u16string_view pattern, int (*act)(std::size_t))
+int ShowFunction(Pager& pager, std::size_t function)
+{
+    const KeyFunctionRow& row = aKeyFunctions[function];
+    const CString columns = Format(u"%-20s %-28s ", row.name, aKeyBindings.Keys(static_cast<int>(function)));
+    return PrintRow(pager, columns, row.description) ? result::success : MVError(0);
+}
+
+template <typename Act> int ForFunctions(std::u16string_view pattern, Act act)
 {
     bool found = false;
     for (std::size_t i = 0; i < nKeyFunctions; ++i) {
@@ -138,13 +157,14 @@ int ShowKey(std::u16string_view word)
     if (key.empty())
         return MVError(errors::unknownKey, word);
     bool found = false;
+    Pager pager(false);
     for (unsigned category = key_category::editing; KeyCategoryName(category); category <<= 1) {
         const int function = aKeyBindings.FindKeyFunction(category, key);
         if (function < 0)
             continue;
         found = true;
         const KeyFunctionRow& row = aKeyFunctions[static_cast<std::size_t>(function)];
-        if (!PrintFormat(u"%-20s %-20s %s\r\n", KeyCategoryName(category), row.name, row.description))
+        if (!PrintRow(pager, Format(u"%-20s %-20s ", KeyCategoryName(category), row.name), row.description))
             return MVError(0);
     }
     return found || PrintLine(LoadMessage(message::unboundKey, key)) ? result::success : MVError(0);
@@ -317,20 +337,24 @@ int Keybd_Command(CString& arguments)
 int Keys_Command(CString& arguments)
 {
     CString key;
-    std::uint64_t reset = 0;
+    std::uint64_t flags = 0;
     if (const std::size_t equals = arguments.Find(u'='); equals != CString::npos && arguments.front() != u'/')
         return BindKeys(arguments.Substr(0, equals), arguments.Substr(equals + 1));
     if (TakeSwitchText(arguments, u"K", key))
         return !key.empty() && arguments.Trim().empty() ? ShowKey(key) : UsageError();
-    if (const int code = ReadSwitches(arguments, u"R", reset))
+    if (const int code = ReadSwitches(arguments, u"PR", flags))
         return code;
     arguments.Trim();
-    if (const auto code = reset == 0 ? SwitchEditor(arguments) : std::nullopt)
+    const bool resets = (flags & 2) != 0;
+    Pager pager((flags & 1) != 0);
+    const auto act = [&](std::size_t function) {
+        return resets ? ResetFunction(function) : ShowFunction(pager, function);
+    };
+    if (const auto code = flags == 0 ? SwitchEditor(arguments) : std::nullopt)
         return *code;
     int code = arguments.empty() ? UsageError() : result::success;
     for (const CString& name : SplitArguments(arguments, true, CurrentSyntax()))
-        if (const int failed = ForFunctions(EqualNoCase(name, u"list") ? CString(u"*") : name,
-                                            reset != 0 ? ResetFunction : ShowFunction))
+        if (const int failed = ForFunctions(EqualNoCase(name, u"list") ? CString(u"*") : name, act))
             code = failed;
     return code;
 }

@@ -101,6 +101,11 @@ def pause(console):
     console.ends_with("a28=28", "Any key: more, Enter: a line, Esc: end")
     console.keys("q")
     console.ends_with("a28=28", "behind it", ">")
+    console.line("keys /p list & keys delhistory")
+    console.row_with("AddFile", "Keep the completed file name")
+    console.keys("q")
+    recalled = "DelHistory           Ctrl-D                       Delete the recalled line from"
+    console.ends_with(recalled, " " * 50 + "the history", ">")
 
 
 @case("Ctrl+Z ends the lines that are read from the console, and nothing at the prompt")

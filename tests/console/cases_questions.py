@@ -101,8 +101,8 @@ def input_line(console):
     console.ends_with("Code: ****", "Age:")
     console.line("1x2")
     console.ends_with("Code: ****", "Age: 12[abcd][12]", ">")
-    console.line("set a=kept & input /w0.1 %%a || echo %? [%a]")
-    console.ends_with("1 [kept]", ">")
+    console.line("set a=kept & input /w0.1 Late: %%a || echo %? [%a]")
+    console.ends_with("Late:", "1 [kept]", ">")
 
 
 @case("questions before files: each answer does what it says, and nothing else")
