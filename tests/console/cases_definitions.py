@@ -6,7 +6,6 @@ from registry import case
 @case("ESET puts the value on the line and takes what becomes of it")
 def edited_value(console):
     console.start(greeting="Hello world")
-    console.shows(">")
     console.line("eset greeting")
     console.ends_with("greeting=Hello world", "greeting=Hello world")
     console.keys("BSpace")
@@ -21,7 +20,6 @@ def edited_value(console):
 @case("Ctrl+C in ESET leaves the value as it was")
 def abandoned_edit(console):
     console.start(greeting="Hello")
-    console.shows(">")
     console.line("eset greeting")
     console.ends_with("greeting=Hello", "greeting=Hello")
     console.text("!")
@@ -35,7 +33,6 @@ def abandoned_edit(console):
 @case("ESET /P edits, drops and adds pieces of a search path")
 def edited_path(console):
     console.start(places='C:\\a;"C:\\b;c";D:\\d')
-    console.shows(">")
     console.line("eset /p places")
     console.ends_with("  1: C:\\a")
     console.text("1")
@@ -59,7 +56,6 @@ def edited_path(console):
 @case("ESET /A keeps the blanks in front of an alias's text")
 def edited_alias(console):
     console.start("//LocalAliases=Yes", "//GlobalAliases=No")
-    console.shows(">")
     console.line("alias hi=` echo one`")
     console.ends_with(">alias hi=` echo one`", ">")
     console.line("eset /a hi")
@@ -75,7 +71,6 @@ def edited_alias(console):
 @case("SET /P asks at the console")
 def question(console):
     console.start()
-    console.shows(">")
     console.line('set /p "answer=Your name: "')
     console.ends_with("Your name:")
     console.line("Bob")
@@ -111,7 +106,6 @@ def pause(console):
 @case("Ctrl+Z ends the lines that are read from the console, and nothing at the prompt")
 def end_of_lines(console):
     console.start("//LocalAliases=Yes", "//GlobalAliases=No")
-    console.shows(">")
     console.line('keystack "one=1" Enter 26 Enter 26 Enter & alias /r')
     console.ends_with("one=1", "^Z", ">^Z", ">")
     console.line("alias")

@@ -24,7 +24,6 @@ def drawing(console):
         "scrput -20 0 x >>& refused.txt",
     )
     console.start()
-    console.shows(">")
     console.line("draw")
     console.shows(
         "  ┌───╥─────╦═══════╤═════════╗",

@@ -6,7 +6,6 @@ from registry import case
 @case("the windows of the histories: filters, changes, deletions; aliases in all commands of a line")
 def history_window(console):
     console.start("//LocalHistory=Yes", "//XHistEdit=F4")
-    console.shows(">")
     for line in ("xhistory /f", "echo one", "ver > nul", "echo two"):
         console.line(line)
     console.ends_with("two", ">")

@@ -167,7 +167,6 @@ def first_hour(console):
     with open(console.folder / "large.bin", "wb") as file:
         file.truncate(8 << 30)  # far more than is ever copied, and takes no room
     console.start("@hour.ini")
-    console.shows(">")
     for step in HOUR:
         console.step(*step)
     console.text("rem ")

@@ -11,15 +11,13 @@ def keystack(console):
         'keystack "echo typed" Enter',
     )
     console.start()
-    console.shows(">")
     console.line("keys.btm")
     console.shows(">keys.btm", "a[a] [ ]b[b][@59][@95][@95]A[A][@28]", ">echo typed", "typed", ">")
 
 
 @case("TRANSIENT keeps a shell and ends it; SAVECONSOLE keeps what is shown; VBEEP leaves the screen as it was")
 def small_things(console):
-    console.start("/C", "echo hello & transient off")
-    console.shows("hello", ">")
+    console.start("/C", "echo hello & transient off", first=["hello", ">"])
     console.line("saveconsole /v a.txt & cls & vbeep 2 20 & type a.txt")
     console.shows("hello", ">saveconsole /v a.txt & cls & vbeep 2 20 & type a.txt", ">")
     console.line("cls red on blue & echo. & echo x & saveconsole /h /v page.html & echo done")

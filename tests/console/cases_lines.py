@@ -14,7 +14,6 @@ def changing_prompt(console):
 @case("the continuation prompt is that of PROMPT2")
 def own_continuation_prompt(console):
     console.start(PROMPT2="$P:")
-    console.shows(">")
     console.line("(")
     console.ends_with("C:\\t\\console:")
     console.line("echo inside")

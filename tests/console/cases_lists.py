@@ -7,7 +7,6 @@ from registry import case
 def select_function(console):
     console.file("colors.txt", "dark red", "green", "light red", "blue")
     console.start()
-    console.shows(">")
     console.line('echo [%@select[colors.txt,"Which color?"]]')
     console.row_with("\u250c Which color? \u2500")
     console.text("red")
@@ -21,7 +20,6 @@ def select_command(console):
     for name in ("one.txt", "two words.txt", "three.txt"):
         console.file(name, "x")
     console.start()
-    console.shows(">")
     for command, keys, answers in (
         ("select echo (*.txt) !", ("Space", "Down", "Space", "Enter"), ('one.txt !', '"two words.txt" !')),
         ("select /[s0,5K] /f /m echo [*.txt]", ("Enter",), None),

@@ -7,7 +7,6 @@ from registry import case
 @case("the prefix ? asks before a command runs")
 def asked_command(console):
     console.start()
-    console.shows(">")
     console.line("? echo done")
     console.ends_with("echo done (Y/N)?")
     console.keys("x")
@@ -22,7 +21,6 @@ def asked_command(console):
 @case("Ctrl+C at a question abandons the line")
 def broken_question(console):
     console.start()
-    console.shows(">")
     console.line("echo first & ? echo second")
     console.ends_with("echo second (Y/N)?")
     console.keys("C-c")
@@ -32,7 +30,6 @@ def broken_question(console):
 @case("PAUSE waits for a key")
 def pause(console):
     console.start()
-    console.shows(">")
     console.line("pause & echo after")
     console.ends_with("Press any key when ready...")
     console.keys("F5")
@@ -42,7 +39,6 @@ def pause(console):
 @case("DELAY /B ends with a key, which is not kept for the prompt")
 def delay(console):
     console.start()
-    console.shows(">")
     console.line("echo wait & delay /b 60 & echo after")
     console.ends_with("wait")
     console.keys("q")
@@ -54,7 +50,6 @@ def delay(console):
 @case("DATE and TIME ask again after a bad answer, and an empty one changes nothing")
 def clock(console):
     console.start()
-    console.shows(">")
     console.line("date & echo after")
     console.ends_with("New date:")
     console.line("13-32-2026")
@@ -72,7 +67,6 @@ def clock(console):
 @case("INKEY takes keys by their codes, refuses others and runs out of time")
 def inkey(console):
     console.start()
-    console.shows(">")
     console.line('inkey /k"yn[F1][Alt-X]" Sure? %%a & inkey /p %%b & inkey /x %%c & echo [%a][%b][%c]')
     console.ends_with("Sure?")
     console.keys("q", "F1", "z", "Up")
@@ -88,7 +82,6 @@ def inkey(console):
 @case("INPUT edits, hides, limits and waits for lines")
 def input_line(console):
     console.start()
-    console.shows(">")
     console.line("set name=Peter & input /e Name: %%name & echo [%name]")
     console.ends_with("Name: Peter")
     console.keys("BSpace", "BSpace")
@@ -110,7 +103,6 @@ def asked_files(console):
     for name in "abcdefgh":
         console.file(f"{name}.txt", name)
     console.start()
-    console.shows(">")
     console.line("del /p *.txt & echo %?")
     console.ends_with("a.txt : delete (Y/N/R/Q)?")
     console.keys("x", "y")

@@ -6,7 +6,6 @@ from registry import case
 @case("the window title names the command that runs")
 def running_title(console):
     console.start()
-    console.shows(">")
     console.line("title Mine")
     console.has_title("Mine")
     console.line("delay 60")
@@ -20,7 +19,6 @@ def running_title(console):
 @case("the window title stays as it is with UpdateTitle=No")
 def standing_title(console):
     console.start("//UpdateTitle=No")
-    console.shows(">")
     console.line('title "A title" & pause')
     console.ends_with("Press any key when ready...")
     console.has_title("A title")
@@ -29,7 +27,6 @@ def standing_title(console):
 @case("TITLEPROMPT is the title at each prompt, with PROMPT's codes")
 def prompted_title(console):
     console.start(TITLEPROMPT="in $P")
-    console.shows(">")
     console.has_title("in C:\\t\\console")
     console.line("md sub 2>nul & cd \\")
     console.has_title("in C:\\")
@@ -38,7 +35,6 @@ def prompted_title(console):
 @case("COLOR paints the screen, and puts the old colours back")
 def colors(console):
     console.start()
-    console.shows(">")
     console.line("color bright white on blue")
     console.has_colors("\x1b[97m\x1b[44m")
     console.line("color 4E")
@@ -51,7 +47,6 @@ def colors(console):
 @case("CLS clears the screen and may colour it")
 def clear(console):
     console.start()
-    console.shows(">")
     console.line("echo some text")
     console.ends_with("some text", ">")
     console.line("cls bright yellow on red")
@@ -78,8 +73,7 @@ def standard_colors(console):
 @case("the copyright line, what is typed and errors in their own colours")
 def greeting(console):
     console.file("look.ini", "InputColors=bright yellow on black", "ErrorColors=bright red on black")
-    console.start("@look.ini", "//Copyright=Yes")
-    console.ends_with("Copyright 2026 the Movacore authors", ">")
+    console.start("@look.ini", "//Copyright=Yes", first=["ORV 33.0", "Copyright 2026 the Movacore authors", ">"])
     console.line("no_such_thing")
     console.ends_with('Unknown command "no_such_thing"', ">")
     console.has_colors("\x1b[93mno_such")
@@ -91,7 +85,6 @@ def colored_names(console):
     console.file("look.ini", "ColorDir=txt:bright green; ini:red on white", "TabStops=3")
     console.file("a.txt", "x\ty")
     console.start("@look.ini")
-    console.shows(">")
     console.line("dir /w/h/k/m & type a.txt & dir /b *.txt")
     console.ends_with("a.txt     look.ini", "x  y", "a.txt", ">")
     console.has_colors("\x1b[92ma.txt\x1b[39m")

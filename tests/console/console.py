@@ -48,8 +48,8 @@ class Console:
     def file(self, name, *lines):
         (self.folder / name).write_bytes("".join(f"{line}\r\n" for line in lines).encode())
 
-    def start(self, *arguments, **environment):
-        """Starts the shell. A variable given as None is not set."""
+    def start(self, *arguments, first=None, **environment):
+        """Starts the shell and waits for the first rows. A variable given as None is not set."""
         variables = {"PROMPT": "$G"} | environment
         settings = [part for name, value in variables.items() if value is not None for part in ("-e", f"{name}={value}")]
         shell = [self.machine.wine(), self.machine.PROGRAMS + "\\ORV.exe", "//Copyright=No", *arguments]
@@ -62,7 +62,8 @@ class Console:
                 "--", *shell,
             )
             try:
-                return self.wait(self.takes_keys, ["a terminal in raw mode"], self.state, START_PATIENCE)
+                self.wait(self.takes_keys, ["a terminal in raw mode"], self.state, START_PATIENCE)
+                break
             except Failure as failure:
                 # Rarely the emulated console host never takes its terminal, before the
                 # shell has a say. What ended or wrote something is the shell's own failure.
@@ -71,6 +72,8 @@ class Console:
                 print(f"note: a console did not open; trying again\n{failure}", flush=True)
                 self.close()
                 self.socket += "x"
+        if first or "PROMPT" not in environment:
+            self.shows(*(first or [">"]))
 
     def takes_keys(self):
         """Keys that come before the console is ready are echoed by the terminal, and Enter becomes a line feed."""

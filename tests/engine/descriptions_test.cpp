@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "core/pseudo_devices.h"
 #include "engine/inifile.h"
 #include "platform/file_facts.h"
 #include "platform/whole_file.h"
@@ -11,9 +12,8 @@
 
 TEST(Descriptions, AreKeptWhereTheSettingsWantThem)
 {
-    CString folder;
-    folder.SetLength(GetTempPathW(MAX_PATH, reinterpret_cast<wchar_t*>(folder.Edit(MAX_PATH + 1))));
-    folder += Format(u"mova_described_%u\\", unsigned{GetCurrentProcessId()});
+    const CString folder =
+        Format(u"%smova_described_%u\\", TemporaryFolder(), unsigned{GetCurrentProcessId()});
     ASSERT_TRUE(CreateDirectoryW(folder.w(), nullptr));
     ASSERT_TRUE(CreateNewFile(folder + u"a b.txt"));
     const CString list = folder + u"DESCRIPT.ION";

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cwchar>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,13 +16,10 @@
 #include "engine/inifile.h"
 #include "engine/state.h"
 #include "expand/list_blocks.h"
-#include "platform/environment.h"
-#include "platform/process.h"
-#include "text/format.h"
+#include "tests/engine/second_process.h"
 
 namespace {
 
-constexpr std::u16string_view childMark = u"MOVA_HISTORY_CHILD";
 constexpr std::u16string_view childNumber = u"MOVA_HISTORY_CHILD_NUMBER";
 
 void Use(ListScope scope)
@@ -124,56 +120,19 @@ TEST_F(LocalHistory, SignalsAreHeldNoLongerThanBefore)
     EnableSignals();
 }
 
-// Raised by one side, awaited by the other.
-class Signal {
-public:
-    explicit Signal(const CString& name) : event(CreateEventW(nullptr, TRUE, FALSE, name.w())) {}
-    void Raise() { SetEvent(event.Get()); }
-    void Lower() { ResetEvent(event.Get()); }
-    bool Await() { return WaitForSingleObject(event.Get(), 20000) == WAIT_OBJECT_0; }
-
-private:
-    OwnedHandle event;
-};
-
 class SharedHistory : public testing::Test {
 protected:
     void SetUp() override
     {
-        if (IsChild()) {
+        if (IsSecondProcess()) {
             IniClear(&aIniFile);
             InitializeLocalGlobalLists();
         } else {
             Use(ListScope::Global);
         }
-        CString serial;
-        if (!ReadEnvironment(childMark, serial))
-            serial = Format(u"%u", unsigned{GetCurrentProcessId()});
-        ready = std::make_unique<Signal>(CString(u"MovaHistoryReady") + serial);
     }
 
-    static bool IsChild() { return IsInEnvironment(childMark); }
-
-    // The same test in a second process; it finds IsChild() true.
-    static ChildProcess StartChild()
-    {
-        WriteEnvironment(childMark, Format(u"%u", unsigned{GetCurrentProcessId()}));
-        CString program;
-        program.SetLength(
-            GetModuleFileNameW(nullptr, reinterpret_cast<wchar_t*>(program.Edit(32768)), 32768));
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        const std::string name = std::string(test->test_suite_name()) + "." + test->name();
-        ProcessStart start;
-        start.program = program;
-        start.commandLine = Format(u"\"%s\" --gtest_filter=%s", program,
-                                   std::u16string_view(std::u16string(name.begin(), name.end())));
-        ChildProcess child;
-        EXPECT_EQ(child.Start(start), 0u);
-        RemoveEnvironment(childMark);
-        return child;
-    }
-
-    std::unique_ptr<Signal> ready;
+    Signal ready{u"MovaHistoryReady"};
 };
 
 // Twenty shells add to one history; every fifth of them is killed while it holds the lock.
@@ -183,7 +142,7 @@ TEST_F(SharedHistory, ManyProcessesLoseNothingThoughSomeAreKilled)
     constexpr int rounds = 25;
     const auto dies = [](int child) { return child % 5 == 0; };
     CString number;
-    if (IsChild()) {
+    if (IsSecondProcess()) {
         ReadEnvironment(childNumber, number);
         ULONGLONG longest = 0;
         for (int i = 0; i < rounds; ++i) {
@@ -194,7 +153,7 @@ TEST_F(SharedHistory, ManyProcessesLoseNothingThoughSomeAreKilled)
         EXPECT_LT(longest, 1000u);
         if (dies(std::stoi(std::string(number.view().begin(), number.view().end())))) {
             const NamedLock::Guard guard = Lists().historyLock.Take();
-            ready->Raise();
+            ready.Raise();
             Sleep(20000);
         }
         return;
@@ -202,11 +161,11 @@ TEST_F(SharedHistory, ManyProcessesLoseNothingThoughSomeAreKilled)
     std::vector<ChildProcess> processes;
     for (int i = 0; i < children; ++i) {
         WriteEnvironment(childNumber, Format(u"%d", i));
-        processes.push_back(StartChild());
+        processes.push_back(StartSecondProcess());
         if (!dies(i))
             continue;
-        ASSERT_TRUE(ready->Await());
-        ready->Lower();
+        ASSERT_TRUE(ready.Await());
+        ready.Lower();
         ASSERT_TRUE(processes.back().Terminate(1));
     }
     RemoveEnvironment(childNumber);
@@ -231,7 +190,7 @@ TEST_F(SharedHistory, ManyProcessesLoseNothingThoughSomeAreKilled)
 
 TEST_F(SharedHistory, OutlivesAWriterThatDiesWithTheLock)
 {
-    if (IsChild()) {
+    if (IsSecondProcess()) {
         HistoryLines({}); // makes the lock
         const NamedLock::Guard guard = Lists().historyLock.Take();
         const ListBlock block = QueryListBlock(ListKind::History, ListScope::Global);
@@ -240,13 +199,13 @@ TEST_F(SharedHistory, OutlivesAWriterThatDiesWithTheLock)
         change.Step();
         change.Step();
         std::fill_n(block.units + end, 5, u'x'); // the line without its end
-        ready->Raise();
+        ready.Raise();
         Sleep(20000);
         return;
     }
     Add(u"one");
-    ChildProcess child = StartChild();
-    ASSERT_TRUE(ready->Await());
+    ChildProcess child = StartSecondProcess();
+    ASSERT_TRUE(ready.Await());
     ASSERT_TRUE(child.Terminate(1));
     ASSERT_TRUE(child.Wait([] {}));
     const ULONGLONG start = GetTickCount64();

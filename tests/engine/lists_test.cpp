@@ -16,35 +16,10 @@
 #include "engine/state.h"
 #include "expand/list_blocks.h"
 #include "expand/lists.h"
-#include "platform/environment.h"
-#include "platform/process.h"
+#include "tests/engine/second_process.h"
 #include "text/encoding.h"
-#include "text/format.h"
 
 namespace {
-
-constexpr std::u16string_view childMark = u"MOVA_LISTS_CHILD";
-
-CString ProgramName()
-{
-    CString name;
-    name.SetLength(GetModuleFileNameW(nullptr, reinterpret_cast<wchar_t*>(name.Edit(32768)), 32768));
-    return name;
-}
-
-// Raised by one side, awaited by the other.
-class Signal {
-public:
-    explicit Signal(std::u16string_view name)
-        : event(CreateEventW(nullptr, TRUE, FALSE, Format(u"%s", CString(name)).w()))
-    {}
-    void Raise() { SetEvent(event.Get()); }
-    bool Await() { return WaitForSingleObject(event.Get(), 20000) == WAIT_OBJECT_0; }
-    bool IsRaised() { return WaitForSingleObject(event.Get(), 0) == WAIT_OBJECT_0; }
-
-private:
-    OwnedHandle event;
-};
 
 class SharedLists : public testing::Test {
 protected:
@@ -52,36 +27,16 @@ protected:
     {
         IniClear(&aIniFile);
         InitializeLocalGlobalLists();
-        ready = std::make_unique<Signal>(u"MovaListsReady" + Serial());
-        stop = std::make_unique<Signal>(u"MovaListsStop" + Serial());
     }
     void TearDown() override
     {
-        if (IsChild())
+        if (IsSecondProcess())
             return;
         for (const CString& entry : ListEntries(VariableStore::GlobalAliases))
             if (entry.view().starts_with(u"mvt_"))
                 Define(CString(EntryName(entry)) + u"=");
         aIniFile.LocalAliases = 0;
         InitializeLocalGlobalLists();
-    }
-
-    static bool IsChild() { return IsInEnvironment(childMark); }
-
-    // The same test in a second process; it finds IsChild() true.
-    ChildProcess StartChild()
-    {
-        WriteEnvironment(childMark, Serial());
-        ProcessStart start;
-        start.program = ProgramName();
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        start.commandLine = Format(u"\"%s\" --gtest_filter=%s.%s", start.program,
-                                   Wide(test->test_suite_name()), Wide(test->name()));
-        ChildProcess child;
-        const unsigned failed = child.Start(start);
-        RemoveEnvironment(childMark);
-        EXPECT_EQ(failed, 0u);
-        return child;
     }
 
     static int Define(const CString& text, VariableStore store = VariableStore::GlobalAliases)
@@ -95,30 +50,19 @@ protected:
         return GetAlias(name, value) ? std::u16string(value.view()) : u"(none)";
     }
 
-    std::unique_ptr<Signal> ready;
-    std::unique_ptr<Signal> stop;
-
-private:
-    static CString Wide(const char* text) { return CString(std::u16string(text, text + strlen(text))); }
-    // The parent's process id: it keeps the signals of test runs apart.
-    static std::u16string Serial()
-    {
-        CString serial;
-        if (!ReadEnvironment(childMark, serial))
-            serial = Format(u"%u", unsigned{GetCurrentProcessId()});
-        return std::u16string(serial.view());
-    }
+    Signal ready{u"MovaListsReady"};
+    Signal stop{u"MovaListsStop"};
 };
 
 TEST_F(SharedLists, AreSeenByOtherProcesses)
 {
-    if (IsChild()) {
+    if (IsSecondProcess()) {
         EXPECT_EQ(Alias(u"mvt_parent"), u"from the parent");
         EXPECT_EQ(Define(u"mvt_child=from the child"), 0);
         return;
     }
     ASSERT_EQ(Define(u"mvt_parent=from the parent"), 0);
-    ChildProcess child = StartChild();
+    ChildProcess child = StartSecondProcess();
     ASSERT_TRUE(child.Wait([] {}));
     EXPECT_EQ(child.ExitCode(), 0u);
     EXPECT_EQ(Alias(u"mvt_child"), u"from the child");
@@ -135,7 +79,7 @@ TEST_F(SharedLists, WritersLoseNothingWhileOthersAreEnded)
     constexpr std::u16string_view roleName = u"MOVA_LISTS_ROLE", roundsName = u"MOVA_LISTS_ROUNDS";
     CString text;
     const int rounds = ReadEnvironment(roundsName, text) ? std::stoi(ToUtf8(text)) : 100;
-    if (IsChild()) {
+    if (IsSecondProcess()) {
         ASSERT_TRUE(ReadEnvironment(roleName, text));
         const bool isVictim = text == u"victim";
         for (int round = 0; isVictim || round < rounds; ++round)
@@ -144,7 +88,7 @@ TEST_F(SharedLists, WritersLoseNothingWhileOthersAreEnded)
     }
     const auto start = [this](const CString& role) {
         WriteEnvironment(roleName, role);
-        return StartChild();
+        return StartSecondProcess();
     };
     std::vector<ChildProcess> children;
     for (int writer = 0; writer < writers; ++writer)
@@ -177,17 +121,17 @@ TEST_F(SharedLists, WritersLoseNothingWhileOthersAreEnded)
 TEST_F(SharedLists, ReadersSeeWholeEntries)
 {
     const std::u16string steady(300, u's');
-    if (IsChild()) {
-        ready->Raise();
-        while (!stop->IsRaised())
+    if (IsSecondProcess()) {
+        ready.Raise();
+        while (!stop.IsRaised())
             for (const std::size_t length : {1, 700, 30})
                 Define(CString(u"mvt_first=") + std::u16string(length, u'x'));
         return;
     }
     ASSERT_EQ(Define(u"mvt_first=x"), 0);
     ASSERT_EQ(Define(CString(u"mvt_steady=") + steady), 0);
-    ChildProcess child = StartChild();
-    ASSERT_TRUE(ready->Await());
+    ChildProcess child = StartSecondProcess();
+    ASSERT_TRUE(ready.Await());
     std::set<std::size_t> seen;
     for (int i = 0; i < 40000; ++i) {
         ASSERT_EQ(Alias(u"mvt_steady"), steady);
@@ -195,21 +139,21 @@ TEST_F(SharedLists, ReadersSeeWholeEntries)
         ASSERT_EQ(first, std::u16string(first.size(), u'x'));
         seen.insert(first.size());
     }
-    stop->Raise();
+    stop.Raise();
     ASSERT_TRUE(child.Wait([] {}));
     EXPECT_GT(seen.size(), 1u) << "the other process did not change anything";
 }
 
 TEST_F(SharedLists, LockOfADeadHolderIsTakenOver)
 {
-    if (IsChild()) {
+    if (IsSecondProcess()) {
         const NamedLock::Guard guard = Lists().lock.Take();
-        ready->Raise();
-        stop->Await();
+        ready.Raise();
+        stop.Await();
         return;
     }
-    ChildProcess child = StartChild();
-    ASSERT_TRUE(ready->Await());
+    ChildProcess child = StartSecondProcess();
+    ASSERT_TRUE(ready.Await());
     ASSERT_TRUE(child.Terminate(1));
     ASSERT_TRUE(child.Wait([] {}));
     const ULONGLONG start = GetTickCount64();
@@ -222,15 +166,15 @@ TEST_F(SharedLists, LockOfADeadHolderIsTakenOver)
 // The holder dies between getting the semaphore and writing down that it has it.
 TEST_F(SharedLists, LockOfANamelessHolderIsTakenOver)
 {
-    if (IsChild()) {
+    if (IsSecondProcess()) {
         const OwnedHandle semaphore(OpenSemaphoreW(SYNCHRONIZE, FALSE, L"MVListSemaphore"));
         EXPECT_EQ(WaitForSingleObject(semaphore.Get(), 10000), WAIT_OBJECT_0);
-        ready->Raise();
-        stop->Await();
+        ready.Raise();
+        stop.Await();
         return;
     }
-    ChildProcess child = StartChild();
-    ASSERT_TRUE(ready->Await());
+    ChildProcess child = StartSecondProcess();
+    ASSERT_TRUE(ready.Await());
     ASSERT_TRUE(child.Terminate(1));
     const ULONGLONG start = GetTickCount64();
     EXPECT_EQ(Define(u"mvt_after=x"), 0);
@@ -265,7 +209,7 @@ TEST_F(SharedLists, LockIsReleasedWhenItsHolderThrows)
 
 TEST_F(SharedLists, TornListIsRepaired)
 {
-    if (IsChild()) {
+    if (IsSecondProcess()) {
         const NamedLock::Guard guard = Lists().lock.Take();
         const ListBlock block = QueryListBlock(ListKind::Aliases, ListScope::Global);
         const std::size_t at = FindListEntry(block.View(), u"mvt_b", NameMatch::WholeName);
@@ -276,7 +220,7 @@ TEST_F(SharedLists, TornListIsRepaired)
     }
     for (const char16_t* text : {u"mvt_a=first", u"mvt_b=22", u"mvt_c=third", u"mvt_d=fourth"})
         ASSERT_EQ(Define(text), 0);
-    ChildProcess child = StartChild();
+    ChildProcess child = StartSecondProcess();
     ASSERT_TRUE(child.Wait([] {}));
     ASSERT_EQ(child.ExitCode(), 7u);
     ASSERT_TRUE(IsListChanging(QueryListBlock(ListKind::Aliases, ListScope::Global)));

@@ -4,6 +4,7 @@
 #include <objbase.h>
 #include <windows.h>
 
+#include "core/pseudo_devices.h"
 #include "platform/com.h"
 #include "platform/file_facts.h"
 #include "platform/handle.h"
@@ -28,12 +29,7 @@ unsigned StartHelper(ChildProcess& child, std::u16string_view name, std::u16stri
     return child.Start(start);
 }
 
-CString TemporaryName(std::u16string_view name)
-{
-    CString folder;
-    folder.SetLength(GetTempPathW(MAX_PATH, reinterpret_cast<wchar_t*>(folder.Edit(MAX_PATH))));
-    return JoinPath(folder, name);
-}
+CString TemporaryName(std::u16string_view name) { return JoinPath(TemporaryFolder(), name); }
 
 TEST(ChildProcess, ExitCodesHave32Bits)
 {

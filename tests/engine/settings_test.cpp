@@ -7,24 +7,12 @@
 #include "config/ini_file.h"
 #include "config/setting_values.h"
 #include "config/settings_area.h"
+#include "core/pseudo_devices.h"
 #include "engine/state.h"
-#include "platform/environment.h"
-#include "platform/process.h"
 #include "platform/shared_section.h"
-#include "text/encoding.h"
-#include "text/format.h"
+#include "tests/engine/second_process.h"
 
 namespace {
-
-constexpr std::u16string_view childMark = u"MOVA_SETTINGS_CHILD";
-
-CString ProgramName()
-{
-    CString name;
-    const DWORD length = GetModuleFileNameW(nullptr, reinterpret_cast<wchar_t*>(name.Edit(32768)), 32768);
-    name.SetLength(length);
-    return name;
-}
 
 std::u16string Value(std::u16string_view name)
 {
@@ -36,7 +24,7 @@ class Settings : public testing::Test {
 protected:
     void SetUp() override
     {
-        aTexts.executable = ProgramName();
+        aTexts.executable = ModuleFileName(nullptr);
         Tls().pipeChild = false;
         InitializeIniFile();
     }
@@ -50,10 +38,8 @@ protected:
 
     CString WriteFile(std::string_view bytes)
     {
-        CString folder;
-        folder.SetLength(GetTempPathW(MAX_PATH, reinterpret_cast<wchar_t*>(folder.Edit(MAX_PATH + 1))));
-        const CString name =
-            Format(u"%smova_%u_%u.ini", folder, unsigned{GetCurrentProcessId()}, unsigned(files.size()));
+        const CString name = Format(u"%smova_%u_%u.ini", TemporaryFolder(), unsigned{GetCurrentProcessId()},
+                                    unsigned(files.size()));
         const OwnedHandle file(
             CreateFileW(name.w(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         DWORD written = 0;
@@ -106,8 +92,7 @@ TEST_F(Settings, PublishedForChildren)
 
 TEST_F(Settings, ChildOfAPipeInherits)
 {
-    CString text;
-    if (ReadEnvironment(childMark, text)) { // this is the child
+    if (IsSecondProcess()) {
         Tls().pipeChild = true;
         InitializeIniFile();
         EXPECT_EQ(Value(u"HistDups"), u"First");
@@ -123,14 +108,7 @@ TEST_F(Settings, ChildOfAPipeInherits)
     SetSettingString(aDirectives[static_cast<std::size_t>(FindDirective(u"Editor"))], aIniFile,
                      u"handed down");
     SaveIniData();
-    WriteEnvironment(childMark, u"1");
-    ProcessStart start;
-    start.program = ProgramName();
-    start.commandLine = Format(u"\"%s\" --gtest_filter=Settings.ChildOfAPipeInherits", start.program);
-    ChildProcess child;
-    const unsigned failed = child.Start(start);
-    RemoveEnvironment(childMark);
-    ASSERT_EQ(failed, 0u);
+    ChildProcess child = StartSecondProcess();
     ASSERT_TRUE(child.Wait([] {}));
     EXPECT_EQ(child.ExitCode(), 0u);
 }

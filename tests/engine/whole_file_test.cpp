@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "core/pseudo_devices.h"
 #include "platform/handle.h"
 #include "platform/whole_file.h"
 #include "text/path_names.h"
@@ -13,9 +14,7 @@ class WholeFile : public testing::Test {
 protected:
     void SetUp() override
     {
-        CString folder;
-        folder.SetLength(GetTempPathW(300, reinterpret_cast<wchar_t*>(folder.Edit(300))));
-        directory = JoinPath(folder, u"whole_file_test");
+        directory = JoinPath(TemporaryFolder(), u"whole_file_test");
         CreateDirectoryW(directory.w(), nullptr);
         name = JoinPath(directory, u"some.ini");
         ASSERT_TRUE(ReplaceWholeFile(name, "old")); // a file that is not there yet
