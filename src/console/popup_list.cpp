@@ -155,16 +155,20 @@ private:
         open = true;
     }
 
-    // What is typed there stays in view if there is room below or above it.
+    // What is typed there stays in view if there is room below or above it, for some lines at least.
     void KeepOffCursor(const ScreenExtent& extent)
     {
+        constexpr int leastLines = 4;
         const int row = cursorBefore.row;
         if (row < area.top || row >= area.top + area.rows)
             return;
-        if (row + 1 + area.rows <= extent.top + extent.windowRows)
-            area.top = row + 1;
-        else if (row - area.rows >= extent.top)
-            area.top = row - area.rows;
+        const int above = row - extent.top;
+        const int below = extent.top + extent.windowRows - (row + 1);
+        if (std::max(above, below) < std::min(area.rows, leastLines + frameRows))
+            return;
+        const bool goesBelow = below >= area.rows || below > above;
+        area.rows = std::min(area.rows, goesBelow ? below : above);
+        area.top = goesBelow ? row + 1 : row - area.rows;
     }
 
     void Close()

@@ -74,11 +74,13 @@ TEST(PopupList, ShowsItsLinesAndPutsTheScreenBack)
     EXPECT_EQ(console.cursor, (ScreenPlace{3, 4}));
     EXPECT_EQ(console.cursorHeight, 15);
     // Where there is room it keeps off the row of the cursor.
-    for (const int row : {2, 5}) {
+    for (const int row : {2, 5, 6}) {
         FakeConsole typed(40, 8);
         typed.WriteRun({row, 0}, u"type a file of fruit", 7);
         typed.onWait = [&] { EXPECT_EQ(typed.Row(row), u"type a file of fruit"); };
-        RunPopupList(typed, Fruit());
+        PopupRequest request = Fruit();
+        request.place.rows = row == 6 ? 7 : request.place.rows; // it gets lower for that
+        RunPopupList(typed, request);
     }
 }
 
