@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -17,6 +18,7 @@
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
+#include "files/description_changes.h"
 #include "files/duplicates.h"
 #include "files/file_comparison.h"
 #include "lang/file_messages.h"
@@ -143,6 +145,7 @@ private:
     void PutKeptFirst(std::vector<DuplicateFile>& group) const;
     void CountRemoved(const DuplicateFile& duplicate);
     void List(const std::vector<DuplicateFile>& group);
+    void DropDescription(const CString& gone);
     void Remove(const DuplicateFile& kept, const DuplicateFile& duplicate);
     unsigned Change(const DuplicateFile& kept, const DuplicateFile& duplicate) const;
     // 0 when the two are still what they were and equal, else an error's code.
@@ -157,6 +160,8 @@ private:
     std::vector<DuplicateFile> files;
     std::unordered_set<CString, NoCaseHash, NoCaseEqual> known;                 // their full names
     std::map<std::pair<std::uint64_t, std::uint64_t>, std::uint32_t> namesGone; // by volume and file
+    CString describedDirectory;
+    std::optional<DescriptionChanges> descriptions; // of that directory
     std::size_t groups = 0;
     std::uint64_t duplicates = 0;
     std::uint64_t bytes = 0;
@@ -252,8 +257,21 @@ void Deduping::Remove(const DuplicateFile& kept, const DuplicateFile& duplicate)
     }
     CountRemoved(duplicate);
     work.Did(links ? message::dedupeLinked : message::dedupeDeleted, duplicate.shown, kept.shown);
-    if (!work.Pretends())
-        NotifyOfChange(links ? FolderChange::FileUpdated : FolderChange::FileDeleted, duplicate.full);
+    if (work.Pretends())
+        return;
+    NotifyOfChange(links ? FolderChange::FileUpdated : FolderChange::FileDeleted, duplicate.full);
+    if (!links)
+        DropDescription(duplicate.full);
+}
+
+void Deduping::DropDescription(const CString& gone)
+{
+    const std::u16string_view directory = DirectoryPart(gone);
+    if (!descriptions || describedDirectory != directory) {
+        describedDirectory = directory;
+        descriptions.emplace(directory);
+    }
+    descriptions->Remove(FileNamePart(gone));
 }
 
 void Deduping::Treat(std::vector<DuplicateFile>& group)

@@ -221,5 +221,9 @@ int Describe_Command(CString& arguments)
         }
     };
     work.work.Do(all, message::filesDescribed);
-    return work.work.Finish(message::filesDescribed);
+    const int code = work.work.Finish(message::filesDescribed);
+    // Else a list of nothing would fail without a word.
+    if (lists && !quiet && code != 0 && work.work.Errors() == 0)
+        PrintError(LoadMessage(message::filesDescribed) + u"\r\n");
+    return code;
 }

@@ -41,10 +41,11 @@ const CommandHelp differHelp = {
     u"/W  blanks do not count, but for whether there are any\n"
     u"/Z  files are the same when their sizes are\n"
     u"Directories are compared by the names in them, the left one may end in a pattern; files in them by "
-    u"their bytes unless /T or /Z is given. Texts are compared line by line, in whatever encodings they "
-    u"are: \"-\" marks a line of the left file, \"+\" one of the right. A file and a directory: the file of "
-    u"that name in the directory is meant. The result is 0 for no differences, 1 for some, and 2 when "
-    u"something could not be compared.",
+    u"their bytes unless /T or /Z is given. What ranges and /A choose on one side is compared with what has "
+    u"its name on the other. Without /S directories count only where the other side has a file of that name. "
+    u"Texts are compared line by line, in whatever encodings they are: \"-\" marks a line of the left file, "
+    u"\"+\" one of the right. A file and a directory: the file of that name in the directory is meant. The "
+    u"result is 0 for no differences, 1 for some, and 2 when something could not be compared.",
     u"differ old.ini new.ini\n"
     u"differ /s c:\\work d:\\backup\n"
     u"differ /s /t /d:lr work\\*.c backup\n"
@@ -127,6 +128,8 @@ private:
     using Side = std::optional<EntryFacts> Entry::*;
 
     void Collect(const CString& root, std::u16string_view pattern, Side side);
+    // What has the name there, though the selection passes over it; nothing for nothing.
+    static std::optional<EntryFacts> Passed(const CString& root, const CString& name);
     // Nothing for two that could not be compared, which is reported.
     std::optional<bool> IsSame(const CString& name, const Entry& entry);
     void Show(char16_t letter, unsigned line, const CString& name);
@@ -158,6 +161,18 @@ void DirectoryDiffering::Collect(const CString& root, std::u16string_view patter
     for (bool found = FindFiles(search, name); found; found = FindFiles(search))
         entries[search.name.Substr(root.size())].*side = search.file.facts;
     ForEachFailure(search, [this](unsigned code, const CString& failure) { Failed(code, failure); });
+}
+
+std::optional<EntryFacts> DirectoryDiffering::Passed(const CString& root, const CString& name)
+{
+    const auto facts = ReadFileFacts(PathOfEntry(root + DirectoryPart(name), FileNamePart(name)));
+    if (!facts)
+        return std::nullopt;
+    EntryFacts entry;
+    entry.attributes = facts->attributes;
+    entry.size = facts->size;
+    entry.written = FileTimeNumber(facts->written);
+    return entry;
 }
 
 std::optional<bool> DirectoryDiffering::IsSame(const CString& name, const Entry& entry)
@@ -214,7 +229,11 @@ int DirectoryDiffering::Run(const CString& left, std::u16string_view pattern, co
     roots[1] = JoinPath(FullPathName(right), u"");
     Collect(roots[0], pattern, &Entry::left);
     Collect(roots[1], pattern, &Entry::right);
-    for (const auto& [name, entry] : entries) {
+    for (auto& [name, entry] : entries) {
+        if (!entry.left)
+            entry.left = Passed(roots[0], name);
+        if (!entry.right)
+            entry.right = Passed(roots[1], name);
         const bool directory = (entry.left ? entry.left : entry.right)->IsDirectory();
         const CString shown = directory ? name + u"\\" : name;
         if (!entry.right)

@@ -69,5 +69,5 @@ int MakeDirectory_Command(CString& arguments)
     }
     if ((flags & 1) != 0 && !last.empty() && !MakeCurrent(last))
         work.Failed(0, last);
-    return work.Finish(0);
+    return work.Finish(options.totalsOnly ? message::directoriesMade : 0);
 }

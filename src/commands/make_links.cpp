@@ -211,7 +211,7 @@ int Mklink_Command(CString& arguments)
         else
             work.Did(CreatedText(kind), link, target);
     }
-    return work.Finish(0);
+    return work.Finish(options.totalsOnly ? message::linksMade : 0);
 }
 
 int Mklnk_Command(CString& arguments)

@@ -153,6 +153,7 @@ int RemoveDirectory_Command(CString& arguments)
         for (const CString& argument : names)
             removal.RemoveAll(search, argument, picks);
     };
-    removal.work.Do(all, 0);
-    return removal.work.Finish(0);
+    const unsigned totals = options.totalsOnly ? message::directoriesRemoved : 0;
+    removal.work.Do(all, totals);
+    return removal.work.Finish(totals);
 }

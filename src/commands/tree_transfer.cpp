@@ -1,5 +1,6 @@
 #include "commands/tree_transfer.h"
 
+#include <algorithm>
 #include <vector>
 
 #include <windows.h>
@@ -93,6 +94,9 @@ private:
 
     void TakeDirectory(const WalkedDirectory& directory)
     {
+        if (std::any_of(blocked.begin(), blocked.end(),
+                        [&](const CString& one) { return BeginsNoCase(directory.name, one); }))
+            return;
         const CString below(directory.name.view().substr(source.directory.size()));
         TransferName to{target.directory + below, {}, {}};
         for (const FoundFile& file : directory.files) {
@@ -122,6 +126,10 @@ private:
             return transfer.Failed(errors::reservedTarget, to.shown);
         if (!QueryIsDirectory(from.Full()))
             return transfer.Failed(ERROR_PATH_NOT_FOUND, from.shown); // removed meanwhile
+        if (QueryIsFile(to.Full())) {
+            blocked.push_back(from.Full() + u"\\");
+            return transfer.Failed(errors::targetIsFile, to.shown);
+        }
         const bool isNew = !QueryIsDirectory(to.Full());
         if (!transfer.MakeDirectoryFor(made, to.shown))
             return;
@@ -202,6 +210,7 @@ private:
     const TransferName& source;
     const TransferName& target;
     CString realTarget;
+    std::vector<CString> blocked; // directories of the source whose place a file has
     std::vector<Passed> passed;
 };
 

@@ -181,4 +181,10 @@ constexpr unsigned differSame = 4005;
 constexpr unsigned filesDiffer = 4006;
 constexpr unsigned noSearchService = 4010;
 constexpr unsigned noIndexer = 4012;
+constexpr unsigned directoriesMade = 4290;
+constexpr unsigned oneDirectoryMade = 4291;
+constexpr unsigned manyDirectoriesMade = 4292;
+constexpr unsigned directoriesRemoved = 4293;
+constexpr unsigned oneDirectoryRemoved = 4294;
+constexpr unsigned manyDirectoriesRemoved = 4295;
 } // namespace message
