@@ -155,16 +155,15 @@ private:
         open = true;
     }
 
-    // What is typed there stays in view if there is room below or above it, for some lines at least.
+    // What is typed there stays in view if there is room for most of the window below or above it.
     void KeepOffCursor(const ScreenExtent& extent)
     {
-        constexpr int leastLines = 4;
         const int row = cursorBefore.row;
         if (row < area.top || row >= area.top + area.rows)
             return;
         const int above = row - extent.top;
         const int below = extent.top + extent.windowRows - (row + 1);
-        if (std::max(above, below) < std::min(area.rows, leastLines + frameRows))
+        if (3 * std::max(above, below) < 2 * area.rows)
             return;
         const bool goesBelow = below >= area.rows || below > above;
         area.rows = std::min(area.rows, goesBelow ? below : above);
