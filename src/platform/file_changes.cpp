@@ -78,7 +78,8 @@ unsigned MakeDirectoryWithParents(std::u16string_view name, void (*made)(std::u1
     if (failed != ERROR_PATH_NOT_FOUND)
         return failed;
     const std::u16string_view parent = WithoutEndSeparators(DirectoryPart(name));
-    if (parent.empty() || parent.ends_with(u':'))
+    // A drive or a share that is not there has no parent that could be made.
+    if (parent.empty() || parent.ends_with(u':') || parent.size() >= name.size())
         return failed;
     const unsigned above = MakeDirectoryWithParents(parent, made);
     // Somebody else may have made it in the meantime.
