@@ -21,11 +21,25 @@ void LinePainter::Begin()
     extent = console.Extent();
     plain = console.Attributes();
     origin = console.Cursor();
+    LeaveFullRow();
     firstRow = 0;
     shownCursorRow = brokenRows = 0;
     shownCursorColumn = origin.column;
     prompt.clear();
     shown.assign(1, PictureRow(static_cast<std::size_t>(origin.column), PictureCell()));
+}
+
+// Where sequences are obeyed the cursor stands on the last character of a prompt that fills its row, and
+// would go on to the next one only with what is written there.
+void LinePainter::LeaveFullRow()
+{
+    if (origin.column == 0 || origin.column != extent.columns - 1)
+        return;
+    const std::vector<ScreenCell> last = console.ReadCells({origin.row, origin.column, 1, 1});
+    if (last.empty() || last[0].unit == u' ')
+        return;
+    origin = {origin.row + 1 - console.MakeRoom(origin.row + 1), 0};
+    console.PlaceCursor(origin);
 }
 
 void LinePainter::ClearRow()

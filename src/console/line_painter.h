@@ -28,6 +28,7 @@ public:
     bool TakeNewSize();
 
 private:
+    void LeaveFullRow();
     void KeepPrompt();
     bool IsTextBrokenFrom(int row, int cursorColumn) const;
     void PaintRow(int row, const PictureRow& wanted);

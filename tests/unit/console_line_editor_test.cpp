@@ -113,6 +113,16 @@ TEST_F(Editing, KeysMakeLines)
     }
 }
 
+TEST_F(Editing, APromptThatFillsItsRowStays)
+{
+    console.WriteRun({5, 0}, CString(40, u'p'), 7);
+    EditorRequest request;
+    request.clearsRow = false;
+    EXPECT_EQ(Edit(u"typed<Enter>", request).line, u"typed");
+    EXPECT_EQ(console.Row(3), CString(40, u'p'));
+    EXPECT_EQ(console.Row(4), u"typed");
+}
+
 TEST_F(Editing, HistorySettingsAndChanges)
 {
     world.history = {u"one", u"two", u"One"};
