@@ -469,8 +469,27 @@ private:
         if (searching)
             return FindUpwards(bar + 1);
         Filter(wanted);
+        if (request.names && !filter.empty())
+            GoToName();
         if (shown.empty())
             console.Beep();
+    }
+
+    // Of names the one that has been typed is meant, or else most likely the first that begins so.
+    void GoToName()
+    {
+        std::optional<std::size_t> begins;
+        for (std::size_t i = 0; i < shown.size(); ++i) {
+            const CString& line = request.lines[shown[i]];
+            if (!BeginsNoCase(line, filter))
+                continue;
+            if (!begins || line.size() == filter.size())
+                begins = i;
+        }
+        if (begins) {
+            bar = *begins;
+            KeepBarVisible();
+        }
     }
 
     // What a filter has found is seen among its neighbours; once more, and the bar goes to the next one.

@@ -42,6 +42,7 @@ struct PopupRequest {
     std::vector<CString> places; // looked through for what is typed, too; none, or one for each
     std::size_t chosen = 0;      // where the bar stands at first
     CString filter;              // as if it had been typed; left out when it fits no line
+    bool names = false;          // the bar goes to a line that begins with what is typed
     unsigned keys = key_category::popup | key_category::consolePopup;
     bool mayDelete = false;
     bool mayEdit = false;   // on the command line

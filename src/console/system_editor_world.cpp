@@ -179,6 +179,7 @@ std::optional<LinePick> SystemEditorWorld::Pick(EditorConsole& console, const Pi
     popup.notes = popup.places = request.notes;
     popup.chosen = request.start;
     popup.filter = request.filter;
+    popup.names = request.from == PickFrom::Candidates;
     popup.mayDelete = popup.mayEdit = popup.mayChange = request.from != PickFrom::Candidates;
     PopupResult picked = RunPopupList(console, std::move(popup));
     LinePick pick;

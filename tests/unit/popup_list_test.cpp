@@ -49,6 +49,12 @@ TEST(PopupList, ShowsItsLinesAndPutsTheScreenBack)
     EXPECT_EQ(Screen({u"G", u"R", u"Space", u"P", u"L"}),
               u"  ┌ Fruit ───────────────┐\n  │green plum            │\n  │                      │\n"
               u"  │                      │\n  └ gr pl ────────── 1/1 ┘\n");
+    PopupRequest names = Fruit();
+    names.names = true;
+    names.chosen = 4;
+    EXPECT_EQ(Screen({u"G"}, names),
+              u"  ┌ Fruit ───────────────┐\n  │green pear            │\n  │green plum            │\n"
+              u"  │grape·red             │\n  └ g ────────────── 1/4 ┘\n");
     PopupRequest notes = Fruit();
     notes.notes = {u"red", u"", u"sweet", u"", u""};
     EXPECT_EQ(Screen({}, notes), u"  ┌ Fruit ───────────────┐\n  │apple       red       │\n"
