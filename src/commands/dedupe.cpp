@@ -9,6 +9,7 @@
 
 #include <windows.h>
 
+#include "commands/extra_files.h"
 #include "commands/file_texts.h"
 #include "commands/file_work.h"
 #include "commands/search_switches.h"
@@ -171,7 +172,7 @@ void Deduping::Collect(const CString& argument)
 {
     FILESEARCH& search = options.search;
     const bool any = work.ForEachFile(search, argument, [&] {
-        if (search.file.facts.size == 0 && !options.emptyFiles)
+        if ((search.file.facts.size == 0 && !options.emptyFiles) || IsPassedOver(search.file.name))
             return;
         // A link's own name is not the file's.
         if ((search.file.facts.attributes & file_attribute::reparsePoint) != 0)

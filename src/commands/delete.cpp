@@ -11,10 +11,12 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/description_changes.h"
+#include "files/descriptions.h"
 #include "lang/file_messages.h"
 #include "platform/file_changes.h"
 #include "platform/file_details.h"
 #include "platform/file_facts.h"
+#include "text/compare.h"
 #include "text/numbers.h"
 #include "text/path_names.h"
 #include "text/words.h"
@@ -64,8 +66,9 @@ public:
         if (!IsEverythingWanted(argument))
             return;
         std::vector<Emptied> below;
+        const bool named = EqualNoCase(FileNamePart(WithoutQuotes(argument)), DescriptionFileName());
         work.ForEachDirectory(search, argument, [&](const SearchedDirectory& directory) {
-            DeleteIn(directory);
+            DeleteIn(directory, named || directory.literal || !aIniFile.Descriptions);
             if (directory.found.depth > 0)
                 below.push_back({directory.found.name, directory.shown});
         });
@@ -99,13 +102,33 @@ private:
         return QueryInputChar(message::askDeleteAll, shown, u"YN", u'N') == u'Y';
     }
 
-    void DeleteIn(const SearchedDirectory& directory)
+    // Unless its name was given, a description file goes only when it describes nothing that stays.
+    void DeleteIn(const SearchedDirectory& directory, bool withDescriptions)
     {
         DescriptionChanges descriptions(directory.found.name);
-        for (const FoundFile& file : directory.found.files)
-            DeleteFile(directory, file, descriptions);
+        const FoundFile* last = nullptr;
+        for (const FoundFile& file : directory.found.files) {
+            if (!withDescriptions && EqualNoCase(file.name, DescriptionFileName()))
+                last = &file;
+            else
+                DeleteFile(directory, file, descriptions);
+        }
         if (const unsigned failed = descriptions.Write())
             work.Failed(failed, directory.found.name);
+        if (last && ReadFileAttributes(PathOfEntry(directory.found.name, last->name)) &&
+            !DescribesAnything(directory.found.name))
+            DeleteFile(directory, *last, descriptions);
+    }
+
+    static bool DescribesAnything(const CString& directory)
+    {
+        const DescriptionList list = ReadDescriptions(directory);
+        FILESEARCH rest;
+        rest.attributes = AttributeMasks::Everything();
+        for (bool found = FindFiles(rest, AddQuotes(directory + u"*")); found; found = FindFiles(rest))
+            if (!list.Find(rest.file.name).empty())
+                return true;
+        return false;
     }
 
     void DeleteFile(const SearchedDirectory& directory, const FoundFile& file,

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "commands/extra_files.h"
 #include "commands/file_work.h"
 #include "core/command_switches.h"
 #include "engine/results.h"
@@ -54,7 +55,8 @@ private:
     {
         DescriptionChanges descriptions(directory.found.name);
         for (const FoundFile& file : directory.found.files)
-            Rename(directory, file, descriptions);
+            if (directory.literal || !IsPassedOver(file.name))
+                Rename(directory, file, descriptions);
         if (const unsigned failed = descriptions.Write())
             work.Failed(failed, directory.found.name);
     }

@@ -10,6 +10,7 @@ import random
 import shutil
 import subprocess
 import sys
+import time
 from pathlib import Path
 
 import model
@@ -21,10 +22,11 @@ sys.path[:0] = [str(ROOT / "tests/runner")]
 from machine import Machine  # noqa: E402
 
 NAMES = ["a.txt", "ab.txt", "b.c", "bb.c", "c", "d.e.f", "Long Name.txt", "x&y.txt", "100%.c", "a^b.txt", "z(1).c",
-         "it's.txt", "semi;x.c", "\u00fcn\u00ef.txt", "n#1.c", "{b}.txt", "=eq.c", "@at.txt", "-m.c", "!ex.txt"]
+         "it's.txt", "semi;x.c", "\u00fcn\u00ef.txt", "n#1.c", "{b}.txt", "=eq.c", "@at.txt", "-m.c", "!ex.txt", "s2"]
 FOLDERS = ["s1", "s2", "s 3", "sub.d"]
 PATTERNS = ["*", "*.txt", "*.c", "a*", "?b*", "*.*", "b*.c", "*1*", "z*"]
 NOTES = "DESCRIPT.ION"
+FIRST = 1_600_000_000  # the oldest time of a file
 MARK = "user.DOSATTRIB"  # where Wine keeps what the file system has no place for
 
 
@@ -38,8 +40,10 @@ def grow(dice, marks):
         tree.add_folder(folder)
     for _ in range(dice.randrange(1, 8)):
         name = f"{dice.choice(folders)}/{dice.choice(NAMES)}".lstrip("/")
+        if name in tree.folders:
+            continue
         contents = str(dice.randrange(10**6)) * dice.randrange(1, 4)
-        tree.files[name] = (contents, 1_600_000_000 + dice.randrange(5) * 1000, dice.choice([PLAIN] * 4 + marks))
+        tree.files[name] = (contents, FIRST + dice.randrange(5) * 1000, dice.choice([PLAIN] * 4 + marks))
         if HIDDEN in marks and dice.random() < 0.4:  # a description file is hidden
             tree.notes[name] = f"{dice.choice(['first', 'two words & %more', 'x' * 60])} {dice.randrange(99)}"
     return tree
@@ -54,10 +58,10 @@ def write(tree, root):
         with path.open("a", encoding="cp437", newline="\r\n") as notes:
             notes.write((f'"{last}"' if " " in last else last) + f" {text}\n")
         os.setxattr(path, MARK, b"0x2")
-    for name, (contents, time, mark) in tree.files.items():
+    for name, (contents, written, mark) in tree.files.items():
         path = root / name
         path.write_text(contents)
-        os.utime(path, (time, time))
+        os.utime(path, (written, written))
         if mark == HIDDEN:
             os.setxattr(path, MARK, b"0x2")
         if mark == READ_ONLY:
@@ -89,36 +93,63 @@ def read(root):
     return tree
 
 
-def choose(dice, first, second, names):
+def selection(dice):
+    """Ranges for some of the commands, and what they pick."""
+    kind, no = dice.choice(["", "", "", "d", "s", "!"]), dice.choice(["", "!"])
+    low, high = sorted(dice.sample(range(30), 2))
+    if kind == "d":
+        times = [FIRST + end % 6 * 1000 for end in (low, high)]
+        ends = [time.strftime("%Y-%m-%d@%H:%M:%S", time.localtime(end)) for end in times]
+        return f"/{no}[d{','.join(ends)}] ", lambda _, file: (min(times) <= file[1] <= max(times)) != bool(no)
+    if kind == "s":
+        return f"/{no}[s{low},{high}] ", lambda _, file: (low <= len(file[0]) <= high) != bool(no)
+    if kind == "!":
+        patterns = dice.sample(PATTERNS[1:], 2)
+        return f"/{no}[!{' '.join(patterns)}] ", lambda name, _: bool(no) == any(
+            model.matches(pattern, name) for pattern in patterns)
+    return "", model.everything
+
+
+def choose(dice, first, second, names, marks):
     """A command line, after whose switches nothing is said, and the trees changed as the model says."""
     def some(letters, *others):
         return "".join(letter for letter in letters if dice.random() < 0.35) + dice.choice(["", *others])
 
-    kind = dice.choice(["copy", "move", "del", "sync", "copydir", "movedir", "ren"])
-    pattern = dice.choice(PATTERNS)
+    kind = dice.choice(["copy", "move", "del", "sync", "copydir", "movedir", "ren", "touch", "attrib"])
+    pattern, (ranges, picks) = dice.choice(PATTERNS), selection(dice)
     one, two = names
     if kind in ("copy", "move"):
         switches = some("suhz", "o", "c")
-        model.transfer(first, second, pattern, switches, kind == "move")
+        model.transfer(first, second, pattern, switches, kind == "move", picks)
         operands = f"{one}\\{pattern} {two}\\"
     elif kind == "del":
         switches = some("szf")
-        model.delete(first, pattern, switches)
+        model.delete(first, pattern, switches, picks)
         operands = f"/y {one}\\{pattern}"
     elif kind == "sync":
         switches = some("wfz") if dice.random() < 0.7 else "2" + some("z")
         model.sync(first, second, switches)
-        operands = f"{one} {two}"
+        ranges, operands = "", f"{one} {two}"
     elif kind == "ren":
         extension = dice.choice(["bak", "txt", "c"])
         switches = ""
-        model.rename(first, pattern, extension)
+        model.rename(first, pattern, extension, picks)
         operands = f"{one}\\{pattern} *.{extension}"
+    elif kind == "touch":
+        switches, when = some("sf"), FIRST + dice.randrange(9) * 60
+        model.touch(first, pattern, switches, when, picks)
+        operands = time.strftime("/d%Y-%m-%d /t%H:%M:%S ", time.localtime(when)) + f"{one}\\{pattern}"
+    elif kind == "attrib":
+        change, new = dice.choice([("-r -h", PLAIN), ("+r -h", READ_ONLY), ("-r +h", HIDDEN)][: 1 + len(set(marks))])
+        switches = some("s")
+        model.mark(first, pattern, switches, new, picks)
+        operands = f"{change} {one}\\{pattern}"
     else:
+        ranges = ""
         switches = some("uz", "o", "c")
         model.transfer_folder(first, second, switches, kind == "movedir")
         operands = f"{one} {two}"
-    return f"{kind} /q " + "".join(f"/{letter} " for letter in switches) + operands
+    return f"{kind} /q " + "".join(f"/{letter} " for letter in switches) + ranges + operands
 
 
 class Scene:
@@ -147,7 +178,7 @@ class Scene:
             for tree, name in zip(trees, names):
                 write(tree, self.machine.path(name))
             before = copy.deepcopy(trees)
-            line = choose(self.dice, *trees, names)
+            line = choose(self.dice, *trees, names, self.marks)
             if self.dice.random() < 0.08:
                 line, trees = line.replace("/q", "/q /n", 1), before
             jobs.append((line, names, trees, before))

@@ -48,8 +48,12 @@ def matches(pattern, name):
     return re.fullmatch(expression, name.rpartition("/")[2], re.IGNORECASE) is not None
 
 
-def is_chosen(tree, name, pattern, switches):
-    return (not folder_of(name) or "s" in switches) and matches(pattern, name)
+def everything(_name, _file):
+    return True
+
+
+def is_chosen(tree, name, pattern, switches, picks):
+    return (not folder_of(name) or "s" in switches) and matches(pattern, name) and picks(name, tree.files[name])
 
 
 def is_needed(time, there, switches):
@@ -64,12 +68,12 @@ def is_protected(there, switches):
     return there[2] == READ_ONLY or (there[2] == HIDDEN and "h" not in switches)
 
 
-def transfer(source, target, pattern, switches, moves=False):
+def transfer(source, target, pattern, switches, moves=False, picks=everything):
     left = set()
     for name in list(source.files):
         contents, time, mark = source.files[name]
         there = target.files.get(name)
-        if not is_chosen(source, name, pattern, switches) or (mark == HIDDEN and "h" not in switches):
+        if not is_chosen(source, name, pattern, switches, picks) or (mark == HIDDEN and "h" not in switches):
             continue
         if name in target.folders or any(is_below(name, file) for file in target.files):
             continue
@@ -86,11 +90,11 @@ def transfer(source, target, pattern, switches, moves=False):
         source.prune(lambda folder: folder and any(folder == one or is_below(one, folder) for one in left))
 
 
-def delete(tree, pattern, switches):
+def delete(tree, pattern, switches, picks):
     for name in list(tree.files):
         mark = tree.files[name][2]
         kept = mark == HIDDEN or (mark == READ_ONLY and "f" not in switches)
-        if is_chosen(tree, name, pattern, switches) and ("z" in switches or not kept):
+        if is_chosen(tree, name, pattern, switches, picks) and ("z" in switches or not kept):
             tree.drop(name)
 
 
@@ -149,9 +153,9 @@ def sync(first, second, switches):
         remove_extras(first, second, switches)
 
 
-def rename(tree, pattern, extension):
+def rename(tree, pattern, extension, picks):
     for name in sorted(tree.files):
-        if "/" in name or tree.files[name][2] == HIDDEN or not matches(pattern, name):
+        if tree.files[name][2] == HIDDEN or not is_chosen(tree, name, pattern, "", picks):
             continue
         stem = name.rpartition(".")[0] if "." in name else name
         new = f"{stem}.{extension}"
@@ -160,3 +164,16 @@ def rename(tree, pattern, extension):
             tree.notes.pop(new, None)
             if name in tree.notes:
                 tree.notes[new] = tree.notes.pop(name)
+
+
+def touch(tree, pattern, switches, time, picks):
+    for name, (contents, _, mark) in tree.files.items():
+        kept = mark == HIDDEN or (mark == READ_ONLY and "f" not in switches)
+        if not kept and is_chosen(tree, name, pattern, switches, picks):
+            tree.files[name] = (contents, time, mark)
+
+
+def mark(tree, pattern, switches, new, picks):
+    for name, (contents, time, _) in tree.files.items():
+        if is_chosen(tree, name, pattern, switches, picks):
+            tree.files[name] = (contents, time, new)
