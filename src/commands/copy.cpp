@@ -33,7 +33,8 @@ const CommandHelp copyHelp = {
     u"(COPYDIR makes them). /Sn in n levels of them. The target is a directory then, unless sources stand "
     u"with \"+\", which joins all that is found\n"
     u"/V  compare each copy with its source\n"
-    u"/W  delete files of the target directory that match the name and are not in the source\n"
+    u"/W  delete files of the target directory that match the name and are not in the source, of which there "
+    u"may be one\n"
     u"/X  clear the archive attribute of the sources\n" //
     TRANSFER_SWITCHES                                   //
     u"A target with wildcards gives the copies names; a directory keeps those of the sources. Several files "
@@ -66,12 +67,8 @@ public:
             return Touch();
         const TransferTarget target = Target();
         const bool isFile = target.GetKind() == TransferTarget::Kind::File;
-        // New names tell nothing about what is missing, nor do several directories; a list is no pattern.
-        if (transfer.switches.mirrors &&
-            (target.GetKind() != TransferTarget::Kind::Directory || arguments.sources.size() > 1 ||
-             arguments.sources[0].text.front() == u'@' ||
-             SplitSearchNames(arguments.sources[0].text).size() > 1))
-            return transfer.Failed(errors::targetNoDirectory, target.Text());
+        if (transfer.switches.mirrors && !MayMirror(target))
+            return;
         if (arguments.joins || target.GetKind() == TransferTarget::Kind::Device || FromDevice())
             return Join(target);
         if (!isFile) {
@@ -108,6 +105,20 @@ private:
         return transfer.switches.makesTarget && !arguments.joins &&
                (arguments.sources.size() > 1 || MayMeanSeveral(source) ||
                 QueryIsDirectory(WithoutQuotes(source)));
+    }
+
+    // New names tell nothing about what is missing, nor do several directories; a list is no pattern.
+    bool MayMirror(const TransferTarget& target)
+    {
+        const CString& source = arguments.sources.back().text;
+        const bool isOne =
+            arguments.sources.size() == 1 && source.front() != u'@' && SplitSearchNames(source).size() == 1;
+        const bool isDirectory = target.GetKind() == TransferTarget::Kind::Directory;
+        if (!isDirectory)
+            transfer.Failed(errors::targetNoDirectory, target.Text());
+        else if (!isOne)
+            transfer.Failed(errors::mirrorsOne, source);
+        return isDirectory && isOne;
     }
 
     bool FromDevice() const

@@ -183,8 +183,10 @@ void TransferMatches(Transfer& transfer, FILESEARCH& search, const CString& argu
             file.facts.IsDirectory() ? MoveDirectory(transfer, from, file.facts, place)
                                      : transfer.Do(from, file.facts, place);
         }
-        if (transfer.switches.mirrors && directory.found.error == 0)
-            RemoveExtraFiles(transfer, argument, directory.found.name, target.DirectoryBelow(below));
+        // Of directories that nothing was copied from there need be none.
+        const TransferName there = target.DirectoryBelow(below);
+        if (transfer.switches.mirrors && directory.found.error == 0 && QueryIsDirectory(there.directory))
+            RemoveExtraFiles(transfer, argument, directory.found.name, there);
     });
     // The search tells its errors itself.
     if (transfer.switches.firstErrorEnds && transfer.work.Errors() > errorsBefore)
