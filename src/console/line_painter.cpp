@@ -60,6 +60,8 @@ void LinePainter::Complete(PictureRequest& request) const
     request.indent = origin.column;
     request.columns = std::max(1, extent.columns);
     request.rows = std::max(1, std::min(extent.windowRows, extent.rows));
+    // The screen does not scroll for what nobody has typed.
+    request.suggestionRows = std::min(extent.top + extent.windowRows, extent.rows) - origin.row;
     request.firstRow = firstRow;
 }
 

@@ -187,7 +187,10 @@ LinePicture DrawLine(const PictureRequest& request)
     picture.endsInEmptyRow = rows.Count() > 1 && rows.Begin(rows.Count() - 1) == text.size() &&
                              (text.empty() || text.back() != u'\n');
     Drawing drawing(text, request);
-    const int behind = std::min(rows.Count(), picture.firstRow + request.rows);
+    int behind = std::min(rows.Count(), picture.firstRow + request.rows);
+    if (!request.suggestion.empty())
+        behind = std::min(
+            behind, std::max(rows.RowOf(request.text.size()) + 1, picture.firstRow + request.suggestionRows));
     for (int row = picture.firstRow; row < behind; ++row)
         picture.rows.push_back(drawing.Row(rows.Begin(row), rows.End(row)));
     return picture;

@@ -31,6 +31,7 @@ struct PictureRequest {
     std::uint8_t plain = 7;
     std::u16string_view suggestion; // shown behind the text, not part of it
     std::uint8_t suggestionColors = 8;
+    int suggestionRows = 25; // it is cut where it would need more rows than these and those of the text
     std::size_t selectionBegin = 0;
     std::size_t selectionEnd = 0;
     std::uint8_t selectionColors = 0x70;

@@ -123,6 +123,25 @@ TEST_F(Editing, APromptThatFillsItsRowStays)
     EXPECT_EQ(console.Row(4), u"typed");
 }
 
+TEST_F(Editing, TheScreenDoesNotScrollForASuggestion)
+{
+    world.history = {CString(60, u'y')};
+    settings.syntaxColors = true;
+    console.WriteRun({0, 0}, u"above", 7);
+    console.cursor = {4, 0};
+    const CString row(40, u'y');
+    std::vector<CString> shown;
+    console.onWait = [&] { shown.push_back(console.Row(5)); };
+    Edit(u"y<Enter>");
+    EXPECT_EQ(console.Row(0), u"above");
+    EXPECT_EQ(shown[1], CString(21, u'y'));
+    shown.clear();
+    console.cursor = {5, 0};
+    Edit(u"y<End>");
+    EXPECT_EQ(console.Row(4).view().substr(1), row.view().substr(1));
+    EXPECT_EQ(shown[1].view().substr(1), row.view().substr(1));
+}
+
 TEST_F(Editing, HistorySettingsAndChanges)
 {
     world.history = {u"one", u"two", u"One"};
