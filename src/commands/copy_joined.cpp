@@ -310,7 +310,7 @@ void WriteJoined(Transfer& transfer, const std::vector<JoinedPiece>& pieces, con
 {
     const bool toDevice = target.GetKind() == TransferTarget::Kind::Device;
     TransferName place{{}, {}, target.Text()};
-    if (target.GetKind() == TransferTarget::Kind::Directory)
+    if (target.GetKind() == TransferTarget::Kind::Directory && !target.Text().empty())
         return transfer.Failed(errors::targetIsDirectory, target.Text());
     if (!toDevice && !target.Prepare(transfer))
         return;

@@ -273,6 +273,8 @@ int Differ_Command(CString& arguments)
         return UsageError();
     CString left = WithoutQuotes(names[0]);
     CString right = WithoutQuotes(names[1]);
+    if (left.empty() || right.empty())
+        return UsageError();
     const bool leftDirectory = QueryIsDirectory(left);
     const bool rightDirectory = QueryIsDirectory(right);
     ListingOutput output(options.pauses);

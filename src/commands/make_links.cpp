@@ -194,6 +194,8 @@ int Mklink_Command(CString& arguments)
         return UsageError();
     const CString link = WithoutQuotes(names[0]);
     const CString target = WithoutQuotes(names[1]);
+    if (link.empty() || target.empty())
+        return UsageError();
     if (kind == Link::Choose) {
         const CString place =
             IsAbsolutePath(target) ? target : JoinPath(DirectoryPart(FullPathName(link)), target);

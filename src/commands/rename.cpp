@@ -130,6 +130,8 @@ int Rename_Command(CString& arguments)
         return UsageError();
     const CString newName(WithoutQuotes(names.back()));
     names.pop_back();
+    if (newName.empty())
+        return UsageError();
     if (flags != 0)
         search.deepest = allLevels;
     search.avoidsLinks = true;

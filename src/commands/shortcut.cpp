@@ -227,7 +227,8 @@ int Shortcut_Command(CString& arguments)
     if (const int code = ReadChange(arguments, change))
         return code;
     const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
-    if (names.empty() || names.size() > 2)
+    if (names.empty() || names.size() > 2 || WithoutQuotes(names[0]).empty() ||
+        WithoutQuotes(names.back()).empty())
         return UsageError();
     CString name = WithoutQuotes(names[0]);
     if (!EqualNoCase(ExtensionPart(name), u".lnk"))

@@ -62,6 +62,10 @@ TransferTarget::TransferTarget(std::u16string_view given, Plain plain) : text(Cl
 
 bool TransferTarget::Prepare(Transfer& transfer) const
 {
+    if (text.empty()) {
+        transfer.Failed(ERROR_INVALID_NAME, u"\"\"");
+        return false;
+    }
     // A stream of a file cannot be put in place as a whole.
     const std::size_t colon = directory.Find(u':');
     if (HasWildcards(shownDirectory) ||

@@ -305,7 +305,10 @@ TransferName TreeName(std::u16string_view text)
 
 bool AreTrees(Transfer& transfer, const TransferName& source, const TransferName& target)
 {
-    if (!QueryIsDirectory(source.directory))
+    // No name, as of a variable that is not set, must not mean the current directory here.
+    if (source.shown.empty() || target.shown.empty())
+        transfer.Failed(ERROR_INVALID_NAME, u"\"\"");
+    else if (!QueryIsDirectory(source.directory))
         transfer.Failed(ERROR_PATH_NOT_FOUND, WithoutEndSeparators(source.shown));
     else if (QueryIsFile(WithoutEndSeparators(target.directory)))
         transfer.Failed(errors::targetIsFile, WithoutEndSeparators(target.shown));
