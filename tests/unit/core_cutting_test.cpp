@@ -11,8 +11,6 @@
 
 namespace {
 
-std::string Narrow(std::u16string_view text) { return ToUtf8(text); }
-
 TEST(Blocks, UnfinishedBlocks)
 {
     const struct {
@@ -41,7 +39,7 @@ TEST(Blocks, UnfinishedBlocks)
         {u"iff a==b then & (", true},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(EndsInsideBlock(c.text, Syntax()), c.open) << Narrow(c.text);
+        EXPECT_EQ(EndsInsideBlock(c.text, Syntax()), c.open) << ToUtf8(c.text);
 }
 
 TEST(Blocks, TheEndOfABlock)
@@ -58,7 +56,7 @@ TEST(Blocks, TheEndOfABlock)
         {u"(a", 0, std::u16string_view::npos},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(FindBlockEnd(c.text, c.open, Syntax()), c.end) << Narrow(c.text);
+        EXPECT_EQ(FindBlockEnd(c.text, c.open, Syntax()), c.end) << ToUtf8(c.text);
 }
 
 // The text cut into its commands; each connector follows its command as one of ; & | ! e (errors too).
@@ -68,7 +66,7 @@ std::string CutUp(std::u16string_view text, CommandShape shape, const Syntax& sy
     std::size_t from = 0;
     for (;;) {
         const Separator end = FindSeparator(text, from, shape, syntax);
-        shown += "[" + Narrow(text.substr(from, end.at == text.npos ? text.npos : end.at - from)) + "]";
+        shown += "[" + ToUtf8(text.substr(from, end.at == text.npos ? text.npos : end.at - from)) + "]";
         if (end.connector == Connector::None)
             return shown;
         shown += " ;&!|e"[static_cast<int>(end.connector)];
@@ -103,7 +101,7 @@ TEST(Separators, Commands)
         {u"echo (a & b)", CommandShape::Plain, "[echo (a ];[ b)]"},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(CutUp(c.text, c.shape, Syntax()), c.cut) << Narrow(c.text);
+        EXPECT_EQ(CutUp(c.text, c.shape, Syntax()), c.cut) << ToUtf8(c.text);
 }
 
 TEST(Separators, OtherCharactersAndSwitches)
@@ -132,7 +130,7 @@ std::string Describe(const RedirectionRequest& r)
     text += r.errorToo ? "&" : "";
     text += r.overrideNoClobber ? "!" : "";
     text += r.stripBlanks ? "-" : "";
-    return text + Narrow(r.name);
+    return text + ToUtf8(r.name);
 }
 
 TEST(Redirections, Forms)
@@ -169,12 +167,12 @@ TEST(Redirections, Forms)
     for (const auto& c : cases) {
         CString command(c.command);
         std::vector<RedirectionRequest> requests;
-        EXPECT_EQ(ParseRedirections(command, false, Syntax(), requests), 0u) << Narrow(c.command);
-        EXPECT_EQ(Narrow(command), Narrow(c.left)) << Narrow(c.command);
+        EXPECT_EQ(ParseRedirections(command, false, Syntax(), requests), 0u) << ToUtf8(c.command);
+        EXPECT_EQ(ToUtf8(command), ToUtf8(c.left)) << ToUtf8(c.command);
         std::vector<std::string> described;
         for (const auto& request : requests)
             described.push_back(Describe(request));
-        EXPECT_EQ(described, c.requests) << Narrow(c.command);
+        EXPECT_EQ(described, c.requests) << ToUtf8(c.command);
     }
 }
 
@@ -183,9 +181,9 @@ TEST(Redirections, InsideAGroupTheyBelongToItsCommands)
     CString command(u"(a > f) > g");
     std::vector<RedirectionRequest> requests;
     EXPECT_EQ(ParseRedirections(command, true, Syntax(), requests), 0u);
-    EXPECT_EQ(Narrow(command), "(a > f) ");
+    EXPECT_EQ(ToUtf8(command), "(a > f) ");
     ASSERT_EQ(requests.size(), 1u);
-    EXPECT_EQ(Narrow(requests[0].name), "g");
+    EXPECT_EQ(ToUtf8(requests[0].name), "g");
 }
 
 TEST(Redirections, RefusedFormsLeaveTheCommandAlone)

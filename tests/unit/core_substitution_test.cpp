@@ -8,8 +8,6 @@
 
 namespace {
 
-std::string Narrow(std::u16string_view text) { return ToUtf8(text); }
-
 TEST(Aliases, Parameters)
 {
     const struct {
@@ -31,8 +29,8 @@ TEST(Aliases, Parameters)
         {u"echo %0.", u" a", "echo . a"},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(Narrow(SubstituteAliasParameters(c.value, c.arguments, Syntax())), c.expanded)
-            << Narrow(c.value);
+        EXPECT_EQ(ToUtf8(SubstituteAliasParameters(c.value, c.arguments, Syntax())), c.expanded)
+            << ToUtf8(c.value);
 }
 
 TEST(Aliases, Names)
@@ -48,8 +46,8 @@ TEST(Aliases, Names)
     };
     for (const auto& c : cases) {
         const AliasName name = ReadAliasName(c.command, Syntax());
-        EXPECT_EQ(Narrow(name.name), c.name) << Narrow(c.command);
-        EXPECT_EQ(name.bypassed, c.bypassed) << Narrow(c.command);
+        EXPECT_EQ(ToUtf8(name.name), c.name) << ToUtf8(c.command);
+        EXPECT_EQ(name.bypassed, c.bypassed) << ToUtf8(c.command);
     }
 }
 
@@ -70,8 +68,8 @@ TEST(QuickSubstitution, Lines)
     };
     for (const auto& c : cases) {
         CString line(c.line);
-        EXPECT_EQ(QuickSubstitution(line, u"echo foo foo"), c.taken) << Narrow(c.line);
-        EXPECT_EQ(Narrow(line), c.result);
+        EXPECT_EQ(QuickSubstitution(line, u"echo foo foo"), c.taken) << ToUtf8(c.line);
+        EXPECT_EQ(ToUtf8(line), c.result);
     }
 }
 
@@ -95,8 +93,8 @@ TEST(StartOptions, TextBehindC)
         {u"", ""},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(Narrow(UnquoteCommands(c.text, false)), c.commands) << Narrow(c.text);
-    EXPECT_EQ(Narrow(UnquoteCommands(u"\"\"c:\\p\" \\\"x\\\"\"", true)), "\"c:\\p\" \\\"x\\\"");
+        EXPECT_EQ(ToUtf8(UnquoteCommands(c.text, false)), c.commands) << ToUtf8(c.text);
+    EXPECT_EQ(ToUtf8(UnquoteCommands(u"\"\"c:\\p\" \\\"x\\\"\"", true)), "\"c:\\p\" \\\"x\\\"");
 }
 
 TEST(StartOptions, CommandLines)
@@ -104,22 +102,22 @@ TEST(StartOptions, CommandLines)
     const StartOptions all = ParseStartOptions(
         u"\"c:\\a b\\orv.exe\" @\"c:\\my ini\" /LA /X //EvalMax=3 \"//LogName=a b\" /C echo x  ");
     EXPECT_EQ(all.mode, StartOptions::Mode::RunAndExit);
-    EXPECT_EQ(Narrow(all.commands), "echo x");
-    EXPECT_EQ(Narrow(all.iniFile), "c:\\my ini");
+    EXPECT_EQ(ToUtf8(all.commands), "echo x");
+    EXPECT_EQ(ToUtf8(all.iniFile), "c:\\my ini");
     EXPECT_EQ(all.localLists, 1u);
     EXPECT_TRUE(all.noInheritance);
     ASSERT_EQ(all.directives.size(), 2u);
-    EXPECT_EQ(Narrow(all.directives[0]), "//EvalMax=3");
-    EXPECT_EQ(Narrow(all.directives[1]), "//LogName=a b");
+    EXPECT_EQ(ToUtf8(all.directives[0]), "//EvalMax=3");
+    EXPECT_EQ(ToUtf8(all.directives[1]), "//LogName=a b");
 
     const StartOptions bare = ParseStartOptions(u"orv dir /w");
     EXPECT_EQ(bare.mode, StartOptions::Mode::RunAndStay);
-    EXPECT_EQ(Narrow(bare.commands), "dir /w");
-    EXPECT_EQ(Narrow(ParseStartOptions(u"orv /nonsense").refused), "/nonsense");
+    EXPECT_EQ(ToUtf8(bare.commands), "dir /w");
+    EXPECT_EQ(ToUtf8(ParseStartOptions(u"orv /nonsense").refused), "/nonsense");
     EXPECT_EQ(ParseStartOptions(u"orv").mode, StartOptions::Mode::Interactive);
-    EXPECT_EQ(Narrow(ParseStartOptions(u"orv /Cver").commands), "ver");
+    EXPECT_EQ(ToUtf8(ParseStartOptions(u"orv /Cver").commands), "ver");
     EXPECT_EQ(ParseStartOptions(u"orv /L /C x").localLists, 15u);
-    EXPECT_EQ(Narrow(ParseStartOptions(u"orv /d /t:1f /f:on /s /r x").directives.at(0)),
+    EXPECT_EQ(ToUtf8(ParseStartOptions(u"orv /d /t:1f /f:on /s /r x").directives.at(0)),
               "//StdColors=Bright White on Blue");
 }
 

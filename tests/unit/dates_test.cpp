@@ -6,8 +6,6 @@
 
 namespace {
 
-std::string Utf8(const CString& text) { return ToUtf8(text); }
-
 constexpr DateOrder mdy = DateOrder::MonthDayYear;
 constexpr DateOrder dmy = DateOrder::DayMonthYear;
 constexpr DateOrder ymd = DateOrder::YearMonthDay;
@@ -27,7 +25,7 @@ TEST(Dates, DayNumbersOfKnownDates)
         {{1900, 3, 1}, -29160, 4}, {{1, 1, 1}, -722814, 1}, {{9999, 12, 31}, 2929244, 5},
     };
     for (const Known& row : rows) {
-        const std::string name = Utf8(FormatIsoDate(row.date));
+        const std::string name = ToUtf8(FormatIsoDate(row.date));
         EXPECT_EQ(DaysFromDate(row.date), row.days) << name;
         EXPECT_EQ(DateFromDays(row.days), row.date) << name;
         EXPECT_EQ(calendar::Weekday(row.date), row.weekday) << name;
@@ -75,7 +73,7 @@ TEST(Dates, IsoWeeksAroundNewYear)
     };
     for (const Week& row : rows) {
         const calendar::IsoWeek week = calendar::WeekOfDate(row.date);
-        const std::string name = Utf8(FormatIsoDate(row.date));
+        const std::string name = ToUtf8(FormatIsoDate(row.date));
         EXPECT_EQ(week.year, row.year) << name;
         EXPECT_EQ(week.week, row.week) << name;
         EXPECT_EQ(calendar::IsoWeekday(row.date), row.weekday) << name;
@@ -150,10 +148,10 @@ TEST(Dates, DaysFromDatesAndOffsets)
 
 TEST(Dates, Formatting)
 {
-    EXPECT_EQ(Utf8(FormatDate({2026, 1, 31}, mdy, u'-')), "01-31-2026");
-    EXPECT_EQ(Utf8(FormatDate({2026, 1, 31}, dmy, u'.')), "31.01.2026");
-    EXPECT_EQ(Utf8(FormatDate({2026, 1, 31}, ymd, u'/')), "2026/01/31");
-    EXPECT_EQ(Utf8(FormatIsoDate({80, 1, 2})), "0080-01-02");
+    EXPECT_EQ(ToUtf8(FormatDate({2026, 1, 31}, mdy, u'-')), "01-31-2026");
+    EXPECT_EQ(ToUtf8(FormatDate({2026, 1, 31}, dmy, u'.')), "31.01.2026");
+    EXPECT_EQ(ToUtf8(FormatDate({2026, 1, 31}, ymd, u'/')), "2026/01/31");
+    EXPECT_EQ(ToUtf8(FormatIsoDate({80, 1, 2})), "0080-01-02");
 }
 
 TEST(Times, Parsing)
@@ -193,12 +191,12 @@ TEST(Times, Parsing)
 TEST(Times, Formatting)
 {
     NationalSettings country;
-    EXPECT_EQ(Utf8(FormatTime({9, 5, 7, 389}, country)), "09:05:07.38");
-    EXPECT_EQ(Utf8(FormatShortTime({23, 5, 7, 0}, country)), "23:05");
+    EXPECT_EQ(ToUtf8(FormatTime({9, 5, 7, 389}, country)), "09:05:07.38");
+    EXPECT_EQ(ToUtf8(FormatShortTime({23, 5, 7, 0}, country)), "23:05");
     country.twelveHours = true;
     country.timeSeparator = u'.';
     country.decimal = u',';
-    EXPECT_EQ(Utf8(FormatTime({0, 5, 7, 0}, country)), "12.05.07,00 AM");
-    EXPECT_EQ(Utf8(FormatShortTime({12, 5, 0, 0}, country)), "12.05 PM");
-    EXPECT_EQ(Utf8(FormatShortTime({23, 5, 0, 0}, country)), "11.05 PM");
+    EXPECT_EQ(ToUtf8(FormatTime({0, 5, 7, 0}, country)), "12.05.07,00 AM");
+    EXPECT_EQ(ToUtf8(FormatShortTime({12, 5, 0, 0}, country)), "12.05 PM");
+    EXPECT_EQ(ToUtf8(FormatShortTime({23, 5, 0, 0}, country)), "11.05 PM");
 }

@@ -44,13 +44,11 @@ FakeExpansionWorld MakeWorld()
     return world;
 }
 
-std::string Utf8(const CString& text) { return ToUtf8(text); }
-
 void Check(FakeExpansionWorld& world, const Case& test, bool nested = false)
 {
     CString line(test.line);
-    EXPECT_EQ(VariableExpansion(line, nested, world), 0) << Utf8(test.line) << " -> " << Utf8(line);
-    EXPECT_EQ(Utf8(line), Utf8(test.expected)) << "from " << Utf8(test.line);
+    EXPECT_EQ(VariableExpansion(line, nested, world), 0) << ToUtf8(test.line) << " -> " << ToUtf8(line);
+    EXPECT_EQ(ToUtf8(line), ToUtf8(test.expected)) << "from " << ToUtf8(test.line);
     EXPECT_EQ(world.progress.depth, 0);
 }
 
@@ -64,8 +62,8 @@ void CheckError(FakeExpansionWorld& world, const char16_t* text, unsigned code)
 {
     world.reported.clear();
     CString line(text);
-    EXPECT_EQ(static_cast<unsigned>(VariableExpansion(line, false, world)), code) << Utf8(text);
-    EXPECT_EQ(world.reported, std::vector<unsigned>{code}) << Utf8(text);
+    EXPECT_EQ(static_cast<unsigned>(VariableExpansion(line, false, world)), code) << ToUtf8(text);
+    EXPECT_EQ(world.reported, std::vector<unsigned>{code}) << ToUtf8(text);
     EXPECT_EQ(world.progress.depth, 0);
 }
 
@@ -190,7 +188,7 @@ TEST(Expansion, Modifiers)
     world.settings.syntax.openQuotes = false;
     CheckAll(world, cases, true);
     CheckError(world, u"%abc:=x%", errors::syntax);
-    EXPECT_EQ(Utf8(world.lastReport), ":=x");
+    EXPECT_EQ(ToUtf8(world.lastReport), ":=x");
     CheckError(world, u"%abc:*=x%", errors::syntax);
 }
 
@@ -321,13 +319,13 @@ TEST(Expansion, FunctionErrors)
 {
     FakeExpansionWorld world = MakeWorld();
     CheckError(world, u"%@upper abc", errors::syntax);
-    EXPECT_EQ(Utf8(world.lastReport), "@upper abc");
+    EXPECT_EQ(ToUtf8(world.lastReport), "@upper abc");
     CheckError(world, u"%@upper[abc", errors::syntax);
     CheckError(world, u"%@aname_of_more_than_31_characters_x[1]", errors::syntax);
     CheckError(world, u"%(dir", errors::syntax);
     CheckError(world, u"%[[a", errors::syntax);
     CheckError(world, u"%@fail[x,y]", 87);
-    EXPECT_EQ(Utf8(world.lastReport), "%@fail[x,y]");
+    EXPECT_EQ(ToUtf8(world.lastReport), "%@fail[x,y]");
     world.reported.clear();
     CString line(u"%@silent[x]");
     EXPECT_EQ(VariableExpansion(line, false, world), 5);
@@ -335,12 +333,12 @@ TEST(Expansion, FunctionErrors)
     // The line is left as far as it was rewritten.
     line = u"%a% %@fail[x] %a%";
     EXPECT_EQ(VariableExpansion(line, false, world), 87);
-    EXPECT_EQ(Utf8(line), "one %@fail[x] %a%");
+    EXPECT_EQ(ToUtf8(line), "one %@fail[x] %a%");
     // A condition that cannot be read is told and counts as "does not hold".
     world.reported.clear();
     line = u"%[[what]]";
     EXPECT_EQ(VariableExpansion(line, false, world), 0);
-    EXPECT_EQ(Utf8(line), "0");
+    EXPECT_EQ(ToUtf8(line), "0");
     EXPECT_EQ(world.reported, std::vector<unsigned>{errors::syntax});
 }
 

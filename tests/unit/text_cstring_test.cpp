@@ -10,28 +10,25 @@
 
 namespace {
 
-// What gtest prints when two of them differ.
-std::string Shown(const CString& text) { return ToUtf8(text); }
-
 TEST(TextCString, CopiesShareUntilOneChanges)
 {
     CString a(u"hello");
     CString b = a;
     EXPECT_EQ(a.c_str(), b.c_str());
     b += u" world";
-    EXPECT_EQ(Shown(a), "hello");
-    EXPECT_EQ(Shown(b), "hello world");
+    EXPECT_EQ(ToUtf8(a), "hello");
+    EXPECT_EQ(ToUtf8(b), "hello world");
     CString c = a;
     c.Set(0, u'J');
-    EXPECT_EQ(Shown(a), "hello");
-    EXPECT_EQ(Shown(c), "Jello");
+    EXPECT_EQ(ToUtf8(a), "hello");
+    EXPECT_EQ(ToUtf8(c), "Jello");
     CString d = a;
     d.Clear();
-    EXPECT_EQ(Shown(a), "hello");
+    EXPECT_EQ(ToUtf8(a), "hello");
     EXPECT_TRUE(d.empty());
     CString e = a;
     e.Edit()[0] = u'x';
-    EXPECT_EQ(Shown(a), "hello");
+    EXPECT_EQ(ToUtf8(a), "hello");
 }
 
 TEST(TextCString, AssigningAndMovingToItself)
@@ -39,19 +36,19 @@ TEST(TextCString, AssigningAndMovingToItself)
     CString a(u"text");
     CString& same = a;
     a = same;
-    EXPECT_EQ(Shown(a), "text");
+    EXPECT_EQ(ToUtf8(a), "text");
     a = std::move(same);
-    EXPECT_EQ(Shown(a), "text");
+    EXPECT_EQ(ToUtf8(a), "text");
     a = a.view();
-    EXPECT_EQ(Shown(a), "text");
+    EXPECT_EQ(ToUtf8(a), "text");
     a = a.view().substr(1, 2);
-    EXPECT_EQ(Shown(a), "ex");
+    EXPECT_EQ(ToUtf8(a), "ex");
     a.Append(a).Append(a);
-    EXPECT_EQ(Shown(a), "exexexex");
+    EXPECT_EQ(ToUtf8(a), "exexexex");
     a.Insert(1, a.view().substr(0, 3));
-    EXPECT_EQ(Shown(a), "eexexexexex");
+    EXPECT_EQ(ToUtf8(a), "eexexexexex");
     a.Replace(0, 100, a.view().substr(9));
-    EXPECT_EQ(Shown(a), "ex");
+    EXPECT_EQ(ToUtf8(a), "ex");
 }
 
 // A view of one owner's text is good while another owner of the same block is being changed.
@@ -60,8 +57,8 @@ TEST(TextCString, TextOfAnotherOwner)
     CString a(u"abcdef");
     CString b = a;
     b.Replace(1, 2, a.view().substr(3));
-    EXPECT_EQ(Shown(b), "adefdef");
-    EXPECT_EQ(Shown(a), "abcdef");
+    EXPECT_EQ(ToUtf8(b), "adefdef");
+    EXPECT_EQ(ToUtf8(a), "abcdef");
 }
 
 TEST(TextCString, PlacesAreClamped)
@@ -79,15 +76,15 @@ TEST(TextCString, PlacesAreClamped)
     for (const auto& test : cases) {
         CString text(u"abc");
         text.Replace(test.at, test.count, test.text);
-        EXPECT_EQ(Shown(text), test.expected);
+        EXPECT_EQ(ToUtf8(text), test.expected);
         EXPECT_EQ(text.c_str()[text.size()], u'\0');
     }
     const CString text(u"abc");
     EXPECT_EQ(text[3], u'\0');
     EXPECT_EQ(text[1000], u'\0');
-    EXPECT_EQ(Shown(text.Substr(1, 100)), "bc");
-    EXPECT_EQ(Shown(text.Substr(5)), "");
-    EXPECT_EQ(Shown(text.Substr(0)), "abc");
+    EXPECT_EQ(ToUtf8(text.Substr(1, 100)), "bc");
+    EXPECT_EQ(ToUtf8(text.Substr(5)), "");
+    EXPECT_EQ(ToUtf8(text.Substr(0)), "abc");
 }
 
 TEST(TextCString, EmptyTexts)
@@ -104,20 +101,20 @@ TEST(TextCString, EmptyTexts)
     const char16_t* null = nullptr;
     EXPECT_EQ(CString(null), none);
     none += u'x';
-    EXPECT_EQ(Shown(none), "x");
+    EXPECT_EQ(ToUtf8(none), "x");
 }
 
 TEST(TextCString, TrimmingByASet)
 {
-    EXPECT_EQ(Shown(CString(u" \ta b\t ").Trim()), "a b");
-    EXPECT_EQ(Shown(CString(u"   ").Trim()), "");
-    EXPECT_EQ(Shown(CString(u"xxaxx").TrimLeft(u"x")), "axx");
-    EXPECT_EQ(Shown(CString(u"xxaxx").TrimRight(u"x")), "xxa");
-    EXPECT_EQ(Shown(CString(u"xxx").TrimRight(u"x")), "");
+    EXPECT_EQ(ToUtf8(CString(u" \ta b\t ").Trim()), "a b");
+    EXPECT_EQ(ToUtf8(CString(u"   ").Trim()), "");
+    EXPECT_EQ(ToUtf8(CString(u"xxaxx").TrimLeft(u"x")), "axx");
+    EXPECT_EQ(ToUtf8(CString(u"xxaxx").TrimRight(u"x")), "xxa");
+    EXPECT_EQ(ToUtf8(CString(u"xxx").TrimRight(u"x")), "");
     CString shared(u" a ");
     CString other = shared;
     other.Trim();
-    EXPECT_EQ(Shown(shared), " a ");
+    EXPECT_EQ(ToUtf8(shared), " a ");
 }
 
 TEST(TextCString, NulsInside)
@@ -154,7 +151,7 @@ TEST(TextCString, SharedBetweenThreads)
         });
     for (std::thread& thread : threads)
         thread.join();
-    EXPECT_EQ(Shown(shared), "shared text");
+    EXPECT_EQ(ToUtf8(shared), "shared text");
 }
 
 } // namespace

@@ -23,8 +23,6 @@ Syntax Everyday()
     return syntax;
 }
 
-std::string Shown(View text) { return ToUtf8(text); }
-
 TEST(TextScanner, FindsTargetsOutsideQuotes)
 {
     const struct {
@@ -56,8 +54,8 @@ TEST(TextScanner, FindsTargetsOutsideQuotes)
     for (const auto& test : cases) {
         char16_t unclosed = 0;
         EXPECT_EQ(scan(test.text, u"&", test.quoting, Syntax(), 0, &unclosed), test.expected)
-            << Shown(test.text);
-        EXPECT_EQ(unclosed, test.unclosed) << Shown(test.text);
+            << ToUtf8(test.text);
+        EXPECT_EQ(unclosed, test.unclosed) << ToUtf8(test.text);
     }
 }
 
@@ -91,7 +89,7 @@ TEST(TextScanner, ClosingBrackets)
         {u"[a(b]", 4}, {u"{a{}}", 4},    {u"[`]`]", 4}, {u"[^]]", 3},    {u"[\"]\"]", 2},
     };
     for (const auto& test : cases)
-        EXPECT_EQ(FindClosing(test.text, 0, quotes::back, Syntax()), test.expected) << Shown(test.text);
+        EXPECT_EQ(FindClosing(test.text, 0, quotes::back, Syntax()), test.expected) << ToUtf8(test.text);
     EXPECT_EQ(FindClosing(u"[\"]\"]", 0, quotes::both, Syntax()), 4u);
 }
 
@@ -125,8 +123,8 @@ TEST(TextReferences, ArePassedOver)
         {u"%:a=b%", 1, 1},
     };
     for (const auto& test : cases) {
-        EXPECT_EQ(PassReference(test.text, 0, Syntax()), test.expected) << Shown(test.text);
-        EXPECT_EQ(PassReference(test.text, 0, Everyday()), test.everyday) << Shown(test.text);
+        EXPECT_EQ(PassReference(test.text, 0, Syntax()), test.expected) << ToUtf8(test.text);
+        EXPECT_EQ(PassReference(test.text, 0, Everyday()), test.everyday) << ToUtf8(test.text);
     }
 }
 
@@ -160,7 +158,7 @@ TEST(TextWords, Splitting)
             for (const CString& word : SplitArguments(test.text, false, syntax))
                 words.push_back(ToUtf8(word));
             const auto& expected = everyday ? test.everyday : test.words;
-            EXPECT_EQ(words, expected) << Shown(test.text);
+            EXPECT_EQ(words, expected) << ToUtf8(test.text);
             EXPECT_EQ(CountArguments(test.text, syntax), static_cast<int>(expected.size()));
         }
     }
@@ -170,33 +168,33 @@ TEST(TextWords, ByNumber)
 {
     const View text = u" one  \"two 2\" three ";
     std::size_t start = 0;
-    EXPECT_EQ(Shown(GetNthArgument(text, 1, Syntax(), &start)), "\"two 2\"");
+    EXPECT_EQ(ToUtf8(GetNthArgument(text, 1, Syntax(), &start)), "\"two 2\"");
     EXPECT_EQ(start, 6u);
-    EXPECT_EQ(Shown(GetNthArgument(text, 3, Syntax(), &start)), "");
+    EXPECT_EQ(ToUtf8(GetNthArgument(text, 3, Syntax(), &start)), "");
     EXPECT_EQ(start, npos);
-    EXPECT_EQ(Shown(TailFromArgument(text, 1, Syntax())), "\"two 2\" three ");
-    EXPECT_EQ(Shown(TailFromArgument(text, 3, Syntax())), "");
+    EXPECT_EQ(ToUtf8(TailFromArgument(text, 1, Syntax())), "\"two 2\" three ");
+    EXPECT_EQ(ToUtf8(TailFromArgument(text, 3, Syntax())), "");
 }
 
 TEST(TextWords, BackQuotesGoWhereTheTableSaysSo)
 {
     const std::vector<CString> words = SplitArguments(u"`a b` x`c` ` ``", true, Syntax());
     ASSERT_EQ(words.size(), 3u);
-    EXPECT_EQ(Shown(words[0]), "a b");
-    EXPECT_EQ(Shown(words[1]), "x`c`");
+    EXPECT_EQ(ToUtf8(words[0]), "a b");
+    EXPECT_EQ(ToUtf8(words[1]), "x`c`");
 }
 
 TEST(TextWords, Quotes)
 {
-    EXPECT_EQ(Shown(WithoutQuotes(u"\"a\" \"b")), "a b");
-    EXPECT_EQ(Shown(WithoutOuterQuotes(u"\"a b\"")), "a b");
-    EXPECT_EQ(Shown(WithoutOuterQuotes(u"\"a b")), "\"a b");
-    EXPECT_EQ(Shown(WithoutOuterQuotes(u"\"")), "\"");
-    EXPECT_EQ(Shown(WithoutOuterQuotes(u"\"\"")), "");
-    EXPECT_EQ(Shown(AddQuotes(u"a b")), "\"a b\"");
-    EXPECT_EQ(Shown(AddQuotes(u"ab")), "ab");
-    EXPECT_EQ(Shown(AddQuotes(u"a&b")), "\"a&b\"");
-    EXPECT_EQ(Shown(AddQuotes(u"\"a b\"")), "\"a b\"");
+    EXPECT_EQ(ToUtf8(WithoutQuotes(u"\"a\" \"b")), "a b");
+    EXPECT_EQ(ToUtf8(WithoutOuterQuotes(u"\"a b\"")), "a b");
+    EXPECT_EQ(ToUtf8(WithoutOuterQuotes(u"\"a b")), "\"a b");
+    EXPECT_EQ(ToUtf8(WithoutOuterQuotes(u"\"")), "\"");
+    EXPECT_EQ(ToUtf8(WithoutOuterQuotes(u"\"\"")), "");
+    EXPECT_EQ(ToUtf8(AddQuotes(u"a b")), "\"a b\"");
+    EXPECT_EQ(ToUtf8(AddQuotes(u"ab")), "ab");
+    EXPECT_EQ(ToUtf8(AddQuotes(u"a&b")), "\"a&b\"");
+    EXPECT_EQ(ToUtf8(AddQuotes(u"\"a b\"")), "\"a b\"");
 }
 
 TEST(TextEscapes, Sequences)
@@ -221,15 +219,15 @@ TEST(TextEscapes, Sequences)
     for (const auto& test : cases) {
         CString text(test.text);
         EscapeLine(text, Syntax());
-        EXPECT_EQ(Shown(text), test.escaped) << Shown(test.text);
+        EXPECT_EQ(ToUtf8(text), test.escaped) << ToUtf8(test.text);
         text = test.text;
         UnEscapeLine(text, Syntax());
-        EXPECT_EQ(Shown(text), test.unescaped) << Shown(test.text);
+        EXPECT_EQ(ToUtf8(text), test.unescaped) << ToUtf8(test.text);
         Syntax off;
         off.escapes = false;
         text = test.text;
         UnEscapeLine(text, off);
-        EXPECT_EQ(Shown(text), Shown(test.text));
+        EXPECT_EQ(ToUtf8(text), ToUtf8(test.text));
     }
 }
 
