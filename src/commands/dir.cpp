@@ -45,8 +45,8 @@ const CommandHelp dirHelp = {
     u"(::expression), or come from a file, one per line (@file). Ranges pick files by date (/[d-3]), time "
     u"(/[t8:00,12:00]), size (/[s10K,1M]), owner (/[oname]) and description (/I\"text\"), and leave out "
     u"names (/[!*.bak *.tmp]). Hidden and system files are shown only with /A. The variable DIRCMD holds "
-    u"switches that DIR starts with; a \"-\" behind the slash takes one back. The result counters are "
-    u"%_dir_files, %_dir_dirs and %_dir_errors.",
+    u"switches that DIR starts with; those of the command itself overrule them, and a \"-\" behind the slash "
+    u"takes one back. The result counters are %_dir_files, %_dir_dirs and %_dir_errors.",
     u"dir\n"
     u"dir /s /b *.c;*.h\n"
     u"dir /a:-d /o:-s c:\\temp\n"
@@ -90,11 +90,13 @@ int ListArgument(const CString& name, DirOptions& options, DirListing& listing, 
 int Dir_Command(CString& arguments)
 {
     CString preset;
-    if (ReadEnvironment(u"DIRCMD", preset))
-        arguments.Insert(0, preset + u" ");
+    ReadEnvironment(u"DIRCMD", preset);
     DirOptions options;
+    if (const int code = ReadDirOptions(preset, options))
+        return code;
     if (const int code = ReadDirOptions(arguments, options))
         return code;
+    arguments.Insert(0, preset + u" ");
     std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
     if (names.empty())
         names.push_back(u"*");

@@ -63,51 +63,100 @@ int ReadTexts(CString& arguments, DirOptions& options)
     return code;
 }
 
+// The single letters of one line: those given, and those taken back ("/-X").
+class Letters {
+public:
+    void TakeBack(CString& arguments)
+    {
+        for (std::size_t bit = 0; bit < list.size(); ++bit)
+            while (TakeSwitchWord(arguments, Format(u"-%c", list[bit])))
+                taken |= std::uint64_t{1} << bit;
+    }
+    int Read(CString& arguments) { return ReadSwitches(arguments, list, given); }
+
+    bool Off(char16_t letter) const { return (taken >> list.find(letter) & 1) != 0; }
+    bool On(char16_t letter) const { return (given >> list.find(letter) & 1) != 0 && !Off(letter); }
+    // `off` is what the option is without the switch.
+    void Set(char16_t letter, bool& option, bool off = false) const
+    {
+        if (On(letter) || Off(letter))
+            option = On(letter) != off;
+    }
+
+private:
+    static constexpr std::u16string_view list = u"BCDEFGHKLMNPQRVWXZ124";
+    std::uint64_t given = 0;
+    std::uint64_t taken = 0;
+};
+
+void TakeBackTexts(CString& arguments, DirOptions& options)
+{
+    const DirOptions fresh;
+    if (TakeSwitchWord(arguments, u"-A"))
+        options.attributes = fresh.attributes;
+    if (TakeSwitchWord(arguments, u"-T")) {
+        options.time = fresh.time;
+        options.utc = fresh.utc;
+    }
+    if (TakeSwitchWord(arguments, u"-U"))
+        options.summary = fresh.summary;
+    if (TakeSwitchWord(arguments, u"-O"))
+        options.order.clear();
+    if (TakeSwitchWord(arguments, u"-S"))
+        options.deepest = fresh.deepest;
+}
+// Each line that is read starts with the layout that the one before it asked for.
+void ReadLayout(const Letters& letters, DirOptions& options)
+{
+    const bool was[] = {letters.Off(u'B') || letters.Off(u'F'), letters.Off(u'D') || letters.Off(u'V'),
+                        letters.Off(u'W')};
+    const DirLayout of[] = {DirLayout::Bare, DirLayout::Down, DirLayout::Across};
+    for (std::size_t i = 0; i < std::size(of); ++i)
+        if (was[i] && options.layout == of[i])
+            options.layout = DirLayout::Long;
+    if (letters.On(u'N') || letters.Off(u'1') || letters.Off(u'2')) {
+        options.layout = DirLayout::Long;
+        options.columns = 0;
+    }
+    const bool counted = letters.On(u'1') || letters.On(u'2');
+    if (counted)
+        options.columns = letters.On(u'1') ? 1 : 2;
+    if (letters.On(u'D') || letters.On(u'V'))
+        options.layout = DirLayout::Down;
+    if (letters.On(u'W') || (counted && options.layout != DirLayout::Down))
+        options.layout = DirLayout::Across;
+    if (letters.On(u'B') || letters.On(u'F'))
+        options.layout = DirLayout::Bare;
+    letters.Set(u'F', options.fullNames);
+}
+
 } // namespace
 
 int ReadDirOptions(CString& arguments, DirOptions& options)
 {
-    constexpr std::u16string_view letters = u"BCDEFGHKLMNPQRVWXZ124";
     if (const int code = GetRange(arguments, &options.ranges, 0))
         return code;
-    // "/-X" takes back what DIRCMD asked for.
-    std::uint64_t taken = 0;
-    for (std::size_t bit = 0; bit < letters.size(); ++bit)
-        while (TakeSwitchWord(arguments, Format(u"-%c", letters[bit])))
-            taken |= std::uint64_t{1} << bit;
-    const bool noOrder = TakeSwitchWord(arguments, u"-O");
-    const bool noDepth = TakeSwitchWord(arguments, u"-S");
+    Letters letters;
+    letters.TakeBack(arguments);
     if (const int code = ReadTexts(arguments, options))
         return code;
-    std::uint64_t flags = 0;
-    if (const int code = ReadSwitches(arguments, letters, flags))
+    TakeBackTexts(arguments, options);
+    if (const int code = letters.Read(arguments))
         return code;
-    auto off = [&](char16_t letter) { return (taken >> letters.find(letter) & 1) != 0; };
-    auto on = [&](char16_t letter) { return (flags >> letters.find(letter) & 1) != 0 && !off(letter); };
-    if (noOrder)
-        options.order.clear();
-    if (noDepth)
-        options.deepest = 0;
-    if (on(u'1') || on(u'2'))
-        options.columns = on(u'1') ? 1 : 2;
-    if (on(u'D') || on(u'V'))
-        options.layout = DirLayout::Down;
-    if (on(u'W') || (options.columns > 0 && options.layout == DirLayout::Long))
-        options.layout = DirLayout::Across;
-    if (on(u'B') || on(u'F'))
-        options.layout = DirLayout::Bare;
-    options.fullNames = on(u'F');
-    options.pauses = on(u'P');
-    options.lowerCase = on(u'L');
-    options.upperCase = on(u'E');
-    options.allocated = on(u'G');
-    options.fatNames = on(u'Z');
-    options.owners = on(u'Q');
-    options.streams = on(u'R');
-    options.shortNames = on(u'X');
-    options.header = !on(u'K');
-    options.footer = !on(u'M');
-    options.dots = !on(u'H');
-    options.thousands = !off(u'C');
+    ReadLayout(letters, options);
+    letters.Set(u'P', options.pauses);
+    letters.Set(u'G', options.allocated);
+    letters.Set(u'Z', options.fatNames);
+    letters.Set(u'Q', options.owners);
+    letters.Set(u'R', options.streams);
+    letters.Set(u'X', options.shortNames);
+    letters.Set(u'K', options.header, true);
+    letters.Set(u'M', options.footer, true);
+    letters.Set(u'H', options.dots, true);
+    letters.Set(u'C', options.thousands);
+    letters.Set(u'E', options.upperCase);
+    letters.Set(u'L', options.lowerCase);
+    if (letters.On(u'E') && !letters.On(u'L'))
+        options.lowerCase = false;
     return 0;
 }

@@ -49,5 +49,6 @@ struct DirOptions {
     bool thousands = true;
 };
 
-// Takes the switches out of the arguments. 0, or the result of an error that was reported.
+// Takes the switches out of the arguments; they change what the options ask for already. 0, or the result of
+// an error that was reported.
 int ReadDirOptions(CString& arguments, DirOptions& options);

@@ -76,11 +76,14 @@ public:
     ClassWork(const ClassTable& of, ClassesOf theirs, bool pauses) : table(of), whose(theirs), pager(pauses)
     {}
 
-    // "name", "name=" or "name=text".
+    // "name", "name=" or "name=text"; all of it, or the name, may stand in quotes.
     int Take(std::u16string_view text)
     {
+        if (text.size() > 1 && text.front() == u'"' && text.back() == u'"' &&
+            text.find(u'"', 1) >= text.find(u'='))
+            text = text.substr(1, text.size() - 2);
         const std::size_t equals = text.find(u'=');
-        CString name = CString(text.substr(0, equals)).Trim();
+        CString name = WithoutQuotes(CString(text.substr(0, equals)).Trim());
         if (name.empty() || (table.extensions && name.front() != u'.' && !HasWildcards(name)))
             return MVError(errors::syntax, name);
         return equals == text.npos ? Show(name) : Change(name, CString(text.substr(equals + 1)).Trim());

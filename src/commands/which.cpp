@@ -8,12 +8,15 @@
 #include "core/command_switches.h"
 #include "core/extension_variables.h"
 #include "core/path_search.h"
+#include "engine/inifile.h"
 #include "engine/output.h"
 #include "engine/results.h"
 #include "engine/state.h"
 #include "expand/lists.h"
+#include "files/directory_name.h"
 #include "lang/messages.h"
 #include "platform/environment.h"
+#include "platform/file_facts.h"
 #include "text/compare.h"
 #include "text/path_names.h"
 #include "text/words.h"
@@ -22,6 +25,7 @@ const CommandHelp whichHelp = {
     u"Tells what a name would run as a command.",
     u"WHICH [/A] name...",
     u"/A  everything of that name: aliases, functions, internal commands, and all files along the path\n"
+    u"Names that change the drive or the directory are told as well. A \"*\" in front passes over aliases. "
     u"The error level is 2 when one of the names is unknown.",
     u"which dir notepad\n"
     u"which /a find",
@@ -57,15 +61,27 @@ void TellFile(const CString& name, const CString& file)
         Tell(message::whichFile, name, file);
 }
 
+bool IsDrive(std::u16string_view name) { return name.size() == 2 && DriveLetter(name) != 0; }
+
+bool ChangesDirectory(const CString& name)
+{
+    return name == u"-" || (aIniFile.AutoCDD && QueryIsDirectory(name));
+}
+
 // In the order in which the shell would look. False when nothing has that name.
 bool TellName(const CString& word, bool all)
 {
-    const CString name = WithoutQuotes(word);
+    CString name = WithoutQuotes(word);
     bool known = false;
     auto goesOn = [&] { return all || !known; };
     CString value;
-    if (GetAlias(name, value))
+    const bool passesAliases = name.size() > 1 && name.front() == u'*';
+    if (passesAliases)
+        name.Erase(0, 1);
+    else if (GetAlias(name, value))
         known = Tell(message::whichAlias, name, value);
+    if (goesOn() && IsDrive(name))
+        known = Tell(message::whichDrive, name);
     if (goesOn() && FindInternalCommand(name, false) >= 0)
         known = Tell(message::whichInternal, name);
     const std::u16string_view function = name.front() == u'@' ? name.view().substr(1) : name.view();
@@ -80,7 +96,10 @@ bool TellName(const CString& word, bool all)
         files.push_back(std::move(file));
     for (const CString& file : files)
         TellFile(name, file);
-    return known || !files.empty();
+    known = known || !files.empty();
+    if (goesOn() && ChangesDirectory(name))
+        known = Tell(message::whichDirectory, name);
+    return known;
 }
 
 } // namespace

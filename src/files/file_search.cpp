@@ -10,6 +10,7 @@
 #include "files/directory_source.h"
 #include "files/search_names.h"
 #include "files/text_reader.h"
+#include "lang/file_messages.h"
 #include "platform/file_facts.h"
 #include "text/compare.h"
 #include "text/path_names.h"
@@ -132,6 +133,8 @@ private:
 
     void AddTarget(const SearchTarget& target)
     {
+        if (HasWildcards(target.directory))
+            return Fail(errors::wildcardDirectory, JoinPath(target.directory, target.names.front().text));
         Plan plan = PlanFor(target.directory);
         for (const SearchName& name : target.names) {
             const CString path = JoinPath(target.directory, name.text);

@@ -32,6 +32,7 @@ constexpr unsigned nobodyToAsk = 0x200003AC;         // 3940
 constexpr unsigned madeByThis = 0x200004EC;          // 4260
 constexpr unsigned notRecycled = 0x200004ED;         // 4261
 constexpr unsigned mirrorsOne = 0x20000510;          // 4296
+constexpr unsigned wildcardDirectory = 0x20000528;   // 4320
 constexpr unsigned exceptCannotHide = 0x200003C7;    // 3967
 constexpr unsigned noTreeDatabase = 0x200003CA;      // 3970
 constexpr unsigned noSuchDirectoryPart = 0x200003CB; // 3971
