@@ -119,17 +119,22 @@ int RunWithout(const std::vector<CString>& files, const CString& command, bool h
     if (hidesAlways || !StaysInside(command)) {
         CString failed;
         if (const unsigned code = hidden.Hide(files, failed))
-            return MVError(code, failed);
+            return Tls().errorLevel = MVError(code, failed);
     }
     int code = Command_S(command, 0);
     if (const unsigned failed = hidden.Restore())
-        code = MVError(failed);
+        code = Tls().errorLevel = MVError(failed);
     return code;
 }
 
-} // namespace
+struct ExceptRequest {
+    std::vector<CString> files;
+    bool hidesAlways = false;
+    bool repairsOnly = false;
+};
 
-int Except_Command(CString& arguments)
+// Leaves the command. 0, or the result of an error that was reported.
+int ReadRequest(CString& arguments, ExceptRequest& request)
 {
     const std::size_t open = arguments.Find(u'(');
     CString switches = arguments.Substr(0, open);
@@ -145,15 +150,25 @@ int Except_Command(CString& arguments)
     if (code)
         return code;
     Repair();
-    if ((flags & 2) != 0)
+    request.hidesAlways = (flags & 1) != 0;
+    request.repairsOnly = (flags & 2) != 0;
+    if (request.repairsOnly)
         return arguments.empty() ? result::success : UsageError();
     CString names;
     if (!switches.empty() || !Part(arguments, names) || arguments.empty())
         return UsageError();
     if (const int failed = VariableExpansion(names))
         return failed;
-    std::vector<CString> files;
-    if (const int failed = Collect(search, names, files))
-        return failed;
-    return RunWithout(files, arguments, (flags & 1) != 0);
+    return Collect(search, names, request.files);
+}
+
+} // namespace
+
+int Except_Command(CString& arguments)
+{
+    ExceptRequest request;
+    // The error level is the command's own, unless it does not run.
+    if (const int code = ReadRequest(arguments, request); code != 0 || request.repairsOnly)
+        return Tls().errorLevel = code;
+    return RunWithout(request.files, arguments, request.hidesAlways);
 }

@@ -107,7 +107,10 @@ void FileFinding::Found(const CString& path, const FoundFile& file)
         output.Flush(); // a person waits for each of them
     stopped = stopped || options.firstFileOnly ||
               static_cast<std::uint64_t>(counts.files + counts.directories) >= most;
-    if (options.asks && !stopped) {
+    if (options.asks && !stopped && !MayAsk()) {
+        Failed(errors::nobodyToAsk, path);
+        stopped = true;
+    } else if (options.asks && !stopped) {
         progress.Hide();
         output.Flush();
         stopped = QueryInputChar(message::askGoOn, path, u"YN", u'Y') == u'N';

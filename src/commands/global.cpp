@@ -181,7 +181,7 @@ void TreeRun::Walk()
     }
     if (search.error != 0) {
         ++counts.errors;
-        code = MVError(search.error, search.failed);
+        code = Tls().errorLevel = MVError(search.error, search.failed);
     }
     for (auto one = later.rbegin(); one != later.rend() && !stopped; ++one)
         Visit(*one);
@@ -205,7 +205,7 @@ void TreeRun::Visit(const CString& directory)
         return;
     int one = result::success;
     if (!MakeCurrent(directory))
-        one = NoDirectory(shown);
+        one = Tls().errorLevel = NoDirectory(shown);
     else
         one = Command_S(command, 0);
     if (EndsLine(one)) {
@@ -227,18 +227,27 @@ int TreeRun::Run()
     return code;
 }
 
+int Prepare(CString& arguments, GlobalOptions& options)
+{
+    if (const int code = ReadOptions(arguments, options))
+        return code;
+    if (arguments.Trim().empty())
+        return UsageError();
+    if (!QueryIsDirectory(options.start)) {
+        const int code = NoDirectory(options.start);
+        SetResultCounters(u"global", {0, 0, 1});
+        return code;
+    }
+    return options.asks && !MayAsk() ? MVError(errors::nobodyToAsk, options.start) : result::success;
+}
+
 } // namespace
 
 int Global_Command(CString& arguments)
 {
     GlobalOptions options;
-    if (const int code = ReadOptions(arguments, options))
-        return code;
-    if (arguments.Trim().empty())
-        return UsageError();
-    if (!QueryIsDirectory(options.start))
-        return NoDirectory(options.start);
-    if (options.asks && !MayAsk())
-        return MVError(errors::nobodyToAsk, options.start);
+    // The error level is the commands' own, unless none runs.
+    if (const int code = Prepare(arguments, options))
+        return Tls().errorLevel = code;
     return TreeRun(options, arguments).Run();
 }

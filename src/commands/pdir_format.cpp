@@ -45,10 +45,11 @@ private:
             field.width = field.width * 10 + (text[next++] - u'0');
         const bool hasWidth = next > digits;
         if (hasWidth || text[at] == u'@' || IsAsciiLetter(text[at])) {
+            if (next == text.size())
+                return false;
             at = next;
             field.width = left ? -field.width : field.width;
-            return at < text.size() &&
-                   (text[at] == u'@' ? ReadFunction(field, fields) : ReadField(field, fields));
+            return (text[at] == u'@' ? ReadFunction(field, fields) : ReadField(field, fields));
         }
         AddText(text.substr(at++, 1), fields);
         return true;

@@ -263,23 +263,29 @@ int Run(const SelectRequest& request, const CString& names)
     return Command_S(command, 0);
 }
 
-} // namespace
-
-int Select_Command(CString& arguments)
+int Prepare(CString& arguments, SelectRequest& request, Choices& choices)
 {
-    SelectRequest request;
     if (const int code = ReadRequest(arguments.Trim(), request))
         return code;
     if (CString(request.before).Trim().empty() && CString(request.behind).Trim().empty() && !request.shows)
         return UsageError();
     if (!HasConsole() || !IsConsole(0))
         return MVError(errors::needsConsole);
+    return FindChoices(request, choices);
+}
+
+} // namespace
+
+int Select_Command(CString& arguments)
+{
+    SelectRequest request;
     Choices choices;
-    if (const int code = FindChoices(request, choices))
-        return code;
+    // The error level is the commands' own, unless none runs.
+    if (const int code = Prepare(arguments, request, choices))
+        return Tls().errorLevel = code;
     const PopupResult picked = Ask(request, choices);
     if (picked.action == PopupAction::Cancelled)
-        return result::error;
+        return Tls().errorLevel = result::error;
     CString together;
     int code = result::success;
     for (const std::size_t line : picked.marked) {

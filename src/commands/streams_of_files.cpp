@@ -96,15 +96,18 @@ std::vector<FoundStream> StreamsOf(const CString& file, const CString& pattern)
     return found;
 }
 
-void List(const FILESEARCH& search, const CString& pattern, bool bare)
+// False when the file has no such stream.
+bool List(const FILESEARCH& search, const CString& pattern, bool bare)
 {
     ThrowIfBroken();
-    for (const FoundStream& stream : StreamsOf(search.fullName, pattern)) {
+    const std::vector<FoundStream> streams = StreamsOf(search.fullName, pattern);
+    for (const FoundStream& stream : streams) {
         CString size = Format(u"%I64u", stream.size);
         AddCommas(size);
         PrintLine(bare ? Format(u"%s:%s", search.name, stream.name)
                        : Format(u"%17s  %s:%s", size, search.name, stream.name));
     }
+    return !streams.empty();
 }
 
 int ListAll(std::vector<CString> names, FILESEARCH& search, bool bare)
@@ -114,9 +117,12 @@ int ListAll(std::vector<CString> names, FILESEARCH& search, bool bare)
     int code = result::success;
     for (const CString& name : names) {
         const StreamName wanted = SplitStream(WithoutQuotes(name));
-        const auto list = [&] { List(search, wanted.stream, bare); };
+        bool any = wanted.stream.empty();
+        const auto list = [&] { any = List(search, wanted.stream, bare) || any; };
         if (const int one = ForEachMatch(search, {AddQuotes(wanted.file)}, list))
             code = one;
+        else if (!any)
+            code = MVError(errors::noStream, WithoutQuotes(name));
     }
     return code;
 }

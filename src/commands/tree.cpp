@@ -80,8 +80,10 @@ public:
           questions(false)
     {}
 
-    void Draw(const CString& argument)
+    void Draw(const CString& written)
     {
+        const CString argument = WithoutQuotes(written);
+        quoted = argument.size() != written.size();
         const CString name = argument.empty() ? CurrentDirectory() : FullPathName(argument);
         pattern = u"*";
         CString root = name;
@@ -89,7 +91,7 @@ public:
             pattern = FileNamePart(name);
             root = DirectoryPart(name);
         }
-        if (!QueryIsDirectory(root) || (pattern != u"*" && !HasWildcards(pattern) && !ReadFileFacts(name))) {
+        if (!QueryIsDirectory(root) || (pattern != u"*" && !IsPattern() && !ReadFileFacts(name))) {
             Fail(ERROR_PATH_NOT_FOUND, argument);
             return;
         }
@@ -120,6 +122,11 @@ private:
         std::vector<FoundFile> files;
         std::vector<FoundFile> directories;
     };
+
+    bool IsPattern() const
+    {
+        return HasWildcards(pattern) || (!quoted && pattern.Find(u';') != CString::npos);
+    }
 
     void Fail(unsigned code, std::u16string_view name)
     {
@@ -155,7 +162,7 @@ private:
         search.attributes = masks;
         if (ranged)
             search.ranges = options.ranges;
-        StartSearch(search, Format(u"\"%s%s\"", directory, names));
+        StartSearch(search, Format(quoted ? u"\"%s%s\"" : u"\"%s\"%s", directory, names));
         SearchedDirectory found;
         if (!NextDirectory(search, found))
             return {};
@@ -308,6 +315,7 @@ private:
     PaintedText waiting; // lines that are not written yet
     bool watched = IsConsole(1);
     CString pattern;
+    bool quoted = false; // ";" and "=" belong to the pattern
     bool showsFiles = false;
     std::unordered_map<std::u16string, std::uint64_t> totals; // bytes, by full names with a separator
     std::vector<DirectoryIdentity> entered;                   // targets of links
@@ -364,7 +372,7 @@ int Tree_Command(CString& arguments)
     TreeDrawing drawing(options);
     try {
         for (const CString& name : names)
-            drawing.Draw(WithoutQuotes(name));
+            drawing.Draw(name);
     } catch (const TreeDrawing::OutputRefused& refused) {
         return MVError(refused.reason);
     }
