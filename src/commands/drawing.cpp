@@ -434,10 +434,11 @@ int Vscrput_Command(CString& arguments)
     if (const int code = ResolvePlace(*screen, put, static_cast<int>(put.text.size()), 1, row, column))
         return code;
     const int end = screen->windowTop + screen->windowRows;
+    const int room = screen->windowLeft + screen->windowColumns - column;
     const std::u16string_view text = put.text;
     for (std::size_t at = 0; at < text.size() && row < end; ++row) {
         const std::size_t next = NextCharacter(text, at);
-        if (!WriteScreenText(row, column, text.substr(at, next - at),
+        if (!WriteScreenText(row, column, FittingPart(text.substr(at, next - at), room),
                              put.colors.value_or(screen->attributes)))
             return MVError(0);
         at = next;

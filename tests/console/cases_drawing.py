@@ -15,6 +15,7 @@ def drawing(console):
         "drawvline 1 6 7 2",
         "scrput 2 3 red on black Hi",
         "vscrput 2 4 down",
+        "vscrput 2 79 a%@char[26085]b",
         "scrput 999 999 \" <mid> \"",
         "screen 10 3 cursor",
         "scrput +1 -2 there",
@@ -27,9 +28,9 @@ def drawing(console):
     console.line("draw")
     console.shows(
         "  ┌───╥─────╦═══════╤═════════╗",
-        "  │Hd ║     ║       │         ║",
+        "  │Hd ║     ║       │         ║".ljust(79) + "a",
         "  │ o ║     ║       │         ║",
-        "  │ w ║     ╚═══════╪═════════╝",
+        "  │ w ║     ╚═══════╪═════════╝".ljust(79) + "b",
         "  ├─n─╫─────────────┤",
         "  │   ║             │",
         "  └───╨─────────────┘",
