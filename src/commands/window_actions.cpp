@@ -120,6 +120,7 @@ int PerformWindowActions(HWND window, const WindowActions& actions)
         return MVError(0);
     for (const WindowAction& action : actions.actions)
         if (!action.row->perform(window, action.numbers))
-            return MVError(0, action.row->name);
+            // The system does not say why an icon finds no place: there is no taskbar.
+            return MVError(action.row->perform == PutAway ? errors::noDesktop : 0, action.row->name);
     return result::success;
 }

@@ -3,7 +3,7 @@
 from registry import case
 
 
-@case("KEYSTACK presses keys for whoever reads next, some of them later")
+@case("KEYSTACK presses keys for whoever reads next, some of them later; an icon needs a taskbar")
 def keystack(console):
     read = ["inkey /x %%k", "echos [%k]"]
     console.file(
@@ -13,6 +13,8 @@ def keystack(console):
     console.start()
     console.line("keys.btm")
     console.shows(">keys.btm", "a[a] [ ]b[b][@59][@95][@95]A[A][@28]", ">echo typed", "typed", ">")
+    console.line("cls & window tray")
+    console.shows('There is no desktop to show anything on "TRAY"', ">")
 
 
 @case("TRANSIENT keeps a shell and ends it; SAVECONSOLE keeps what is shown; VBEEP leaves the screen as it was")
