@@ -34,8 +34,8 @@ const CommandHelp deleteHelp = {
     u"/X  with /S, remove the subdirectories that are empty then\n"
     u"/Y  do not ask whether all files of a directory are meant\n"
     u"/Z  hidden, system and read-only files too\n"
-    u"The name of a directory means all files in it, which is asked about first unless /Q, /Y or "
-    u"DelGlobalQuery=No says otherwise. Ranges pick files, as DIR explains. Descriptions go with their "
+    u"The name of a directory means all files in it, which is asked about first, in lists too, unless /Q, "
+    u"/Y or DelGlobalQuery=No says otherwise. Ranges pick files, as DIR explains. Descriptions go with their "
     u"files. The result counters are %_del_files, %_del_dirs and %_del_errors.",
     u"del *.obj *.pdb\n"
     u"del /s /x /[d-30] C:\\logs\\*.log\n"
@@ -63,7 +63,7 @@ public:
 
     void Delete(FILESEARCH& search, const CString& argument)
     {
-        if (!IsEverythingWanted(argument))
+        if (!IsEverythingWanted(search, argument))
             return;
         std::vector<Emptied> below;
         const bool named = EqualNoCase(FileNamePart(WithoutQuotes(argument)), DescriptionFileName());
@@ -85,21 +85,17 @@ private:
     };
 
     // "Delete all files of this directory" is asked about once; without a person it takes a switch to say so.
-    bool IsEverythingWanted(const CString& argument)
+    bool IsEverythingWanted(FILESEARCH& search, const CString& argument)
     {
         if (options.unasked || !aIniFile.DelGlobalQuery)
             return true;
-        const CString name(WithoutQuotes(argument));
-        const std::u16string_view pattern = FileNamePart(name);
-        const bool isDirectory = !HasWildcards(name) && QueryIsDirectory(name);
-        if (!isDirectory && pattern != u"*" && pattern != u"*.*")
+        StartSearch(search, argument);
+        if (search.whole.empty())
             return true;
-        if (!MayAsk()) {
-            work.Failed(errors::needsYes, name);
-            return false;
-        }
-        const CString shown = isDirectory ? JoinPath(name, u"*") : name;
-        return QueryInputChar(message::askDeleteAll, shown, u"YN", u'N') == u'Y';
+        if (MayAsk())
+            return QueryInputChar(message::askDeleteAll, search.whole, u"YN", u'N') == u'Y';
+        work.Failed(errors::needsYes, search.whole);
+        return false;
     }
 
     // Unless its name was given, a description file goes only when it describes nothing that stays.

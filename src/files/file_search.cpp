@@ -138,7 +138,10 @@ private:
         Plan plan = PlanFor(target.directory);
         for (const SearchName& name : target.names) {
             const CString path = JoinPath(target.directory, name.text);
+            if (TakesAll(name))
+                NoteWhole(name.text.empty() ? JoinPath(path, u"*") : path);
             if (MeansContents(name, path)) {
+                NoteWhole(JoinPath(path, u"*"));
                 Plan inside = PlanFor(path + u"\\");
                 inside.request.patterns.push_back(MakePattern(u"*"));
                 state.plans.push_back(std::move(inside));
@@ -155,6 +158,19 @@ private:
         }
         if (!plan.request.patterns.empty() || !plan.request.literalName.empty())
             state.plans.push_back(std::move(plan));
+    }
+
+    static bool TakesAll(const SearchName& name)
+    {
+        const std::u16string_view text = name.text;
+        const bool stars = text.find(u'*') != text.npos && text.find_first_not_of(u"*?") == text.npos;
+        return text.empty() || text == u"*.*" || stars;
+    }
+
+    void NoteWhole(const CString& all)
+    {
+        if (search.whole.empty())
+            search.whole = all;
     }
 
     bool MeansContents(const SearchName& name, const CString& path) const
@@ -224,6 +240,7 @@ void StartSearch(FILESEARCH& search, std::u16string_view name)
 {
     search.error = 0;
     search.failed.Clear();
+    search.whole.Clear();
     search.laterFailures.clear();
     search.state = std::make_unique<SearchState>(search);
     Planner(search, *search.state).AddArgument(name);

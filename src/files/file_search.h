@@ -33,6 +33,9 @@ struct FILESEARCH {
     bool shortNames = false;      // FoundFile::shortName is wanted
     bool avoidsLinks = false;     // never into junctions and links, whatever DirJunctions says
 
+    // Of the argument, once the search has started: the first directory all of which it means, as "dir\*".
+    CString whole;
+
     // What FindFiles has found.
     CString name; // with the directory as the person named it
     CString fullName;
