@@ -76,6 +76,8 @@ std::vector<CString> FixedDrives()
     return roots;
 }
 
+bool IsMissing(unsigned reason) { return reason == ERROR_FILE_NOT_FOUND || reason == ERROR_PATH_NOT_FOUND; }
+
 // "C:\ d:" as full names.
 int ReadPlaces(std::u16string_view text, std::vector<CString>& places)
 {
@@ -97,8 +99,13 @@ bool ChooseKnownDirectory(std::u16string_view name, CString& directory)
     directory.Clear();
     std::vector<CString> known;
     const auto match = static_cast<DirectoryMatch>(aIniFile.FuzzyCD);
-    if (match == DirectoryMatch::None || DriveLetter(name) || !ReadKnownDirectories(known))
+    if (match == DirectoryMatch::None || DriveLetter(name))
         return false;
+    if (!ReadKnownDirectories(known)) {
+        if (const unsigned reason = GetLastError(); !IsMissing(reason))
+            MVError(reason, KnownDirectoriesFile());
+        return false;
+    }
     std::vector<CString> found = MatchDirectories(known, name, match);
     std::erase_if(found, [](const CString& one) { return !QueryIsDirectory(one); });
     if (found.empty())
@@ -117,8 +124,10 @@ int NoteDirectories(std::u16string_view places, NoteMode mode)
     if (roots.empty())
         roots = mode == NoteMode::Anew ? FixedDrives() : std::vector<CString>{CurrentDirectory()};
     std::vector<CString> known;
-    if (mode == NoteMode::Renew && !ReadKnownDirectories(known))
-        return MVError(errors::noTreeDatabase);
+    if (mode == NoteMode::Renew && !ReadKnownDirectories(known)) {
+        const unsigned reason = GetLastError();
+        return IsMissing(reason) ? MVError(errors::noTreeDatabase) : MVError(reason, KnownDirectoriesFile());
+    }
     for (const CString& root : roots) {
         PrintLine(LoadMessage(message::notingDirectories, root));
         RemoveBelow(known, root);

@@ -33,7 +33,7 @@ const CommandHelp tsHelp = {
     u"/D  delete the streams; the files' own data stay\n"
     u"/E  show no error messages\n"
     u"/N  change nothing, show only what would be done\n"
-    u"/O  with /C, write over a stream that exists\n"
+    u"/O  with /C, replace what exists; it stays as it is until the copy is complete\n"
     u"/P  with /D ask before each stream, with /T pause when the screen is full\n"
     u"/Q  show neither names nor totals\n"
     u"/S  in all subdirectories too\n"

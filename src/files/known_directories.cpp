@@ -1,6 +1,7 @@
 #include "files/known_directories.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include <windows.h>
 
@@ -38,6 +39,40 @@ bool Before(const CString& a, const CString& b)
     return a.size() < b.size();
 }
 
+// Removals among directories that are added one by one. Each takes out only what was there before it; to look
+// through all of them every time would be slow when there are many.
+class Removals {
+public:
+    // `known` directories were there.
+    void Add(std::u16string_view root, std::size_t known)
+    {
+        counts[CString(WithoutEndSeparators(root))] = known;
+    }
+
+    void Apply(std::vector<CString>& directories) const
+    {
+        if (counts.empty())
+            return;
+        std::size_t number = 0;
+        std::erase_if(directories, [&](const CString& name) { return Takes(name, number++); });
+    }
+
+private:
+    bool Takes(std::u16string_view name, std::size_t number) const
+    {
+        for (std::size_t end = 1; end <= name.size(); ++end) {
+            if (end < name.size() && !IsPathSeparator(name[end - 1]))
+                continue;
+            const auto removal = counts.find(CString(WithoutEndSeparators(name.substr(0, end))));
+            if (removal != counts.end() && number < removal->second)
+                return true;
+        }
+        return false;
+    }
+
+    std::unordered_map<CString, std::size_t, NoCaseHash, NoCaseEqual> counts;
+};
+
 // Adds records to the database, if there is one.
 void Note(const std::string& records)
 {
@@ -62,26 +97,34 @@ CString KnownDirectoriesFile()
 
 bool ReadKnownDirectories(std::vector<CString>& directories)
 {
+    constexpr std::size_t mostChanges = 5000;
     TextLines lines;
     if (!lines.Open(KnownDirectoriesFile()))
         return false;
-    bool changed = false;
+    Removals removals;
+    std::size_t changes = 0;
+    bool added = false;
     for (std::u16string_view line; lines.Next(line);) {
-        if (line.starts_with(u'-')) {
-            RemoveBelow(directories, line.substr(1));
-        } else if (line.starts_with(u'+')) {
-            directories.emplace_back(line.substr(1));
-            changed = true;
-        } else if (!line.empty()) {
-            directories.emplace_back(line);
-        }
+        if (line.starts_with(u'-'))
+            removals.Add(line.substr(1), directories.size());
+        else if (!line.empty())
+            directories.emplace_back(line.substr(line.front() == u'+' ? 1 : 0));
+        added = added || line.starts_with(u'+');
+        changes += line.starts_with(u'+') || line.starts_with(u'-');
     }
-    if (changed) {
+    if (lines.Failure() != 0) {
+        SetLastError(lines.Failure());
+        return false;
+    }
+    removals.Apply(directories);
+    if (added) {
         std::sort(directories.begin(), directories.end(), Before);
         directories.erase(std::unique(directories.begin(), directories.end(),
                                       [](const CString& a, const CString& b) { return EqualNoCase(a, b); }),
                           directories.end());
     }
+    if (changes > mostChanges)
+        WriteKnownDirectories(directories); // the file would grow for ever; it may stay as it is
     return true;
 }
 

@@ -5,8 +5,12 @@
 
 #include <windows.h>
 
+#include "platform/file_details.h"
 #include "platform/file_facts.h"
 #include "platform/handle.h"
+#include "text/compare.h"
+#include "text/format.h"
+#include "text/path_names.h"
 
 namespace {
 
@@ -76,7 +80,7 @@ unsigned Compare(HANDLE from, HANDLE to, void (*poll)())
 // Takes a target away that was made here, unless it is kept.
 class Made {
 public:
-    Made(CString which, bool isNew) : name(std::move(which)), unfinished(isNew) {}
+    explicit Made(CString which) : name(std::move(which)) {}
     Made(const Made&) = delete;
     Made& operator=(const Made&) = delete;
     ~Made()
@@ -91,8 +95,87 @@ public:
 
 private:
     CString name;
-    bool unfinished;
+    bool unfinished = true;
 };
+
+// Where the stream's name begins in the name of an existing file's stream; npos for a file's own data.
+std::size_t StreamStart(std::u16string_view name)
+{
+    constexpr std::u16string_view type = u":$DATA";
+    if (EndsNoCase(name, type))
+        name.remove_suffix(type.size());
+    const std::size_t start = FileNameStart(name);
+    return start > 2 && name[start - 1] == u':' ? start : name.npos;
+}
+
+// `name` is that of a stream with its file, `stream` the new one without. 0 or a Windows error number.
+unsigned RenameStream(const CString& name, std::u16string_view stream)
+{
+    constexpr DWORD anybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const OwnedHandle file(
+        CreateFileW(name.w(), DELETE | SYNCHRONIZE, anybody, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!file)
+        return GetLastError();
+    const CString target = Format(u":%s", stream);
+    const std::size_t bytes = target.size() * sizeof(char16_t);
+    std::vector<char> memory(sizeof(FILE_RENAME_INFO) + bytes);
+    auto* request = reinterpret_cast<FILE_RENAME_INFO*>(memory.data());
+    request->FileNameLength = static_cast<DWORD>(bytes);
+    std::copy_n(reinterpret_cast<const char*>(target.view().data()), bytes,
+                reinterpret_cast<char*>(request->FileName));
+    return SetFileInformationByHandle(file.Get(), FileRenameInfo, request, static_cast<DWORD>(memory.size()))
+               ? 0u
+               : unsigned{GetLastError()};
+}
+
+// For file systems that cannot rename streams, as those of some servers.
+unsigned WriteOver(const CString& name, const CString& fresh, void (*poll)())
+{
+    const OwnedHandle from(CreateFileW(fresh.w(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    const OwnedHandle to(CreateFileW(name.w(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!from || !to)
+        return GetLastError();
+    return CopyBytes(from.Get(), to.Get(), poll);
+}
+
+bool CannotRename(unsigned failed)
+{
+    return failed == ERROR_INVALID_PARAMETER || failed == ERROR_NOT_SUPPORTED ||
+           failed == ERROR_INVALID_FUNCTION || failed == ERROR_INVALID_NAME;
+}
+
+// The new stream stands beside the old one, both whole, until it has its name. Streams cannot be renamed onto
+// one that holds anything.
+unsigned ReplaceStream(const CString& name, std::size_t start, const CString& fresh, void (*poll)())
+{
+    const CString stream = name.Substr(start);
+    const CString old = Format(u"~mova-old-%x", GetCurrentProcessId());
+    if (const unsigned failed = RenameStream(name, old)) {
+        if (!CannotRename(failed))
+            return failed;
+        const unsigned refused = WriteOver(name, fresh, poll);
+        if (!refused)
+            DeleteFileW(fresh.w());
+        return refused;
+    }
+    const CString kept = name.Substr(0, start) + old;
+    if (const unsigned failed = RenameStream(fresh, stream)) {
+        RenameStream(kept, stream);
+        return failed;
+    }
+    DeleteFileW(kept.w());
+    return 0;
+}
+
+// A file that has other streams keeps them, or stays as it is.
+unsigned ReplaceData(const CString& name, const CString& fresh)
+{
+    const bool replaced =
+        ReplaceFileW(name.w(), fresh.w(), nullptr, 0, nullptr, nullptr) ||
+        (NamedStreams(name).empty() &&
+         MoveFileExW(fresh.w(), name.w(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+    return replaced ? 0u : unsigned{GetLastError()};
+}
 
 } // namespace
 
@@ -104,10 +187,18 @@ unsigned CopyStream(std::u16string_view from, std::u16string_view to, const Stre
     if (!source)
         return GetLastError();
     const CString name = SystemPath(to);
-    Made target(name, !ReadFileAttributes(name));
-    target.file =
-        OwnedHandle(CreateFileW(name.w(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                                how.replace ? OPEN_ALWAYS : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const bool replaces = ReadFileAttributes(name).has_value();
+    if (replaces && !how.replace)
+        return ERROR_FILE_EXISTS;
+    const std::size_t stream = StreamStart(name);
+    CString written = name;
+    if (replaces)
+        written = stream == CString::npos
+                      ? Format(u"%s.%x.tmp", name, GetCurrentProcessId())
+                      : Format(u"%s~mova-%x", name.view().substr(0, stream), GetCurrentProcessId());
+    Made target(written);
+    target.file = OwnedHandle(CreateFileW(written.w(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!target.file) {
         const unsigned failed = GetLastError();
         target.Keep(); // somebody else's
@@ -116,6 +207,11 @@ unsigned CopyStream(std::u16string_view from, std::u16string_view to, const Stre
     unsigned failed = CopyBytes(source.Get(), target.file.Get(), how.poll);
     if (!failed && how.verify)
         failed = Compare(source.Get(), target.file.Get(), how.poll);
+    if (!failed && replaces) {
+        target.file.Reset();
+        failed = stream == CString::npos ? ReplaceData(name, written)
+                                         : ReplaceStream(name, stream, written, how.poll);
+    }
     if (!failed)
         target.Keep();
     return failed;

@@ -5,11 +5,12 @@
 #include <string_view>
 
 struct StreamCopy {
-    bool replace = false;     // a target that exists is written over, else it is an error
+    bool replace = false;     // a target that exists is replaced, else it is an error
     bool verify = false;      // what was written is read back and compared
     void (*poll)() = nullptr; // called between blocks; may throw to give up
 };
 
-// 0, or a Windows error number; ERROR_CRC when the copy differs. A target that was made here and is not
-// complete is taken away again.
+// 0, or a Windows error number; ERROR_CRC when the copy differs. A target that is not complete is taken away
+// again. One that is replaced stays as it was until the new contents are complete; only where the file system
+// cannot rename streams the stream is written over then.
 unsigned CopyStream(std::u16string_view from, std::u16string_view to, const StreamCopy& how);

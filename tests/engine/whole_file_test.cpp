@@ -5,6 +5,7 @@
 
 #include "core/pseudo_devices.h"
 #include "platform/handle.h"
+#include "platform/streams.h"
 #include "platform/whole_file.h"
 #include "text/path_names.h"
 
@@ -50,6 +51,23 @@ TEST_F(WholeFile, StaysWhenItMustNotBeWritten)
     EXPECT_FALSE(ReplaceWholeFile(name, "new"));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
     EXPECT_EQ(Contents(), "old");
+}
+
+TEST_F(WholeFile, IsReplacedByAStreamThatIsComplete)
+{
+    const CString source = JoinPath(directory, u"source");
+    ASSERT_TRUE(ReplaceWholeFile(source, "from a stream"));
+    EXPECT_EQ(CopyStream(source, name, {}), unsigned{ERROR_FILE_EXISTS});
+    const auto givesUp = [] {
+        static int polls = 0;
+        if (++polls == 2)
+            throw polls;
+    };
+    EXPECT_THROW(CopyStream(source, name, {true, false, givesUp}), int);
+    EXPECT_EQ(Contents(), "old");
+    EXPECT_EQ(CopyStream(source, name, {true, true}), 0u);
+    EXPECT_EQ(Contents(), "from a stream");
+    DeleteFileW(source.w());
 }
 
 TEST_F(WholeFile, StaysWhenSomebodyHoldsIt)
