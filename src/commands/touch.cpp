@@ -8,6 +8,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/dates.h"
+#include "files/search_names.h"
 #include "lang/file_messages.h"
 #include "platform/clock.h"
 #include "platform/file_changes.h"
@@ -151,25 +152,38 @@ public:
 
     void TouchAll(FILESEARCH& search, const CString& argument)
     {
-        const bool any = work.ForEachFile(search, argument, [&] {
+        bool any = work.ForEachFile(search, argument, [&] {
             const EntryFacts& facts = search.file.facts;
             if (work.Wants(message::askTouch, search.name))
                 Touch(search.fullName, search.name, facts.attributes,
                       TimesFor(options, facts.written, facts.accessed, facts.created));
         });
+        const bool foundBelow = any && search.deepest > 0;
+        if (options.creates && !foundBelow && argument.front() != u'@')
+            for (const SearchTarget& target : SplitSearchNames(argument))
+                for (const SearchName& name : target.names)
+                    any = CreateMissing(target.directory, name) || any;
         if (!any)
-            Create(WithoutQuotes(argument));
+            work.Failed(ERROR_FILE_NOT_FOUND, WithoutQuotes(argument));
     }
 
     FileWork work;
 
 private:
+    // Whether the name is one to be made. What is there but was not chosen is not; where there is no
+    // directory the search has said so.
+    bool CreateMissing(const CString& directory, const SearchName& file)
+    {
+        const CString name = JoinPath(directory, file.text);
+        const bool missing = !file.text.empty() && !file.IsRegex() && !HasWildcards(file.text) &&
+                             (directory.empty() || QueryIsDirectory(directory)) && !ReadFileAttributes(name);
+        if (missing)
+            Create(name);
+        return missing;
+    }
+
     void Create(const CString& name)
     {
-        if (!options.creates || HasWildcards(name)) {
-            work.Failed(ERROR_FILE_NOT_FOUND, name);
-            return;
-        }
         if (!work.Wants(message::askTouch, name))
             return;
         const std::uint64_t now = FileTimeNow();
