@@ -49,7 +49,7 @@ const CommandHelp tsHelp = {
 
 namespace {
 
-// "file:stream"; a drive's colon parts nothing.
+// "file:stream", "file:stream:$DATA"
 struct StreamName {
     CString file;
     CString stream; // "" when none is named
@@ -57,19 +57,11 @@ struct StreamName {
 
 StreamName SplitStream(std::u16string_view name)
 {
-    const std::size_t start = FileNameStart(name);
-    // The last component begins behind the last colon: the stream's, unless it is that of a drive.
-    const bool isStream = start > 2 && name[start - 1] == u':';
-    if (!isStream)
+    const std::size_t colon = StreamColon(name);
+    if (colon == name.npos)
         return {CString(name), {}};
-    CString stream(name.substr(start));
-    CString file(name.substr(0, start - 1));
-    // "file:stream:$DATA"
-    if (EqualNoCase(stream, u"$DATA")) {
-        const StreamName inner = SplitStream(file);
-        return inner;
-    }
-    return {std::move(file), std::move(stream)};
+    const std::u16string_view stream = name.substr(colon + 1); // perhaps with its type, ":$DATA"
+    return {CString(name.substr(0, colon)), CString(stream.substr(0, stream.find(u':')))};
 }
 
 // ":name:$DATA" as people write it.

@@ -98,16 +98,6 @@ private:
     bool unfinished = true;
 };
 
-// Where the stream's name begins in the name of an existing file's stream; npos for a file's own data.
-std::size_t StreamStart(std::u16string_view name)
-{
-    constexpr std::u16string_view type = u":$DATA";
-    if (EndsNoCase(name, type))
-        name.remove_suffix(type.size());
-    const std::size_t start = FileNameStart(name);
-    return start > 2 && name[start - 1] == u':' ? start : name.npos;
-}
-
 // `name` is that of a stream with its file, `stream` the new one without. 0 or a Windows error number.
 unsigned RenameStream(const CString& name, std::u16string_view stream)
 {
@@ -146,8 +136,9 @@ bool CannotRename(unsigned failed)
 
 // The new stream stands beside the old one, both whole, until it has its name. Streams cannot be renamed onto
 // one that holds anything.
-unsigned ReplaceStream(const CString& name, std::size_t start, const CString& fresh, void (*poll)())
+unsigned ReplaceStream(const CString& name, const CString& fresh, void (*poll)())
 {
+    const std::size_t start = StreamColon(name) + 1;
     const CString stream = name.Substr(start);
     const CString old = Format(u"~mova-old-%x", GetCurrentProcessId());
     if (const unsigned failed = RenameStream(name, old)) {
@@ -186,16 +177,18 @@ unsigned CopyStream(std::u16string_view from, std::u16string_view to, const Stre
                                          OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!source)
         return GetLastError();
-    const CString name = SystemPath(to);
+    CString name = SystemPath(to);
+    const std::size_t colon = StreamColon(name);
+    const bool isStream = colon != CString::npos && colon + 1 < name.size() && name[colon + 1] != u':';
+    if (!isStream)
+        name = name.Substr(0, colon); // "file::$DATA"
     const bool replaces = ReadFileAttributes(name).has_value();
     if (replaces && !how.replace)
         return ERROR_FILE_EXISTS;
-    const std::size_t stream = StreamStart(name);
     CString written = name;
     if (replaces)
-        written = stream == CString::npos
-                      ? Format(u"%s.%x.tmp", name, GetCurrentProcessId())
-                      : Format(u"%s~mova-%x", name.view().substr(0, stream), GetCurrentProcessId());
+        written = isStream ? Format(u"%s~mova-%x", name.view().substr(0, colon + 1), GetCurrentProcessId())
+                           : Format(u"%s.%x.tmp", name, GetCurrentProcessId());
     Made target(written);
     target.file = OwnedHandle(CreateFileW(written.w(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -209,8 +202,7 @@ unsigned CopyStream(std::u16string_view from, std::u16string_view to, const Stre
         failed = Compare(source.Get(), target.file.Get(), how.poll);
     if (!failed && replaces) {
         target.file.Reset();
-        failed = stream == CString::npos ? ReplaceData(name, written)
-                                         : ReplaceStream(name, stream, written, how.poll);
+        failed = !isStream ? ReplaceData(name, written) : ReplaceStream(name, written, how.poll);
     }
     if (!failed)
         target.Keep();

@@ -33,6 +33,8 @@ std::size_t FileNameStart(std::u16string_view path) noexcept
     return path.size() >= 2 && path[1] == u':' ? 2 : 0;
 }
 
+std::size_t StreamColon(std::u16string_view path) noexcept { return path.find(u':', FileNameStart(path)); }
+
 std::size_t ExtensionStart(std::u16string_view path) noexcept
 {
     const std::size_t start = FileNameStart(path);

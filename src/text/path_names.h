@@ -14,6 +14,8 @@ constexpr bool IsPathSeparator(char16_t unit) noexcept { return unit == u'\\' ||
 
 // Where the last component begins: behind the last separator or the drive's colon.
 std::size_t FileNameStart(std::u16string_view path) noexcept;
+// The colon that parts "file" from "stream" or "stream:$DATA"; npos when there is none.
+std::size_t StreamColon(std::u16string_view path) noexcept;
 // Where the extension begins: the last period of the last component, or the end of the text. The names "."
 // and ".." have none.
 std::size_t ExtensionStart(std::u16string_view path) noexcept;

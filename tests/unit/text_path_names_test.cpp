@@ -33,6 +33,16 @@ TEST(PathNames, Parts)
     }
 }
 
+TEST(PathNames, StreamsStandBehindTheColonThatIsNoDrives)
+{
+    constexpr std::size_t npos = std::u16string_view::npos;
+    EXPECT_EQ(StreamColon(u"a.txt:note"), 5u);
+    EXPECT_EQ(StreamColon(u"C:a.txt:note:$DATA"), 7u);
+    EXPECT_EQ(StreamColon(u"\\\\?\\C:\\d\\a::$DATA"), 10u);
+    EXPECT_EQ(StreamColon(u"C:\\d\\a.txt"), npos);
+    EXPECT_EQ(StreamColon(u"C:"), npos);
+}
+
 TEST(PathNames, Absolute)
 {
     EXPECT_TRUE(IsAbsolutePath(u"C:\\x"));
