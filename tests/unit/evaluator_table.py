@@ -105,7 +105,7 @@ def shown(value, places):
 
 def main():
     print("// clang-format off")
-    count, places, seed = (int(a) for a in (sys.argv[1:] + ["160", "10", "1"][len(sys.argv) - 1:])[:3])
+    count, places, seed = (int(a) for a in (sys.argv[1:] + ["110", "10", "1"][len(sys.argv) - 1:])[:3])
     rng = random.Random(seed)
     getcontext().prec = 400 + places
     done = 0
