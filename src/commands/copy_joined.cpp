@@ -11,6 +11,7 @@
 #include "engine/break.h"
 #include "engine/console_entry.h"
 #include "engine/output.h"
+#include "files/excepted_files.h"
 #include "files/partial_files.h"
 #include "files/text_reader.h"
 #include "lang/file_messages.h"
@@ -194,7 +195,7 @@ private:
                 newest.written = std::numeric_limits<std::uint64_t>::max(); // it tells its contents now
             else if (!EqualNoCase(piece.name, to))
                 newest.written = std::max(newest.written, piece.facts.written);
-        if (!transfer.IsNeeded(newest, there)) {
+        if (!transfer.IsNeeded(newest, there) || (there && IsExcepted(to))) {
             transfer.work.Passed();
             return false;
         }

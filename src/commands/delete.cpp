@@ -119,6 +119,8 @@ private:
     static bool DescribesAnything(const CString& directory)
     {
         const DescriptionList list = ReadDescriptions(directory);
+        if (list.failure != 0)
+            return true; // nobody knows
         FILESEARCH rest;
         rest.attributes = AttributeMasks::Everything();
         for (bool found = FindFiles(rest, AddQuotes(directory + u"*")); found; found = FindFiles(rest))

@@ -1,6 +1,7 @@
 #include "commands/directory_variables.h"
 
 #include <algorithm>
+#include <optional>
 
 #include <windows.h>
 
@@ -250,7 +251,7 @@ void ApplyDirectoryVariables(std::u16string_view directory)
 
 int Direnv_Command(CString& arguments)
 {
-    CString given;
+    std::optional<CString> given;
     CString fileName;
     bool all = false;
     bool again = false;
@@ -259,7 +260,7 @@ int Direnv_Command(CString& arguments)
     // What follows the switches is a definition, slashes and all.
     while (TakeLeadingSwitch(arguments, one)) {
         if (const auto directoryName = SwitchValue(one, u"D"))
-            given = *directoryName;
+            given = WithoutQuotes(*directoryName);
         else if (const auto name = SwitchValue(one, u"F"))
             fileName = *name;
         else if (EqualNoCase(one, u"A"))
@@ -273,10 +274,10 @@ int Direnv_Command(CString& arguments)
     }
     arguments.Trim();
     DropDefinitionQuotes(arguments);
-    const CString directory(
-        WithoutEndSeparators(given.empty() ? CurrentDirectory() : FullPathName(WithoutQuotes(given))));
-    if (!QueryIsDirectory(directory) && !forgets)
-        return MVError(ERROR_PATH_NOT_FOUND, given);
+    const CString directory(WithoutEndSeparators(given ? FullPathName(*given) : CurrentDirectory()));
+    // No name, as of a variable that is not set, must not mean the current directory.
+    if ((given && given->empty()) || (!QueryIsDirectory(directory) && !forgets))
+        return MVError(ERROR_PATH_NOT_FOUND, given.value_or(CString()));
     int code = result::success;
     if (all)
         return ShowAll();

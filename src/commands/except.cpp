@@ -28,7 +28,8 @@ const CommandHelp exceptHelp = {
     u"/R  make visible what an EXCEPT that was killed has left hidden\n"
     u"/S  the files in directories below as well; with a number, so many levels of them\n"
     u"The shell's own commands pass over the files, whatever their attributes, and the files are not "
-    u"touched for that. When the command is a program, an alias, a batch file or a group, the files get the "
+    u"touched for that: nothing is copied or moved over them either, and MOVE and MOVEDIR leave them where "
+    u"they are. When the command is a program, an alias, a batch file or a group, the files get the "
     u"attribute hidden until it has ended, is broken off or fails. Every EXCEPT also repairs what /R does, "
     u"and names the files. Names and ranges are those of DIR.",
     u"except (*.bak *.tmp) copy * d:\\backup\n"
@@ -110,20 +111,21 @@ int Collect(FILESEARCH& search, const CString& names, std::vector<CString>& file
 int RunWithout(const std::vector<CString>& files, const CString& command, bool hidesAlways)
 {
     auto excepted = std::make_shared<ExceptedFiles>();
-    excepted->names.insert(files.begin(), files.end());
+    for (const CString& name : files)
+        excepted->Add(name);
     // Those of an EXCEPT around this one stay unseen.
     if (const auto& outer = Tls().exceptedFiles)
         excepted->names.insert(outer->names.begin(), outer->names.end());
     const Exception exception(excepted);
     HiddenFiles hidden;
+    CString failed;
     if (hidesAlways || !StaysInside(command)) {
-        CString failed;
         if (const unsigned code = hidden.Hide(files, failed))
             return Tls().errorLevel = MVError(code, failed);
     }
     int code = Command_S(command, 0);
-    if (const unsigned failed = hidden.Restore())
-        code = Tls().errorLevel = MVError(failed);
+    if (const unsigned reason = hidden.Restore(failed))
+        code = Tls().errorLevel = MVError(reason, failed);
     return code;
 }
 

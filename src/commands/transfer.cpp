@@ -9,6 +9,7 @@
 #include "engine/results.h"
 #include "engine/state.h"
 #include "files/descriptions.h"
+#include "files/excepted_files.h"
 #include "files/known_directories.h"
 #include "files/partial_files.h"
 #include "lang/file_messages.h"
@@ -314,6 +315,10 @@ bool Transfer::IsMadeAlready(const TransferItem& item, const TransferName& to)
 bool Transfer::IsToBeDone(TransferItem& item, const TransferName& from, const TransferName& to)
 {
     const auto there = FactsOf(to, item.to);
+    if (there && IsExcepted(item.to)) {
+        work.Passed();
+        return false;
+    }
     const bool isDirectory = there && there->IsDirectory();
     if (isDirectory || IsReservedName(to.directory + to.name)) {
         Failed(isDirectory ? errors::targetIsDirectory : errors::reservedTarget, to.shown);

@@ -9,6 +9,7 @@
 #include "engine/break.h"
 #include "engine/inifile.h"
 #include "files/directory_name.h"
+#include "files/excepted_files.h"
 #include "files/partial_files.h"
 #include "lang/file_messages.h"
 #include "platform/file_changes.h"
@@ -331,7 +332,9 @@ void MoveDirectory(Transfer& transfer, const TransferName& from, const EntryFact
     if (!transfer.work.Pretends()) {
         if (!transfer.MakeDirectoryFor(to.directory, to.shown))
             return;
-        unsigned failed = RenameFile(from.Full(), to.Full(), false);
+        // What EXCEPT keeps below it must stay where it is.
+        const bool whole = EqualNoCase(from.Full(), to.Full()) || !IsExceptedBelow(from.Full());
+        unsigned failed = whole ? RenameFile(from.Full(), to.Full(), false) : unsigned{ERROR_NOT_SAME_DEVICE};
         if (failed == ERROR_NOT_SAME_DEVICE && IsDirectoryLink(facts)) {
             failed = MakeDirectoryLike(from.Full(), to.Full());
             failed = failed != 0 ? failed : RemoveEmptyDirectory(from.Full());

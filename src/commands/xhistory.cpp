@@ -66,7 +66,8 @@ Choice ReadChoice(CString& arguments)
     Choice choice;
     CString text;
     if (TakeSwitchText(arguments, u"D", text)) {
-        CString name = text.empty() ? CurrentDirectory() : FullPathName(WithoutQuotes(text));
+        const CString given = WithoutQuotes(text);
+        CString name = text.empty() ? CurrentDirectory() : given.empty() ? given : FullPathName(given);
         if (name.size() > 3 && name.back() == u'\\')
             name.Truncate(name.size() - 1);
         choice.directory = name;
@@ -121,6 +122,9 @@ int Xhistory_Command(CString& arguments)
     std::uint64_t flags = 0;
     if (const int code = ReadSwitches(arguments, u"BEFNPV", flags))
         return code;
+    // A text that is empty, as that of a variable that is not set, is in every line.
+    if ((choice.text && choice.text->empty()) || (choice.directory && choice.directory->empty()))
+        return UsageError();
     auto has = [&](unsigned place) { return (flags >> place & 1) != 0; };
     choice.failedOnly = has(1);
     arguments.Trim();

@@ -27,6 +27,8 @@ public:
     void Rename(std::u16string_view name, std::u16string_view newName);
     CString Text() const; // of the whole file, lines ended by "\r\n"
 
+    unsigned failure = 0; // the Windows error number that kept the file from being read
+
 private:
     struct Line {
         CString text;              // "" for a removed one

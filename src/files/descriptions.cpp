@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr std::size_t largestFile = 16u << 20; // bytes; what lies behind is not read
+constexpr std::size_t largestFile = 16u << 20; // bytes; a longer one is left alone
 
 // How the file is encoded now; a new one is in the code page as long as that will do.
 RecognisedEncoding PresentEncoding(const CString& path)
@@ -63,13 +63,26 @@ DescriptionList ReadDescriptions(std::u16string_view directory)
 {
     std::string bytes;
     const CString path = SystemPath(JoinPath(directory, DescriptionFileName()));
-    if (!ReadFileAttributes(path) || !ReadWholeFile(path, bytes, largestFile))
+    if (!ReadFileAttributes(path))
         return {};
+    const unsigned failed = !ReadWholeFile(path, bytes, largestFile) ? unsigned{GetLastError()}
+                            : bytes.size() >= largestFile            ? unsigned{ERROR_FILE_TOO_LARGE}
+                                                                     : 0;
+    if (failed != 0) {
+        DescriptionList unread;
+        unread.failure = failed;
+        return unread;
+    }
     return DescriptionList(DecodeWhole(bytes, RecogniseTextFile(bytes), GetOEMCP()));
 }
 
 bool WriteDescriptions(std::u16string_view directory, const DescriptionList& list)
 {
+    if (list.failure != 0) {
+        // It holds the new ones alone: all that the file holds would be lost.
+        SetLastError(list.failure);
+        return false;
+    }
     const CString path = SystemPath(JoinPath(directory, DescriptionFileName()));
     if (list.Empty())
         return DeleteFileW(path.w()) || GetLastError() == ERROR_FILE_NOT_FOUND;

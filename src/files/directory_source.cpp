@@ -40,9 +40,10 @@ unsigned SystemDirectories::Read(std::u16string_view directory, std::u16string_v
                                                   FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
     if (search) {
         const ExceptedFiles* excepted = Tls().exceptedFiles.get();
+        const CString real = excepted ? ExceptedDirectory(directory) : CString();
         unsigned count = 0;
         do {
-            if (!excepted || !excepted->names.contains(JoinPath(directory, Units(entry.cFileName))))
+            if (!excepted || !excepted->names.contains(real + Units(entry.cFileName)))
                 sink.Take({Units(entry.cFileName), Units(entry.cAlternateFileName), FactsOf(entry)});
             if (++count % entriesBetweenBreaks == 0)
                 ThrowIfBroken();

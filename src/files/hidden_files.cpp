@@ -29,11 +29,14 @@ CString NewRecordName()
     }
 }
 
+// 0 also when it is gone: the command may have moved or deleted it.
 unsigned ShowAgain(const CString& name)
 {
     const std::optional<std::uint32_t> attributes = ReadFileAttributes(name);
-    if (!attributes)
-        return GetLastError();
+    if (!attributes) {
+        const unsigned code = GetLastError();
+        return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND ? 0 : code;
+    }
     return ChangeAttributes(name, *attributes & ~std::uint32_t{FILE_ATTRIBUTE_HIDDEN});
 }
 
@@ -68,7 +71,8 @@ unsigned HiddenFiles::Hide(const std::vector<CString>& names, CString& failed)
         const std::uint32_t attributes = ReadFileAttributes(name).value_or(0);
         if (const unsigned code = ChangeAttributes(name, attributes | FILE_ATTRIBUTE_HIDDEN)) {
             failed = name;
-            Restore();
+            CString still;
+            Restore(still);
             return code;
         }
         hidden.push_back(name);
@@ -76,17 +80,17 @@ unsigned HiddenFiles::Hide(const std::vector<CString>& names, CString& failed)
     return 0;
 }
 
-unsigned HiddenFiles::Restore()
+unsigned HiddenFiles::Restore(CString& failed)
 {
     unsigned code = 0;
-    for (const CString& name : hidden) {
-        const unsigned one = ShowAgain(name);
-        // The command may have moved or deleted it.
-        if (one != 0 && one != ERROR_FILE_NOT_FOUND && one != ERROR_PATH_NOT_FOUND)
+    for (const CString& name : hidden)
+        if (const unsigned one = ShowAgain(name)) {
             code = one;
-    }
+            failed = name;
+        }
     hidden.clear();
-    if (!record.empty())
+    // What could not be done now is left to RestoreHidden.
+    if (!record.empty() && code == 0)
         EraseFile(record);
     record.Clear();
     return code;
@@ -110,10 +114,17 @@ void RestoreHidden(const std::function<void(const CString&)>& restored)
         TextLines lines;
         if (!lines.Open(record))
             continue;
-        for (std::u16string_view line; lines.Next(line);)
-            if (!line.empty() && ShowAgain(CString(line)) == 0)
-                restored(CString(line));
+        bool all = true;
+        for (std::u16string_view line; lines.Next(line);) {
+            const CString name(line);
+            const bool there = !line.empty() && ReadFileAttributes(name);
+            const bool shown = ShowAgain(name) == 0;
+            if (there && shown)
+                restored(name);
+            all = all && (shown || line.empty());
+        }
         lines = {};
-        EraseFile(record);
+        if (all)
+            EraseFile(record);
     }
 }

@@ -15,13 +15,18 @@ public:
     HiddenFiles() = default;
     HiddenFiles(const HiddenFiles&) = delete;
     HiddenFiles& operator=(const HiddenFiles&) = delete;
-    ~HiddenFiles() { Restore(); }
+    ~HiddenFiles()
+    {
+        CString ignored;
+        Restore(ignored);
+    }
 
     // Hides those that are not hidden yet; names are full. 0, or the Windows error number of the first that
     // failed, whose name is then in `failed`; those before it are visible again.
     unsigned Hide(const std::vector<CString>& names, CString& failed);
-    // Makes visible again what Hide has hidden. 0, or the Windows error number of the last that failed.
-    unsigned Restore();
+    // Makes visible again what Hide has hidden. 0, or the Windows error number of the last that failed, whose
+    // name is then in `failed`; the record stays for RestoreHidden.
+    unsigned Restore(CString& failed);
 
 private:
     CString record;

@@ -16,6 +16,7 @@
 #include "platform/handle.h"
 #include "platform/standard_handles.h"
 #include "platform/whole_file.h"
+#include "text/compare.h"
 #include "text/encoding.h"
 #include "text/format.h"
 #include "text/path_names.h"
@@ -43,6 +44,9 @@ CString NameOf(const HistoryFile& file)
         return name;
     return FullPathName(Format(u"%s\\%s", aTexts.startDirectory, name));
 }
+
+// The files as they were named at the start, where they could be read.
+CString knownNames[std::size(historyFiles)];
 
 // Typed lines may hold any control character but this one.
 bool IsText(std::string_view beginning)
@@ -123,6 +127,22 @@ void Write(const HistoryFile& file, const CString& name)
     DeleteFileW(SystemPath(unfinished).w());
 }
 
+// What a file that was not read at the start holds comes before the session's lines: it was in use then, or
+// has been chosen since. False when it cannot be read now either.
+bool TakeOldLines(const HistoryFile& file, const CString& name)
+{
+    if (EqualNoCase(knownNames[&file - historyFiles], name) || !ReadFileAttributes(name))
+        return true;
+    const HistoryList list{file.kind, {}};
+    const std::vector<CString> lines = HistoryLines(list);
+    ClearHistory(list);
+    const bool read = ReadHistoryFile(list, name);
+    if (!read)
+        MVError(GetLastError(), name);
+    AddHistoryLines(list, lines);
+    return read;
+}
+
 } // namespace
 
 void ReadHistoryFiles()
@@ -132,8 +152,10 @@ void ReadHistoryFiles()
     for (const HistoryFile& file : historyFiles) {
         const CString name = NameOf(file);
         const HistoryList list{file.kind, {}};
-        if (!name.empty() && !IsDeviceName(name) && MayUse(file, name) && HistoryLines(list).empty())
-            ReadHistoryFile(list, name);
+        if (name.empty() || IsDeviceName(name) || !MayUse(file, name))
+            continue;
+        if (!HistoryLines(list).empty() || ReadHistoryFile(list, name) || !ReadFileAttributes(name))
+            knownNames[&file - historyFiles] = name;
     }
 }
 
@@ -144,7 +166,9 @@ void WriteHistoryFiles()
     const PlainOutput plain;
     for (const HistoryFile& file : historyFiles) {
         const CString name = NameOf(file);
-        if (!name.empty() && HistoryExists({file.kind, {}}) && (IsDeviceName(name) || MayUse(file, name)))
+        if (name.empty() || !HistoryExists({file.kind, {}}))
+            continue;
+        if (IsDeviceName(name) || (MayUse(file, name) && TakeOldLines(file, name)))
             Write(file, name);
     }
 }

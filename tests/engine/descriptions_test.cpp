@@ -1,6 +1,8 @@
 // Descriptions in the two places that the settings know.
 #include "files/descriptions.h"
 
+#include <string>
+
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -31,6 +33,13 @@ TEST(Descriptions, AreKeptWhereTheSettingsWantThem)
         EXPECT_EQ(description(), u"");
         EXPECT_FALSE(ReadFileAttributes(list));
     }
+    aIniFile.NTFSDescriptions = 0;
+    // A file of which not all can be read is not replaced by what could be.
+    ASSERT_TRUE(ReplaceWholeFile(list, "a.txt one\r\nb.txt " + std::string(std::size_t{16} << 20, 'x')));
+    EXPECT_FALSE(SetDescription(folder, u"a b.txt", u"new"));
+    EXPECT_GT(ReadFileFacts(list)->size, std::uint64_t{16} << 20);
+    EXPECT_TRUE(DeleteFileW(list.w()));
+    aIniFile.NTFSDescriptions = 1;
     EXPECT_FALSE(SetDescription(folder, u"gone.txt", u"x"));
     EXPECT_FALSE(ReadFileAttributes(folder + u"gone.txt"));
     aIniFile.NTFSDescriptions = 0;
