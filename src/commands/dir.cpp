@@ -13,9 +13,9 @@
 
 const CommandHelp dirHelp = {
     u"Lists directories and the files in them.",
-    u"DIR [range ...] [/1] [/2] [/A[:]attributes] [/B] [/D] [/E] [/F] [/G] [/H] [/K] [/L] [/M] [/N] "
+    u"DIR [range ...] [/1] [/2] [/4] [/A[:]attributes] [/B] [/D] [/E] [/F] [/G] [/H] [/K] [/L] [/M] [/N] "
     u"[/O[:]order] [/P] [/Q] [/R] [/S[levels]] [/T[:]time] [/U[12E]] [/V] [/W] [/X] [/Z] [/-C] [name ...]",
-    u"/1 /2  names in one column or in two\n"
+    u"/1 /2  names in one column, or in two if they fit\n"
     u"/A  files with attributes: R read-only, H hidden, S system, D directory, A archive, L link, C "
     u"compressed, E encrypted, O offline, T temporary, I not indexed; \"-\" in front for files without it, "
     u"\"+\" for files with one of these; /A alone takes all files\n"

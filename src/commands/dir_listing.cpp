@@ -231,7 +231,7 @@ void DirListing::WriteLong(const SearchedDirectory& directory)
     }
 }
 
-// As many columns of one width as the screen holds.
+// Columns of one width, no more than the screen holds.
 void DirListing::WriteColumns(const SearchedDirectory& directory)
 {
     constexpr int gap = 2;
@@ -243,7 +243,7 @@ void DirListing::WriteColumns(const SearchedDirectory& directory)
     }
     const int width = std::max(1, OutputSize().columns - 1);
     const std::size_t fitting = std::max(1, (width + gap) / (longest + gap));
-    const std::size_t columns = options.columns > 0 ? options.columns : fitting;
+    const std::size_t columns = options.columns > 0 ? std::min(options.columns, fitting) : fitting;
     const std::size_t rows = (names.size() + columns - 1) / columns;
     for (std::size_t row = 0; row < rows; ++row) {
         PaintedText line;

@@ -252,7 +252,7 @@ void ApplyDirectoryVariables(std::u16string_view directory)
 int Direnv_Command(CString& arguments)
 {
     std::optional<CString> given;
-    CString fileName;
+    std::optional<CString> file;
     bool all = false;
     bool again = false;
     bool forgets = false;
@@ -262,7 +262,7 @@ int Direnv_Command(CString& arguments)
         if (const auto directoryName = SwitchValue(one, u"D"))
             given = WithoutQuotes(*directoryName);
         else if (const auto name = SwitchValue(one, u"F"))
-            fileName = *name;
+            file = *name;
         else if (EqualNoCase(one, u"A"))
             all = true;
         else if (EqualNoCase(one, u"R"))
@@ -274,6 +274,9 @@ int Direnv_Command(CString& arguments)
     }
     arguments.Trim();
     DropDefinitionQuotes(arguments);
+    const int wishes = all + again + forgets + (file || !arguments.empty());
+    if (wishes > 1 || (file && file->empty()))
+        return UsageError();
     const CString directory(WithoutEndSeparators(given ? FullPathName(*given) : CurrentDirectory()));
     // No name, as of a variable that is not set, must not mean the current directory.
     if ((given && given->empty()) || (!QueryIsDirectory(directory) && !forgets))
@@ -284,8 +287,8 @@ int Direnv_Command(CString& arguments)
     if (forgets) {
         if (const unsigned failed = WriteVariables(directory, {}))
             code = MVError(failed, directory);
-    } else if (!arguments.empty() || !fileName.empty()) {
-        code = Change(directory, fileName, arguments);
+    } else if (!arguments.empty() || file) {
+        code = Change(directory, file.value_or(CString()), arguments);
     } else if (!again) {
         return ShowOne(directory);
     }

@@ -1,5 +1,6 @@
 #include "commands/ffind.h"
 
+#include <utility>
 #include <vector>
 
 #include "commands/ffind_options.h"
@@ -53,11 +54,7 @@ int Ffind_Command(CString& arguments)
     if (names.empty())
         names.push_back(u"*");
     FileFinding finding(u"ffind", options);
-    for (const CString& name : names) {
-        if (options.drives.empty())
-            finding.FindIn(name);
-        for (const char16_t letter : options.drives.view())
-            finding.FindIn(Format(u"%c:\\%s", letter, name));
-    }
+    for (const CString& name : NamesOnDrives(options, std::move(names)))
+        finding.FindIn(name);
     return finding.Finish();
 }

@@ -110,6 +110,18 @@ int ReadLetters(CString& arguments, FfindOptions& options)
 
 } // namespace
 
+std::vector<CString> NamesOnDrives(const FfindOptions& options, std::vector<CString> names)
+{
+    if (options.drives.empty())
+        return names;
+    std::vector<CString> all;
+    for (const CString& name : names)
+        for (const char16_t letter : options.drives.view())
+            all.push_back(
+                CString(name).Insert(name.view().starts_with(u'"') ? 1 : 0, Format(u"%c:\\", letter)));
+    return all;
+}
+
 int ReadFfindOptions(CString& arguments, FfindOptions& options)
 {
     WantedTexts wanted;

@@ -34,5 +34,8 @@ struct FfindOptions {
     bool SearchesContents() const { return lines || bytes; }
 };
 
+// The names as they are looked for: each from the roots of all drives when some were told.
+std::vector<CString> NamesOnDrives(const FfindOptions& options, std::vector<CString> names);
+
 // Takes the switches out of the arguments. 0, or the result of an error that was reported.
 int ReadFfindOptions(CString& arguments, FfindOptions& options);

@@ -186,7 +186,15 @@ struct AssociateOptions {
     CString icon;
     CString type;
     ClassesOf whose = ClassesOf::User;
+
+    bool HasDetails() const { return !description.empty() || !icon.empty() || !type.empty(); }
 };
+
+// A program in this directory or above it begins with a period, too.
+bool IsExtension(std::u16string_view word)
+{
+    return word.size() > 1 && word.front() == u'.' && word.find_first_of(u"\\/") == word.npos;
+}
 
 // The name of a type that is made for one extension.
 CString OwnType(const CString& extension) { return CString(u"Halden") + extension; }
@@ -270,10 +278,12 @@ int Associate_Command(CString& arguments)
     }
     const Word word = NextBlankWord(arguments, 0);
     const CString extension = WithoutQuotes(arguments.view().substr(word.start, word.length));
-    if (extension.size() < 2 || extension.front() != u'.' || extension.Find(u'\\') != CString::npos)
+    if (!IsExtension(extension))
         return UsageError();
     const CString rest = arguments.Substr(word.end()).Trim();
-    const bool several = rest.empty() || rest.front() == u'.';
+    const bool several = rest.empty() || IsExtension(rest.view().substr(0, NextBlankWord(rest, 0).end()));
+    if ((several || removes) && options.HasDetails())
+        return UsageError();
     if (!several && !removes) {
         const int code = MakeAssociation(extension, rest, options);
         NotifyOfFileTypes();

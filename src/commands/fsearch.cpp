@@ -218,7 +218,8 @@ int Fsearch_Command(CString& arguments)
     FfindOptions options;
     if (const int code = ReadFfindOptions(arguments, options))
         return code;
-    const std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
+    const std::vector<CString> names =
+        NamesOnDrives(options, SplitArguments(arguments, true, CurrentSyntax()));
     if (names.empty())
         return UsageError();
     options.deepest = allLevels;

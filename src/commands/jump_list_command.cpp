@@ -124,6 +124,8 @@ int Add(JumpTask task, const CString& command)
 
 int Remove(const CString& title)
 {
+    if (title.empty())
+        return UsageError();
     if (const unsigned failed = DeleteRegistryValue(EntryOf(title)))
         return failed == ERROR_FILE_NOT_FOUND ? MVError(errors::noTask, title) : MVError(failed, title);
     return Publish();

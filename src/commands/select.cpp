@@ -287,6 +287,8 @@ int Select_Command(CString& arguments)
     if (picked.action == PopupAction::Cancelled)
         return Tls().errorLevel = result::error;
     CString together;
+    if (request.shows)
+        Tls().errorLevel = result::success;
     int code = result::success;
     for (const std::size_t line : picked.marked) {
         if (request.together) {

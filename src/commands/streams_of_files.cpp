@@ -188,8 +188,9 @@ public:
 private:
     void CopyOne(const CString& from, const CString& to)
     {
-        if (const unsigned failed = work.Pretends() ? 0 : CopyStream(from, to, how))
-            work.Failed(failed, failed == ERROR_FILE_EXISTS ? to : from);
+        bool readable = false;
+        if (const unsigned failed = work.Pretends() ? 0 : CopyStream(from, to, how, &readable))
+            work.Failed(failed, readable ? to : from);
         else
             work.Did(message::nameAlone, from, to);
     }

@@ -36,6 +36,18 @@ bool FitsFilter(std::u16string_view line, std::u16string_view place, std::u16str
     return true;
 }
 
+// Of parts behind commas as many as fit whole.
+CString WholeParts(CString text, int cells)
+{
+    while (TextWidth(text) > cells) {
+        const std::size_t comma = text.view().rfind(u',');
+        if (comma == CString::npos)
+            break;
+        text = text.Substr(0, comma);
+    }
+    return text;
+}
+
 // A line that is edited in place.
 class LineField {
 public:
@@ -252,8 +264,10 @@ private:
         const CString count =
             Format(u"%d/%d", static_cast<int>(shown.empty() ? 0 : bar + 1), static_cast<int>(shown.size()));
         const CString typed = searching ? CString(u"/") + filter.view() : filter;
-        DrawEdge(area.top + area.rows - 1, u'\u2514', u'\u2518', typed.empty() ? request.footer : typed,
-                 count);
+        // The blanks around both take four cells.
+        const int room = Columns() - TextWidth(count) - 4;
+        DrawEdge(area.top + area.rows - 1, u'\u2514', u'\u2518',
+                 typed.empty() ? WholeParts(request.footer, room) : typed, count);
         PlaceEditCursor();
     }
 

@@ -170,13 +170,17 @@ unsigned ReplaceData(const CString& name, const CString& fresh)
 
 } // namespace
 
-unsigned CopyStream(std::u16string_view from, std::u16string_view to, const StreamCopy& how)
+unsigned CopyStream(std::u16string_view from, std::u16string_view to, const StreamCopy& how,
+                    bool* sourceOpened)
 {
     const OwnedHandle source(CreateFileW(SystemPath(from).w(), GENERIC_READ,
                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                          OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    if (!source)
-        return GetLastError();
+    const unsigned unreadable = source ? 0u : unsigned{GetLastError()};
+    if (sourceOpened)
+        *sourceOpened = unreadable == 0;
+    if (unreadable)
+        return unreadable;
     CString name = SystemPath(to);
     const std::size_t colon = StreamColon(name);
     const bool isStream = colon != CString::npos && colon + 1 < name.size() && name[colon + 1] != u':';

@@ -12,5 +12,7 @@ struct StreamCopy {
 
 // 0, or a Windows error number; ERROR_CRC when the copy differs. A target that is not complete is taken away
 // again. One that is replaced stays as it was until the new contents are complete; only where the file system
-// cannot rename streams the stream is written over then.
-unsigned CopyStream(std::u16string_view from, std::u16string_view to, const StreamCopy& how);
+// cannot rename streams the stream is written over then. `*sourceOpened` tells whether it could be read at
+// all: then it is most likely the target that failed.
+unsigned CopyStream(std::u16string_view from, std::u16string_view to, const StreamCopy& how,
+                    bool* sourceOpened = nullptr);

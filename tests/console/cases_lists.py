@@ -25,6 +25,7 @@ def select_command(console):
         ("select /[s0,5K] /f /m echo [*.txt]", ("Enter",), None),
         ("select /1 echo (*.txt)", ("Down", "Enter"), ("three.txt",)),
         ("select echo (*.txt) || echo left", ("Escape",), ("left",)),
+        ("truename q: 2> nul & select /n /1 echo (*.txt) & echo %?", ("Enter",), ("echo one.txt", "0")),
     ):
         console.line("cls & " + command)
         console.row_with("Esc leaves")

@@ -60,6 +60,9 @@ TEST(PopupList, ShowsItsLinesAndPutsTheScreenBack)
     EXPECT_EQ(Screen({}, notes), u"  ┌ Fruit ───────────────┐\n  │apple       red       │\n"
                                  u"  │green pear            │\n  │green plum  sweet     │\n"
                                  u"  └───────────────── 1/5 ┘\n");
+    PopupRequest keys = Fruit(); // those that fit whole
+    keys.footer = u"Space marks, Enter runs, Esc leaves";
+    EXPECT_TRUE(Screen({}, keys).ends_with(u"  └ Space marks ────────── 1/5 ┘\n"));
     // What was found among its neighbours, then the next one above; facts do not move with the text.
     PopupRequest facts = Fruit();
     facts.keys |= key_category::extendedHistory;
