@@ -27,12 +27,12 @@
     u"name; what was noted before is forgotten\n"                                                            \
     u"/U  note again what is below these places, without any below the current directory\n"
 
-#define DIRECTORY_SEARCH_RULES                                                                               \
-    u"A name that is no directory here is looked for in the directories that the variable CDPATH lists, "    \
-    u"parted by \";\". Then, as the setting FuzzyCD tells, it is searched for among the noted "              \
-    u"directories: whole names (1), beginnings of names (2) or any part of them (3), with wildcards, too; "  \
-    u"\"src\\inc\" means one in another. One of several is picked from a list. The shell's own commands "    \
-    u"keep what is noted up to date."
+#define DIRECTORY_SEARCH_RULES                                                                                  \
+    u"A name that is no directory here is looked for in the directories that the variable CDPATH lists, "       \
+    u"parted by \";\". Then, as the setting FuzzyCD tells, it is searched for among the noted "                 \
+    u"directories: whole names (1), beginnings of names (2) or any part of them (3), with wildcards, too; "     \
+    u"\"src\\inc\" means one in another. One of several is picked from a list. In .bat and .cmd files nothing " \
+    u"is searched. The shell's own commands keep what is noted up to date."
 
 const CommandHelp cdHelp = {
     u"Shows or changes the current directory.",
@@ -114,6 +114,11 @@ Meant MeantDirectory(std::u16string_view name, Search search)
     if (CDAliases(CleanDirectoryName(name), target) != result::success)
         return {};
     target = CleanDirectoryName(target);
+    if (target.empty()) {
+        // As of a variable that is not set: what follows is not meant for where the shell is.
+        NoDirectory(name, ERROR_PATH_NOT_FOUND);
+        return {};
+    }
     if (target == u"-" && !aTexts.previousDirectory.empty())
         return {aTexts.previousDirectory};
     if (DriveLetter(target) && target.size() == 2)
@@ -222,7 +227,7 @@ int Cd_Command(CString& arguments)
     if ((flags & (notesAnew | notesAgain)) != 0)
         return NoteDirectories(arguments, (flags & notesAnew) != 0 ? NoteMode::Anew : NoteMode::Renew);
     const CString name = CleanDirectoryName(arguments);
-    if (name.empty())
+    if (arguments.Trim().empty())
         return ShowLine(CurrentDirectory());
     const bool goThere = (flags & goesThere) != 0;
     const Search search = (flags & noSearch) != 0 ? Search::No : Search::Known;
@@ -241,7 +246,7 @@ int Cdd_Command(CString& arguments)
         return ShowEveryDrive();
     if ((flags & (notesAnew | notesAgain)) != 0)
         return NoteDirectories(arguments, (flags & notesAnew) != 0 ? NoteMode::Anew : NoteMode::Renew);
-    if (CleanDirectoryName(arguments).empty())
+    if (arguments.Trim().empty())
         return ShowLine(CurrentDirectory());
     return GoAnywhere(arguments, (flags & noSearch) != 0 ? Search::No : Search::Known);
 }

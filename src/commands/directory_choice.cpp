@@ -99,7 +99,9 @@ bool ChooseKnownDirectory(std::u16string_view name, CString& directory)
     directory.Clear();
     std::vector<CString> known;
     const auto match = static_cast<DirectoryMatch>(aIniFile.FuzzyCD);
-    if (match == DirectoryMatch::None || DriveLetter(name))
+    // Authors of .bat and .cmd files count on CD to stay where it is when there is no such directory.
+    const bool guesses = !Tls().Frame() || !CurrentSyntax().openQuotes;
+    if (match == DirectoryMatch::None || DriveLetter(name) || !guesses)
         return false;
     if (!ReadKnownDirectories(known)) {
         if (const unsigned reason = GetLastError(); !IsMissing(reason))

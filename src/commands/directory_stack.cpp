@@ -168,7 +168,7 @@ int Pushd_Command(CString& arguments)
     if (Stack().size() >= maximumDirectoryStack)
         return MVError(errors::directoryStackFull);
     char16_t drive = 0;
-    if (!CleanDirectoryName(arguments).empty()) {
+    if (!arguments.empty()) {
         if (const int code = Enter(arguments, drive))
             return code;
     }
