@@ -32,7 +32,9 @@ bool NamesProgram(std::u16string_view wanted, std::u16string_view program)
 
 bool TitleMatches(std::u16string_view wanted, std::u16string_view title)
 {
-    return WildcardComparison(wanted, title, false, true) == 0 || BeginsNoCase(title, wanted);
+    // Every title begins with nothing.
+    return !wanted.empty() &&
+           (WildcardComparison(wanted, title, false, true) == 0 || BeginsNoCase(title, wanted));
 }
 
 HWND FindTopWindow(std::u16string_view which)

@@ -8,7 +8,7 @@
 enum class WindowTest { Exists, Visible, Hung };
 
 // Whether the title of a window is the wanted one, which may hold wildcards; without them it may also be its
-// beginning.
+// beginning. "" is no title's.
 bool TitleMatches(std::u16string_view wanted, std::u16string_view title);
 // The foremost window of that title; of that handle, when it is a hexadecimal number; or of the process of
 // that number. Null when there is none.

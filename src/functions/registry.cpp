@@ -11,12 +11,14 @@
 #include "lang/errors.h"
 #include "lang/function_messages.h"
 #include "platform/registry_editing.h"
+#include "text/path_names.h"
 
 namespace {
 
 using View = std::u16string_view;
 
-constexpr unsigned invalidType = 87; // Windows' "parameter is incorrect"
+constexpr unsigned invalidType = 87;  // Windows' "parameter is incorrect"
+constexpr unsigned invalidName = 123; // Windows' "name is incorrect"
 
 // 0 or the error to be answered; the answer of what succeeds is 0.
 int AnswerStatus(FunctionCall& call, unsigned status)
@@ -51,7 +53,13 @@ unsigned SetValue(const FunctionCall& call)
 
 // @regcreate[key]: makes the key. @regdelkey[key]: removes it and all that is in it. Both answer 0.
 int Regcreate_Function(FunctionCall& call) { return WithKey(call, CreateRegistryKey); }
-int Regdelkey_Function(FunctionCall& call) { return WithKey(call, DeleteRegistryKey); }
+int Regdelkey_Function(FunctionCall& call)
+{
+    // "HKCU\Software\%name" without a name is no order to remove all that is there.
+    const CString name = FileArgument(call.arguments);
+    return !name.empty() && IsPathSeparator(name.back()) ? Refuse(invalidName)
+                                                         : WithKey(call, DeleteRegistryKey);
+}
 
 // @regcopykey[from,to]: copies everything in a key into another and answers 0.
 int Regcopykey_Function(FunctionCall& call)

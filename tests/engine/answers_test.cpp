@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include "batch/window_tests.h"
 #include "config/ini_file.h"
 #include "engine/function_entry.h"
 #include "engine/internal_entry.h"
@@ -113,3 +114,12 @@ TEST_F(Answers, EveryVariableAnswers)
 }
 
 } // namespace
+
+// CLOSE for a title in a variable that is not set would close every window.
+TEST(WindowTitles, NoneIsMeantByAnEmptyOne)
+{
+    EXPECT_TRUE(TitleMatches(u"unt*ed", u"Untitled"));
+    EXPECT_TRUE(TitleMatches(u"unti", u"Untitled"));
+    EXPECT_FALSE(TitleMatches(u"", u"Untitled"));
+    EXPECT_FALSE(TitleMatches(u"", u""));
+}
