@@ -281,10 +281,12 @@ int Associate_Command(CString& arguments)
     if (!IsExtension(extension))
         return UsageError();
     const CString rest = arguments.Substr(word.end()).Trim();
-    const bool several = rest.empty() || IsExtension(rest.view().substr(0, NextBlankWord(rest, 0).end()));
-    if ((several || removes) && options.HasDetails())
+    const CString next(rest.view().substr(0, NextBlankWord(rest, 0).end()));
+    const bool several = rest.empty() || IsExtension(next);
+    const bool makes = !several && !removes;
+    if (makes ? WithoutQuotes(next).empty() : options.HasDetails())
         return UsageError();
-    if (!several && !removes) {
+    if (makes) {
         const int code = MakeAssociation(extension, rest, options);
         NotifyOfFileTypes();
         return code;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <utility>
+
 #include "commands/ffind_options.h"
 #include "commands/file_finding.h"
 #include "core/command_switches.h"
@@ -225,13 +227,15 @@ int Fsearch_Command(CString& arguments)
     options.deepest = allLevels;
     FileFinding finding(u"fsearch", options);
     IndexSearch index(options, finding);
-    bool told = walks;
+    bool told = false;
     for (const CString& name : names) {
-        if (!walks && index.Search(ReadWanted(name)))
-            continue;
-        if (!told)
-            PrintError(LoadMessage(message::noIndexer) + u"\r\n");
-        told = true;
+        // No name, as of a variable that is not set, finds nothing; an index would be asked for everything.
+        if (!walks && !WithoutQuotes(name).empty()) {
+            if (index.Search(ReadWanted(name)))
+                continue;
+            if (!std::exchange(told, true))
+                PrintError(LoadMessage(message::noIndexer) + u"\r\n");
+        }
         finding.FindIn(name);
     }
     return finding.Finish();

@@ -44,17 +44,15 @@ void Pager::Prepare(std::u16string_view text)
 {
     ThrowIfBroken();
     if (screen.rows > 0)
-        MakeRoom(TextWidth(text.substr(0, text.find_last_not_of(u"\r\n") + 1)));
+        MakeRoom(RowsOnScreen(text.substr(0, text.find_last_not_of(u"\r\n") + 1), screen.columns));
 }
 
 // Waits before a line that would push the first one of this screen out of sight.
-void Pager::MakeRoom(int cells)
+void Pager::MakeRoom(int needed)
 {
-    const auto rowsOf = [&](int width) { return std::max(1, (width + screen.columns - 1) / screen.columns); };
     const CString question = LoadMessage(message::morePages);
     const int questionWidth = TextWidth(question);
-    const int needed = rowsOf(cells);
-    const int room = screen.rows - rowsOf(questionWidth);
+    const int room = screen.rows - RowsOnScreen(question, screen.columns);
     if (rows > 0 && rows + needed > room) {
         Print(question);
         const unsigned key = ReadKeyOrBreak().key.virtualKey;

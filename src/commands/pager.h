@@ -19,7 +19,7 @@ public:
 
 private:
     void Prepare(std::u16string_view text);
-    void MakeRoom(int cells);
+    void MakeRoom(int needed); // rows
 
     ConsoleSize screen; // without rows there are no pauses
     int rows = 0;       // used since the last pause

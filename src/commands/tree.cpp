@@ -84,7 +84,7 @@ public:
     {
         const CString argument = WithoutQuotes(written);
         quoted = argument.size() != written.size();
-        const CString name = argument.empty() ? CurrentDirectory() : FullPathName(argument);
+        const CString name = argument.empty() ? CString() : FullPathName(argument);
         pattern = u"*";
         CString root = name;
         if (!QueryIsDirectory(name) && !FileNamePart(name).empty()) {
@@ -368,7 +368,7 @@ int Tree_Command(CString& arguments)
     options.totals = (flags & 32) != 0;
     std::vector<CString> names = SplitArguments(arguments, true, CurrentSyntax());
     if (names.empty())
-        names.emplace_back();
+        names.emplace_back(u".");
     TreeDrawing drawing(options);
     try {
         for (const CString& name : names)

@@ -155,6 +155,24 @@ int TextWidth(std::u16string_view text)
     return width;
 }
 
+int RowsOnScreen(std::u16string_view text, int columns)
+{
+    constexpr int tabStop = 8;
+    int rows = 1;
+    int column = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool isTab = text[at] == u'\t';
+        const int width = isTab ? tabStop - column % tabStop : CellWidth(CodePointAt(text, at));
+        if (column + width <= columns) {
+            column += width;
+            continue;
+        }
+        ++rows;
+        column = isTab ? 0 : width;
+    }
+    return rows;
+}
+
 std::size_t WordsThatFit(std::u16string_view text, int columns)
 {
     int width = 0;

@@ -10,6 +10,9 @@
 // count as 1.
 int CellWidth(std::uint32_t code);
 int TextWidth(std::u16string_view text);
+// Rows of so many columns that a console takes for the text, one at least: a wide character is not parted,
+// tabs go to every eighth column.
+int RowsOnScreen(std::u16string_view text, int columns);
 // Units of the words that a row of so many cells has room for, without the blanks behind them; at least one
 // word.
 std::size_t WordsThatFit(std::u16string_view text, int columns);

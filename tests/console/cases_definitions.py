@@ -79,7 +79,7 @@ def question(console):
     console.ends_with("[Bob]", ">")
 
 
-@case("ALIAS /P waits when the screen is full, goes on by lines and screens, and ends with Q")
+@case("/P waits when the screen is full, whatever fills its rows, goes on by lines and screens, and ends with Q")
 def pause(console):
     console.start("//LocalAliases=Yes", "//GlobalAliases=No")
     console.file("many.txt", *[f"a{i:02}={i}" for i in range(40)])
@@ -96,6 +96,11 @@ def pause(console):
     console.ends_with("a28=28", "Any key: more, Enter: a line, Esc: end")
     console.keys("q")
     console.ends_with("a28=28", "behind it", ">")
+    console.file("tabs.txt", *[f"{i}" + 10 * "\t" + "x" for i in range(20)])
+    console.line("cls & type /p tabs.txt")
+    console.ends_with("13", "x", "Any key: more, Enter: a line, Esc: end")
+    console.keys("q")
+    console.ends_with("13", "x", ">")
     console.line("keys /p list & keys delhistory")
     console.row_with("AddFile", "Keep the completed file name")
     console.keys("q")

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "text/cell_width.h"
 #include "text/encoding.h"
 #include "text/escapes.h"
 #include "text/references.h"
@@ -244,6 +245,17 @@ TEST(TextWords, HostileLinesTakeLittleTime)
     char16_t unclosed = 0;
     EXPECT_EQ(scan(quoted, u"&", quotes::both, Syntax(), 0, &unclosed), npos);
     EXPECT_EQ(unclosed, u'"');
+}
+
+TEST(TextCells, RowsOnScreenKnowTabsAndWideCharacters)
+{
+    EXPECT_EQ(RowsOnScreen(u"", 8), 1);
+    EXPECT_EQ(RowsOnScreen(u"12345678", 8), 1);
+    EXPECT_EQ(RowsOnScreen(u"123456789", 8), 2);
+    EXPECT_EQ(RowsOnScreen(u"1\t\t2", 16), 2);
+    EXPECT_EQ(RowsOnScreen(u"1\u6F22\u6F22\u6F22\u6F222", 5), 2);
+    EXPECT_EQ(RowsOnScreen(u"1\u6F22\u6F22\u6F22\u6F22", 4), 3); // nine cells, but none is halved
+    EXPECT_EQ(RowsOnScreen(u"123e\u0301", 4), 1);
 }
 
 } // namespace
