@@ -151,8 +151,10 @@ private:
     {
         const ScreenExtent extent = console.Extent();
         int widest = std::max(TextWidth(request.title) + 4, TextWidth(request.footer) + 20);
+        longest = 0;
         for (std::size_t i = 0; i < request.lines.size(); ++i)
-            widest = std::max(widest, request.lead.cells + TextWidth(LineText(i)));
+            longest = std::max(longest, TextWidth(LineText(i)));
+        widest = std::max(widest, request.lead.cells + longest);
         area.columns = std::min({widest + frameColumns, request.place.columns, extent.windowColumns});
         area.rows =
             std::min({static_cast<int>(std::min<std::size_t>(request.lines.size(), 10000)) + frameRows,
@@ -413,7 +415,7 @@ private:
         else if (name == u"End" || name == u"Ctrl-End" || name == u"Ctrl-PgDn")
             MoveBar(all);
         else if (name == u"Right")
-            sideways += sideStep;
+            sideways += sideways + sideStep < longest ? sideStep : 0;
         else if (name == u"Left")
             sideways = std::max(0, sideways - sideStep);
         else
@@ -566,6 +568,7 @@ private:
     int sideways = 0; // cells
     bool searching = false;
     int widestLine = 0; // of those with notes
+    int longest = 0;    // with marks and notes
     std::optional<LineField> field;
     PopupResult result;
     std::function<void()> beforeBreak; // the console's own

@@ -49,6 +49,10 @@ TEST(PopupList, ShowsItsLinesAndPutsTheScreenBack)
     EXPECT_EQ(Screen({u"G", u"R", u"Space", u"P", u"L"}),
               u"  ┌ Fruit ───────────────┐\n  │green plum            │\n  │                      │\n"
               u"  │                      │\n  └ gr pl ────────── 1/1 ┘\n");
+    // Something of the longest line stays in view.
+    EXPECT_EQ(Screen({u"Right", u"Right", u"Right"}),
+              u"  ┌ Fruit ───────────────┐\n  │                      │\n  │ar                    │\n"
+              u"  │um                    │\n  └───────────────── 1/5 ┘\n");
     PopupRequest names = Fruit();
     names.names = true;
     names.chosen = 4;
