@@ -45,15 +45,18 @@ bool IsNothing(std::u16string_view name) { return EqualNoCase(WithoutColon(name)
 
 using Sink = std::function<bool(std::string_view)>;
 
-// Hands all of a handle's bytes to the sink; text ends at a Ctrl+Z. 0 or a Windows error number.
-unsigned Pour(HANDLE from, Contents contents, const Sink& sink)
+// Hands a handle's bytes to the sink, `left` of them at most; text ends at a Ctrl+Z. 0 or a Windows error
+// number.
+unsigned Pour(HANDLE from, Contents contents, const Sink& sink, std::uint64_t left = UINT64_MAX)
 {
     std::string block(blockSize, '\0');
     for (;;) {
         ThrowIfBroken();
         DWORD count = 0;
-        if (!ReadFile(from, block.data(), blockSize, &count, nullptr) && GetLastError() != ERROR_BROKEN_PIPE)
+        const auto wanted = static_cast<DWORD>(std::min<std::uint64_t>(blockSize, left));
+        if (!ReadFile(from, block.data(), wanted, &count, nullptr) && GetLastError() != ERROR_BROKEN_PIPE)
             return GetLastError();
+        left -= count;
         std::string_view bytes(block.data(), count);
         const std::size_t end = contents == Contents::Text ? bytes.find(endOfText) : bytes.npos;
         bytes = bytes.substr(0, end);
@@ -88,7 +91,13 @@ unsigned PourFile(const CString& name, Contents contents, const Sink& sink)
 {
     const OwnedHandle file(CreateFileW(SystemPath(name).w(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                        nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    return file ? Pour(file.Get(), contents, sink) : unsigned{GetLastError()};
+    if (!file)
+        return GetLastError();
+    // What goes to standard output may be added to the file itself.
+    LARGE_INTEGER size;
+    const bool known =
+        GetFileType(file.Get()) == FILE_TYPE_DISK && GetFileSizeEx(file.Get(), &size) && size.QuadPart > 0;
+    return Pour(file.Get(), contents, sink, known ? static_cast<std::uint64_t>(size.QuadPart) : UINT64_MAX);
 }
 
 unsigned PourPiece(const JoinedPiece& piece, const Sink& sink)

@@ -1,5 +1,6 @@
 #include "files/text_reader.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -36,6 +37,10 @@ bool TextReader::Open(std::u16string_view name, OtherWriters others)
     const DWORD sharing = FILE_SHARE_READ | (others == OtherWriters::Allowed ? FILE_SHARE_WRITE : 0);
     file = OwnedHandle(CreateFileW(SystemPath(name).w(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING,
                                    FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    LARGE_INTEGER size;
+    if (file && GetFileType(file.Get()) == FILE_TYPE_DISK && GetFileSizeEx(file.Get(), &size) &&
+        size.QuadPart > 0)
+        left = static_cast<std::uint64_t>(size.QuadPart);
     if (!file || !Fill())
         return false;
     encoding = RecogniseTextFile(block);
@@ -50,9 +55,10 @@ bool TextReader::Fill()
     const std::size_t held = block.size();
     block.resize(blockSize);
     DWORD count = 0;
-    const BOOL done =
-        ReadFile(file.Get(), block.data() + held, static_cast<DWORD>(blockSize - held), &count, nullptr);
+    const auto wanted = static_cast<DWORD>(std::min<std::uint64_t>(blockSize - held, left));
+    const BOOL done = ReadFile(file.Get(), block.data() + held, wanted, &count, nullptr);
     block.resize(held + count);
+    left -= count;
     const bool pipeEnded = !done && GetLastError() == ERROR_BROKEN_PIPE;
     atEnd = count == 0;
     if (markPassed)

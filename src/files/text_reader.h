@@ -5,6 +5,7 @@
 // does not depend on the file. Errors stand in the thread's last error.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -19,7 +20,8 @@ enum class OtherWriters { Allowed, Refused };
 
 class TextReader {
 public:
-    // False when the file cannot be opened. Other programs may read it meanwhile.
+    // False when the file cannot be opened. Other programs may read it meanwhile. A file that grows is read
+    // as far as it goes now, or it would never end where what is read is added to it.
     bool Open(std::u16string_view name, OtherWriters others = OtherWriters::Allowed);
 
     // The code page of texts that are in one, in place of the console's.
@@ -38,7 +40,8 @@ private:
     void TurnBytes(std::size_t from);
 
     OwnedHandle file;
-    std::string block; // read but not handed out
+    std::uint64_t left = UINT64_MAX; // bytes to be read; no limit for devices and files that tell no size
+    std::string block;               // read but not handed out
     RecognisedEncoding encoding;
     unsigned codePage = 0; // 0: the console's
     bool atEnd = false;
