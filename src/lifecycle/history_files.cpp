@@ -1,8 +1,12 @@
 #include "lifecycle/history_files.h"
 
+#include <algorithm>
 #include <iterator>
+#include <optional>
 #include <string>
+#include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include <windows.h>
 
@@ -14,6 +18,7 @@
 #include "lang/console_messages.h"
 #include "platform/file_facts.h"
 #include "platform/handle.h"
+#include "platform/named_lock.h"
 #include "platform/standard_handles.h"
 #include "platform/whole_file.h"
 #include "text/compare.h"
@@ -45,8 +50,32 @@ CString NameOf(const HistoryFile& file)
     return FullPathName(Format(u"%s\\%s", aTexts.startDirectory, name));
 }
 
-// The files as they were named at the start, where they could be read.
-CString knownNames[std::size(historyFiles)];
+// What a file held when it was last read or written here. Nothing is known of one that could not be read.
+struct KnownFile {
+    CString name;
+    std::optional<FileFacts> facts;
+    std::vector<CString> lines; // of a list of this shell's own; shells that share one see all of it
+};
+
+KnownFile knownFiles[std::size(historyFiles)];
+
+KnownFile& KnownOf(const HistoryFile& file) { return knownFiles[&file - historyFiles]; }
+
+bool IsOwn(const HistoryFile& file) { return HistoryExists({file.kind, ListScope::Local}); }
+
+void NoteContents(const HistoryFile& file, const CString& name)
+{
+    KnownFile& known = KnownOf(file);
+    known.name = name;
+    known.facts = ReadFileFacts(name);
+    known.lines = IsOwn(file) ? HistoryLines({file.kind, {}}) : std::vector<CString>();
+}
+
+bool IsUnchanged(const KnownFile& known, const FileFacts& facts)
+{
+    return known.facts && known.facts->size == facts.size &&
+           CompareFileTime(&known.facts->written, &facts.written) == 0;
+}
 
 // Typed lines may hold any control character but this one.
 bool IsText(std::string_view beginning)
@@ -127,20 +156,34 @@ void Write(const HistoryFile& file, const CString& name)
     DeleteFileW(SystemPath(unfinished).w());
 }
 
-// What a file that was not read at the start holds comes before the session's lines: it was in use then, or
-// has been chosen since. False when it cannot be read now either.
-bool TakeOldLines(const HistoryFile& file, const CString& name)
+// What others have written to the file since it was read here, or all when it was not, comes before the first
+// line that is new here. What a person has deleted here does not come back. False when the file cannot be
+// read.
+bool TakeOthersLines(const HistoryFile& file, const CString& name)
 {
-    if (EqualNoCase(knownNames[&file - historyFiles], name) || !ReadFileAttributes(name))
+    const KnownFile& known = KnownOf(file);
+    const bool isKnown = EqualNoCase(known.name, name);
+    const auto facts = ReadFileFacts(name);
+    if (!facts || (isKnown && (!IsOwn(file) || IsUnchanged(known, *facts))))
         return true;
     const HistoryList list{file.kind, {}};
-    const std::vector<CString> lines = HistoryLines(list);
+    std::vector<CString> own = HistoryLines(list);
     ClearHistory(list);
-    const bool read = ReadHistoryFile(list, name);
-    if (!read)
+    if (!ReadHistoryFile(list, name)) {
         MVError(GetLastError(), name);
-    AddHistoryLines(list, lines);
-    return read;
+        AddHistoryLines(list, own);
+        return false;
+    }
+    std::vector<CString> others = HistoryLines(list);
+    std::unordered_set<std::u16string_view> before;
+    if (isKnown)
+        before.insert(known.lines.begin(), known.lines.end());
+    const auto isKnownLine = [&](const CString& line) { return before.contains(line.view()); };
+    std::erase_if(others, isKnownLine);
+    own.insert(std::find_if_not(own.begin(), own.end(), isKnownLine), others.begin(), others.end());
+    ClearHistory(list);
+    AddHistoryLines(list, own);
+    return true;
 }
 
 } // namespace
@@ -155,7 +198,7 @@ void ReadHistoryFiles()
         if (name.empty() || IsDeviceName(name) || !MayUse(file, name))
             continue;
         if (!HistoryLines(list).empty() || ReadHistoryFile(list, name) || !ReadFileAttributes(name))
-            knownNames[&file - historyFiles] = name;
+            NoteContents(file, name);
     }
 }
 
@@ -168,7 +211,16 @@ void WriteHistoryFiles()
         const CString name = NameOf(file);
         if (name.empty() || !HistoryExists({file.kind, {}}))
             continue;
-        if (IsDeviceName(name) || (MayUse(file, name) && TakeOldLines(file, name)))
+        if (IsDeviceName(name)) {
             Write(file, name);
+            continue;
+        }
+        // Of shells that end together each finds what the one before it has written.
+        NamedLock lock(u"MVHistoryFiles");
+        const auto guard = lock.Take();
+        if (MayUse(file, name) && TakeOthersLines(file, name)) {
+            Write(file, name);
+            NoteContents(file, name);
+        }
     }
 }
