@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "core/command_switches.h"
+#include "core/redirection.h"
 #include "engine/break.h"
 #include "engine/inifile.h"
 #include "engine/output.h"
@@ -13,6 +14,7 @@
 #include "lang/messages.h"
 #include "platform/console.h"
 #include "platform/console_drawing.h"
+#include "platform/file_facts.h"
 #include "platform/handle.h"
 #include "platform/screen_modes.h"
 #include "platform/text_output.h"
@@ -52,7 +54,8 @@ const CommandHelp saveconsoleHelp = {
     u"/H  as a web page with its colors\n"
     u"/V  what is shown only, not what can be scrolled back to\n"
     u"Blanks at the end of rows and blank rows at the end are left out. The file is written as redirected "
-    u"output is: in the code page, or as the settings UTF8Output and UnicodeOutput say; a web page is UTF-8.",
+    u"output is: in the code page, or as the settings UTF8Output and UnicodeOutput say; a web page is UTF-8. "
+    u"The setting NoClobber counts, too.",
     u"saveconsole today.txt\n"
     u"saveconsole /h/v screen.html",
 };
@@ -244,9 +247,9 @@ private:
 int WriteSaved(const CString& name, const SavedScreen& saved, std::uint64_t switches)
 {
     const bool append = (switches & appends) != 0;
-    const OwnedHandle file(CreateFileW(name.w(), append ? DWORD{FILE_APPEND_DATA} : DWORD{GENERIC_WRITE},
-                                       FILE_SHARE_READ, nullptr, append ? OPEN_ALWAYS : CREATE_ALWAYS,
-                                       FILE_ATTRIBUTE_NORMAL, nullptr));
+    const OwnedHandle file(CreateFileW(
+        SystemPath(name).w(), append ? DWORD{FILE_APPEND_DATA} : DWORD{GENERIC_WRITE}, FILE_SHARE_READ,
+        nullptr, OutputDisposition(append, false), FILE_ATTRIBUTE_NORMAL, nullptr));
     const OutputEncoding encoding = (switches & asPage) != 0 ? OutputEncoding::Utf8 : CurrentOutputEncoding();
     return file && WriteTextToFile(file.Get(), saved.Whole(), encoding) ? result::success : MVError(0, name);
 }

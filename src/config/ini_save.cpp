@@ -71,7 +71,7 @@ int SaveToIniFile(const SettingIndexes& what, IniSaving how)
         return MVError(errors::noIniFile);
     const NamedLock::Guard guard = LockIniFiles();
     std::string bytes;
-    if (!ReadWholeFile(file, bytes, largestIniFile))
+    if (!ReadFileToReplace(file, bytes, largestIniFile))
         return MVError(0, file);
     SystemAnsi ansi;
     IniDocument document(bytes, ansi);

@@ -18,14 +18,6 @@ namespace {
 
 SECURITY_ATTRIBUTES inheritable = {sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
 
-DWORD OutputDisposition(bool append, bool overrideNoClobber)
-{
-    const bool noClobber = aIniFile.NoClobber && !overrideNoClobber;
-    if (append)
-        return noClobber ? OPEN_EXISTING : OPEN_ALWAYS;
-    return noClobber ? CREATE_NEW : CREATE_ALWAYS;
-}
-
 // Opening a device costs far more than writing to it, and this one is everybody's: it is opened once.
 HANDLE NulDevice()
 {
@@ -43,6 +35,14 @@ int ReportOpen(const CString& name)
 }
 
 } // namespace
+
+unsigned long OutputDisposition(bool append, bool overrideNoClobber)
+{
+    const bool noClobber = aIniFile.NoClobber && !overrideNoClobber;
+    if (append)
+        return noClobber ? OPEN_EXISTING : OPEN_ALWAYS;
+    return noClobber ? CREATE_NEW : CREATE_ALWAYS;
+}
 
 RedirectionRecord::RedirectionRecord() = default;
 

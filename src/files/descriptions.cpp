@@ -65,12 +65,9 @@ DescriptionList ReadDescriptions(std::u16string_view directory)
     const CString path = SystemPath(JoinPath(directory, DescriptionFileName()));
     if (!ReadFileAttributes(path))
         return {};
-    const unsigned failed = !ReadWholeFile(path, bytes, largestFile) ? unsigned{GetLastError()}
-                            : bytes.size() >= largestFile            ? unsigned{ERROR_FILE_TOO_LARGE}
-                                                                     : 0;
-    if (failed != 0) {
+    if (!ReadFileToReplace(path, bytes, largestFile)) {
         DescriptionList unread;
-        unread.failure = failed;
+        unread.failure = GetLastError();
         return unread;
     }
     return DescriptionList(DecodeWhole(bytes, RecogniseTextFile(bytes), GetOEMCP()));

@@ -40,10 +40,8 @@ int ReadIniFile(View name, IniFile& file)
     file.exists = ReadFileAttributes(file.path).has_value();
     if (!file.exists)
         return 0;
-    if (!ReadWholeFile(file.path, bytes, largestFile))
+    if (!ReadFileToReplace(file.path, bytes, largestFile))
         return Refuse(GetLastError());
-    if (bytes.size() >= largestFile)
-        return Refuse(ERROR_FILE_TOO_LARGE);
     file.encoding = RecogniseTextFile(bytes);
     file.text = IniText(DecodeWhole(bytes, file.encoding, GetACP()));
     return 0;

@@ -27,6 +27,15 @@ bool ReadWholeFile(const CString& name, std::string& bytes, std::size_t most)
     return true;
 }
 
+bool ReadFileToReplace(const CString& name, std::string& bytes, std::size_t most)
+{
+    if (!ReadWholeFile(name, bytes, most + 1))
+        return false;
+    if (bytes.size() > most)
+        SetLastError(ERROR_FILE_TOO_LARGE);
+    return bytes.size() <= most;
+}
+
 bool ReplaceWholeFile(const CString& name, std::string_view bytes)
 {
     ReplacedFile file;

@@ -10,6 +10,9 @@
 // The bytes of the file, at most `most` of them. Nobody may write to it meanwhile. False, with the reason in
 // the thread's last error, when it cannot be opened or read.
 bool ReadWholeFile(const CString& name, std::string& bytes, std::size_t most);
+// The same for a file that is going to be replaced: one that is longer is refused (ERROR_FILE_TOO_LARGE), for
+// what was not read would be lost.
+bool ReadFileToReplace(const CString& name, std::string& bytes, std::size_t most);
 
 // Puts `bytes` in the place of the file's contents, all or nothing: they are written to a temporary file
 // beside it, which then takes its name. Attributes and rights of the old file stay. False, with the reason in

@@ -45,6 +45,16 @@ TEST_F(WholeFile, IsReplaced)
     EXPECT_EQ(Contents(), "");
 }
 
+TEST_F(WholeFile, IsReadInPartOnlyWhereNothingReplacesIt)
+{
+    std::string bytes;
+    EXPECT_TRUE(ReadWholeFile(name, bytes, 2));
+    EXPECT_EQ(bytes, "ol");
+    EXPECT_TRUE(ReadFileToReplace(name, bytes, 3));
+    EXPECT_FALSE(ReadFileToReplace(name, bytes, 2));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_FILE_TOO_LARGE});
+}
+
 TEST_F(WholeFile, StaysWhenItMustNotBeWritten)
 {
     SetFileAttributesW(name.w(), FILE_ATTRIBUTE_READONLY);
