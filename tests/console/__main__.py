@@ -42,10 +42,8 @@ def main():
     for file in sorted(Path(__file__).parent.glob("cases_*.py")):
         importlib.import_module(file.stem)
     chosen = [entry for entry in CASES if arguments.pattern.lower() in entry[0].lower()]
-    machine = Machine(ROOT, ROOT / "build/mingw/bin")
     passed = failed = tried_again = 0
-    try:
-        machine.keep_server()
+    with Machine(ROOT, ROOT / "build/mingw/bin") as machine:
         for name, function in chosen:
             started = time.monotonic()
             failure = run(machine, name, function)
@@ -58,8 +56,6 @@ def main():
             passed, failed = passed + (failure is None), failed + (failure is not None)
             if arguments.slow:
                 print(f"{time.monotonic() - started:5.1f} s  {name}")
-    finally:
-        machine.close()
     print(f"{passed} passed, {failed} failed")
     return 1 if failed else 0
 

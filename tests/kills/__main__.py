@@ -99,7 +99,7 @@ class Scene:
                  if (path := self.target / name).exists() and path.read_bytes() == data]
         return len(there) / len(self.new)
 
-    def clear(self):
+    def close(self):
         shutil.rmtree(self.target, ignore_errors=True)
 
 
@@ -217,14 +217,8 @@ def fill_disk(scene):
 
 def main():
     rounds = int(sys.argv[1]) if len(sys.argv) > 1 else 25
-    machine = Machine(ROOT, ROOT / "build/mingw/bin")
-    scene = Scene(machine)
-    try:
-        machine.keep_server()
+    with Machine(ROOT, ROOT / "build/mingw/bin") as machine, contextlib.closing(Scene(machine)) as scene:
         outcomes = [fill_disk(scene), run_rounds(scene, rounds, random.randrange(10**6))]
-    finally:
-        scene.clear()
-        machine.close()
     failures = [outcome for outcome in outcomes if outcome and outcome is not NOT_TRIED]
     for failure in failures:
         print(f"FAILED kills: {failure}")

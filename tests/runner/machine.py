@@ -50,6 +50,13 @@ class Machine:
             except BlockingIOError:
                 self.lock.close()
 
+    def __enter__(self):
+        self.keep_server()
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
     def prepare(self, binaries):
         subprocess.run([self.root / "tools" / "wine_prefix", self.prefix], check=True)
         for name in ("orv", "t", "s"):

@@ -204,12 +204,8 @@ class Scene:
 def main():
     count = int(sys.argv[1]) if len(sys.argv) > 1 else 150
     seed = int(sys.argv[2]) if len(sys.argv) > 2 else random.randrange(10**6)
-    machine = Machine(ROOT, ROOT / "build/mingw/bin")
-    try:
-        machine.keep_server()
+    with Machine(ROOT, ROOT / "build/mingw/bin") as machine:
         failures = Scene(machine, seed).run(count)
-    finally:
-        machine.close()
     for failure in failures:
         print(f"FAILED trees (seed {seed}): {failure}")
     print(f"{count - len(failures)} passed, {len(failures)} failed")
