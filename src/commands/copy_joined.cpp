@@ -15,6 +15,7 @@
 #include "files/partial_files.h"
 #include "files/text_reader.h"
 #include "lang/file_messages.h"
+#include "platform/byte_files.h"
 #include "platform/codepage.h"
 #include "platform/file_changes.h"
 #include "platform/file_facts.h"
@@ -94,10 +95,7 @@ unsigned PourFile(const CString& name, Contents contents, const Sink& sink)
     if (!file)
         return GetLastError();
     // What goes to standard output may be added to the file itself.
-    LARGE_INTEGER size;
-    const bool known =
-        GetFileType(file.Get()) == FILE_TYPE_DISK && GetFileSizeEx(file.Get(), &size) && size.QuadPart > 0;
-    return Pour(file.Get(), contents, sink, known ? static_cast<std::uint64_t>(size.QuadPart) : UINT64_MAX);
+    return Pour(file.Get(), contents, sink, BytesToRead(file.Get()));
 }
 
 unsigned PourPiece(const JoinedPiece& piece, const Sink& sink)

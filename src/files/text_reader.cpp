@@ -8,6 +8,7 @@
 
 #include "files/text_encoding.h"
 #include "files/text_pieces.h"
+#include "platform/byte_files.h"
 #include "platform/codepage.h"
 #include "platform/file_facts.h"
 
@@ -37,11 +38,10 @@ bool TextReader::Open(std::u16string_view name, OtherWriters others)
     const DWORD sharing = FILE_SHARE_READ | (others == OtherWriters::Allowed ? FILE_SHARE_WRITE : 0);
     file = OwnedHandle(CreateFileW(SystemPath(name).w(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING,
                                    FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    LARGE_INTEGER size;
-    if (file && GetFileType(file.Get()) == FILE_TYPE_DISK && GetFileSizeEx(file.Get(), &size) &&
-        size.QuadPart > 0)
-        left = static_cast<std::uint64_t>(size.QuadPart);
-    if (!file || !Fill())
+    if (!file)
+        return false;
+    left = BytesToRead(file.Get());
+    if (!Fill())
         return false;
     encoding = RecogniseTextFile(block);
     highByteFirst = block.starts_with("\xFE\xFF");

@@ -34,6 +34,13 @@ bool TakePlaceOf(const CString& name, const CString& replacement)
 
 } // namespace
 
+std::uint64_t BytesToRead(HANDLE file)
+{
+    LARGE_INTEGER size;
+    const bool known = GetFileType(file) == FILE_TYPE_DISK && GetFileSizeEx(file, &size) && size.QuadPart > 0;
+    return known ? static_cast<std::uint64_t>(size.QuadPart) : UINT64_MAX;
+}
+
 bool InputFile::Open(std::u16string_view name)
 {
     file = OwnedHandle(CreateFileW(SystemPath(name).w(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,

@@ -10,6 +10,10 @@
 #include "platform/handle.h"
 #include "text/cstring.h"
 
+// How much an open file holds now: who reads no further comes to an end even where what is read is added to
+// the file. The largest number for devices, pipes and files that tell no size.
+std::uint64_t BytesToRead(HANDLE file);
+
 class InputFile {
 public:
     // Other programs may read and write the file meanwhile.
