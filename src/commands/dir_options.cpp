@@ -105,6 +105,7 @@ void TakeBackTexts(CString& arguments, DirOptions& options)
     if (TakeSwitchWord(arguments, u"-S"))
         options.deepest = fresh.deepest;
 }
+
 // Each line that is read starts with the layout that the one before it asked for.
 void ReadLayout(const Letters& letters, DirOptions& options)
 {

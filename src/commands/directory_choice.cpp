@@ -100,7 +100,7 @@ bool ChooseKnownDirectory(std::u16string_view name, CString& directory)
     std::vector<CString> known;
     const auto match = static_cast<DirectoryMatch>(aIniFile.FuzzyCD);
     // Authors of .bat and .cmd files count on CD to stay where it is when there is no such directory.
-    const bool guesses = !Tls().Frame() || !CurrentSyntax().openQuotes;
+    const bool guesses = !CurrentSyntax().openQuotes;
     if (match == DirectoryMatch::None || DriveLetter(name) || !guesses)
         return false;
     if (!ReadKnownDirectories(known)) {

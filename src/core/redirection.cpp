@@ -36,7 +36,7 @@ int ReportOpen(const CString& name)
 
 } // namespace
 
-unsigned long OutputDisposition(bool append, bool overrideNoClobber)
+DWORD OutputDisposition(bool append, bool overrideNoClobber)
 {
     const bool noClobber = aIniFile.NoClobber && !overrideNoClobber;
     if (append)

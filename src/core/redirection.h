@@ -18,7 +18,7 @@ class PipeChild;
 class PseudoDevice;
 
 // How CreateFile is to open a file for output, as the setting NoClobber says.
-unsigned long OutputDisposition(bool append, bool overrideNoClobber);
+DWORD OutputDisposition(bool append, bool overrideNoClobber);
 
 class RedirectionRecord {
 public:
